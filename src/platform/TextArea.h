@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace klt {
+
+/// A place in a text: bytes from 0, CR LF counted as two. No place lies inside CR LF or inside a character.
+using Position = std::ptrdiff_t;
+inline constexpr Position kNotFound = -1;
+
+/// The number of a style category, `Normal Text` being 0.
+using StyleByte = unsigned char;
+
+struct FindOptions {
+    bool wholeWord = false;
+    bool matchCase = false;
+};
+
+/// A half-open stretch of a text, in bytes.
+struct TextRange {
+    Position start = 0;
+    Position end = 0;
+    bool operator==(const TextRange&) const = default;
+};
+
+/// The caret operations in which much of the logic is told. Text is UTF-8 with CR LF line ends; positions are
+/// clamped to the text, and one inside CR LF or a character moves: a caret or a selection's start back in
+/// front of it, a selection's end on behind it.
+///
+/// Protected runs: an edit through `SelText` that would change a protected byte, or put text right in front
+/// of a run's first one, is refused as a whole. `Text`, styles and rewrites are not bound by protection.
+class TextArea {
+public:
+    virtual ~TextArea() = default;
+
+    /// The whole text, without a copy; good until the next change.
+    virtual std::string_view Text() const = 0;
+    /// Sets the whole text in `Normal Text`, lone CR and LF made CR LF; caret to 0, protection gone, undo
+    /// emptied.
+    virtual void SetText(std::string_view text) = 0;
+
+    virtual Position SelStart() const = 0;
+    virtual Position SelLength() const = 0;
+    /// Selects `length` bytes from `start`, the caret at the end of them. A negative length counts as 0.
+    virtual void Select(Position start, Position length) = 0;
+    /// Moves the caret to `start`; the selection is then empty.
+    void SetSelStart(Position start) { Select(start, 0); }
+    void SetSelLength(Position length) { Select(SelStart(), length); }
+
+    std::string SelText() const;
+    /// Replaces the selection and leaves the caret behind the new text, which takes the style at the caret
+    /// (or that of `SetSelStyle`). False, with nothing changed, where protection refuses it.
+    virtual bool SetSelText(std::string_view text) = 0;
+    /// The same with a style for each byte of `text`; `styles` must be as long as `text`, else it is refused.
+    virtual bool SetSelTextStyled(std::string_view text, std::string_view styles) = 0;
+    /// The style of what is written next, until the caret moves; a selection takes it at once.
+    virtual void SetSelStyle(StyleByte style) = 0;
+
+    /// Finds `text` wholly within [start, end) (`end` -1: the end of the text), selects it and returns its
+    /// place; kNotFound leaves selection and caret as they were. An empty `text` is never found. Case is
+    /// ignored, beyond ASCII too, unless `options` say otherwise.
+    Position Find(std::string_view text, Position start, Position end = -1, FindOptions options = {});
+    /// Moves the caret until the next character in that direction is one of `set` (ASCII), else to the end of
+    /// the text in that direction. Starts at the selection's end, or at its start when backward.
+    void UpTo(std::string_view set, bool forward = true);
+    /// Extends the selection in that direction over characters of `set`, or not of `set` with `negate`.
+    void Span(std::string_view set, bool forward = true, bool negate = false);
+
+    virtual Position LineCount() const = 0;
+    /// The line of a place, from 0.
+    virtual Position GetLineFromChar(Position place) const = 0;
+    /// The place of a line's first character; kNotFound for a line that does not exist.
+    virtual Position LineIndex(Position line) const = 0;
+    /// A line's length without its line end; 0 for a line that does not exist.
+    virtual Position LineLength(Position line) const = 0;
+    virtual Position FirstVisibleLine() const = 0;
+    /// Makes `line` the top visible line, as far as the text's length lets it.
+    virtual void ScrollToLine(Position line) = 0;
+    virtual void ScrollCaret() = 0;
+
+    virtual StyleByte StyleAt(Position place) const = 0;
+    /// Lays a style on [start, end), and with `protect` protection (without, takes it away). Nothing happens
+    /// unless start is less than end.
+    virtual void ColourRun(Position start, Position end, StyleByte style, bool protect = false) = 0;
+    /// Lays a style on each byte of the text, and protection on `runs` alone. `styles` must be as long as the
+    /// text, else nothing happens.
+    virtual void SetStyles(std::string_view styles, const std::vector<TextRange>& runs = {}) = 0;
+    /// Replaces the bytes from `start` by `text`, as many, keeping styles, selection and undo history as they
+    /// are. Nothing happens where they would reach behind the text's end.
+    virtual void RewriteRun(Position start, std::string_view text) = 0;
+    virtual std::vector<TextRange> ProtectedRuns() const = 0;
+
+    virtual bool CanUndo() const = 0;
+    virtual bool CanRedo() const = 0;
+    virtual void Undo() = 0;
+    virtual void Redo() = 0;
+    virtual void EmptyUndoBuffer() = 0;
+
+protected:
+    // Raised and lowered by the guards of TextAreaGuards.h alone; each nests.
+    friend class NotificationMask;
+    friend class RedrawFreeze;
+    friend class UndoGroup;
+    virtual void MaskNotifications(bool on) = 0;
+    virtual void Freeze(bool on) = 0;
+    virtual void GroupUndo(bool on) = 0;
+};
+
+}  // namespace klt

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+namespace klt {
+
+/// The application on the plain settings road.
+inline constexpr std::string_view kSettingsApplication = "KLTEdit";
+/// The application under which the author profiles lie.
+inline constexpr std::string_view kAuthorsApplication = "Authors";
+/// The title of the main window, and of every message box that carries one.
+inline constexpr std::string_view kTitle = "KLT Editor Beta 1.60";
+/// `AppVersion`: major, two digits of minor, four of revision.
+inline constexpr std::string_view kAppVersion = "1.60.0053";
+
+}  // namespace klt
