@@ -30,7 +30,8 @@ bool isAllowed(const std::string& from, const std::string& include, bool quoted)
     const auto slash = include.find('/');
     if (slash == std::string::npos || include.starts_with(".")) return false;
     const auto to = include.substr(0, slash);
-    return to == from || (to != "cli" && rank(to) <= rank(from) && (from == "cli" || to != from));
+    if (to == from) return true;
+    return to != "cli" && (rank(to) < rank(from) || (from == "cli" && rank(to) == rank(from)));
 }
 
 TEST(Folders, IncludeOnlyWhatLiesBelow) {

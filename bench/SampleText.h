@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace bench {
+
+/// A realistic data file of at least `bytes` bytes: sections, items with nested values, comments and
+/// continuation lines; ASCII with CR LF. The same size gives the same text.
+std::string sampleText(size_t bytes);
+
+}  // namespace bench
