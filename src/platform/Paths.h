@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace klt {
+
+/// Whether something exists under this path, as spelled; a symbolic link that leads nowhere does not.
+bool PathExists(std::string_view path);
+
+/// A usable full form: "\" counts as "/", a relative path goes on from the current folder, doubled
+/// separators,
+/// "." and ".." are taken out (".." behind a symbolic link stays, for it leads elsewhere). Symbolic links are
+/// not resolved. An ordinary full path comes back unchanged; so does a text of blanks, which is no path.
+std::string CanonicalPath(std::string_view path);
+
+/// The same for a name that the file dialog gives: a "\" is a letter like others.
+std::string FullFileName(std::string_view path);
+
+/// The file meant by a path: the path itself where it exists, else the one file whose path differs from it in
+/// case alone, letters beyond ASCII included. None where no file matches, or more than one.
+std::optional<std::string> findPathIgnoringCase(std::string_view path);
+
+/// `$XDG_CONFIG_HOME/klt-editor` (`~/.config`) and `$XDG_STATE_HOME/klt-editor` (`~/.local/state`), made with
+/// mode 0700 where missing. Where one cannot be made the path comes all the same: its use fails then.
+std::string configFolder();
+std::string stateFolder();
+
+/// `$XDG_RUNTIME_DIR/klt-editor`, made with mode 0700 where missing. Empty where there is none that belongs
+/// to this user and is closed to others.
+std::string runtimeFolder();
+
+/// Makes a folder with mode 0700, and what is missing above it. False where it is not there afterwards.
+bool makePrivateFolder(const std::string& path);
+
+}  // namespace klt

@@ -1,0 +1,62 @@
+#include "platform/TextOperations.h"
+
+#include "platform/TextSearch.h"
+
+namespace klt {
+
+namespace {
+
+std::string_view trimBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == text.npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+std::string StripEnclosingQuotes(std::string_view text) {
+    text = trimBlanks(text);
+    const bool isEnclosed = text.size() >= 2 && text.starts_with('"') && text.ends_with('"');
+    return std::string(isEnclosed ? text.substr(1, text.size() - 2) : text);
+}
+
+std::vector<std::string> SplitText(std::string_view text, std::string_view separator) {
+    std::vector<std::string> parts;
+    size_t start = 0;
+    if (!separator.empty()) {
+        for (size_t found; (found = text.find(separator, start)) != text.npos;
+             start = found + separator.size())
+            parts.emplace_back(text.substr(start, found - start));
+    }
+    parts.emplace_back(text.substr(start));
+    return parts;
+}
+
+std::string FastReplace(std::string_view text, std::string_view find, std::string_view with, bool matchCase,
+                        size_t* count) {
+    const TextSearch search(find, matchCase);
+    std::string result;
+    result.reserve(text.size());
+    size_t done = 0, replacements = 0;
+    for (TextRange found; (found = search.next(text, static_cast<Position>(done))).start != kNotFound;) {
+        result.append(text, done, static_cast<size_t>(found.start) - done).append(with);
+        done = static_cast<size_t>(found.end);
+        ++replacements;
+    }
+    result.append(text, done);
+    if (count != nullptr) *count = replacements;
+    return result;
+}
+
+std::string FileExtension(std::string_view path) {
+    const auto name = FileName(path);
+    const auto dot = name.rfind('.');
+    return dot == name.npos ? std::string() : name.substr(dot + 1);
+}
+
+std::string FileName(std::string_view path) {
+    const auto separator = path.find_last_of("/\\");
+    return std::string(separator == path.npos ? path : path.substr(separator + 1));
+}
+
+}  // namespace klt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace klt {
+
+/// The text without the blanks around it and the double quotes that enclose it: `"a b" "c"` becomes `a b"
+/// "c`.
+std::string StripEnclosingQuotes(std::string_view text);
+
+/// The parts between the occurrences of `separator`: always one more than there are occurrences. An empty
+/// separator cuts nothing.
+std::vector<std::string> SplitText(std::string_view text, std::string_view separator);
+
+/// `text` with every occurrence of `find`, looked for from the start and behind the one before, replaced by
+/// `with`. Without `matchCase` case is ignored, beyond ASCII too. An empty `find` replaces nothing. `count`,
+/// where given, takes the number of replacements.
+std::string FastReplace(std::string_view text, std::string_view find, std::string_view with,
+                        bool matchCase = true, size_t* count = nullptr);
+
+/// The letters behind the last dot of the name, without the dot; empty where the name has none.
+std::string FileExtension(std::string_view path);
+
+/// The part of a path behind the last "/" or "\".
+std::string FileName(std::string_view path);
+
+}  // namespace klt
