@@ -1,0 +1,32 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace klt {
+
+/// Owns an open file descriptor, or none (-1), and closes it.
+class Descriptor {
+public:
+    Descriptor() = default;
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+    ~Descriptor() {
+        if (number_ >= 0) ::close(number_);
+    }
+
+    int number() const { return number_; }
+    /// Hands the descriptor over to whoever closes it.
+    int release() { return std::exchange(number_, -1); }
+    explicit operator bool() const { return number_ >= 0; }
+
+private:
+    int number_ = -1;
+};
+
+}  // namespace klt
