@@ -6,6 +6,8 @@ namespace klt {
 
 /// The application on the plain settings road.
 inline constexpr std::string_view kSettingsApplication = "KLTEdit";
+/// Where the applications of the plain settings road lie, below the current user.
+inline constexpr std::string_view kSettingsFolder = "Software\\Shared Program Settings";
 /// The application under which the author profiles lie.
 inline constexpr std::string_view kAuthorsApplication = "Authors";
 /// The title of the main window, and of every message box that carries one.

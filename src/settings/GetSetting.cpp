@@ -1,0 +1,60 @@
+#include "settings/GetSetting.h"
+
+#include "settings/Names.h"
+
+namespace klt {
+
+namespace {
+
+/// The path of a section, or of an application when `section` is empty; empty for no application at all,
+/// so that nobody removes every application by a slip.
+std::string sectionPath(std::string_view application, std::string_view section) {
+    if (application.empty()) return {};
+    std::string path;
+    path.reserve(kSettingsFolder.size() + application.size() + section.size() + 2);
+    path.append(kSettingsFolder).append("\\").append(application);
+    if (!section.empty()) path.append("\\").append(section);
+    return path;
+}
+
+}  // namespace
+
+std::string GetSetting(Store& store, std::string_view application, std::string_view section,
+                       std::string_view key, SettingDefault fallback) {
+    const auto path = sectionPath(application, section);
+    const auto value = path.empty() ? std::nullopt : store.read({HKEY_CURRENT_USER, path}, key);
+    return value ? textOf(*value) : std::move(fallback).text();
+}
+
+bool SaveSetting(Store& store, std::string_view application, std::string_view section, std::string_view key,
+                 std::string_view text) {
+    const auto path = sectionPath(application, section);
+    return !path.empty() && store.write({HKEY_CURRENT_USER, path}, key, {REG_SZ, std::string(text)});
+}
+
+bool DeleteSetting(Store& store, std::string_view application) {
+    return store.removeKey({HKEY_CURRENT_USER, sectionPath(application, {})});
+}
+
+bool DeleteSetting(Store& store, std::string_view application, std::string_view section) {
+    return !section.empty() && store.removeKey({HKEY_CURRENT_USER, sectionPath(application, section)});
+}
+
+bool DeleteSetting(Store& store, std::string_view application, std::string_view section,
+                   std::string_view key) {
+    const auto path = sectionPath(application, section);
+    return !path.empty() && store.removeValue({HKEY_CURRENT_USER, path}, key);
+}
+
+std::vector<std::pair<std::string, std::string>> GetAllSettings(Store& store, std::string_view application,
+                                                                std::string_view section) {
+    std::vector<std::pair<std::string, std::string>> settings;
+    const auto path = sectionPath(application, section);
+    if (path.empty()) return settings;
+    const NodePath key{HKEY_CURRENT_USER, path};
+    for (auto& name : store.valueNames(key))
+        if (const auto value = store.read(key, name)) settings.emplace_back(std::move(name), textOf(*value));
+    return settings;
+}
+
+}  // namespace klt

@@ -1,0 +1,227 @@
+#include "settings/StoreFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <string_view>
+#include <thread>
+#include <utility>
+
+#include "platform/Descriptor.h"
+#include "platform/Paths.h"
+
+namespace klt {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kPatience = 2000;                  // milliseconds that the first operation waits for a lock
+constexpr int kImpatience = 20;                  // and those behind one that waited in vain
+constexpr off_t kCheckedSize = 4 * 1024 * 1024;  // a larger file shows its damage when it is read
+
+constexpr std::string_view kBranch =
+    "WITH RECURSIVE branch(id) AS (SELECT ?1 UNION SELECT keys.id FROM keys JOIN branch "
+    "ON keys.parent = branch.id) ";
+
+constexpr std::array<std::pair<StoreSql, std::string_view>, kStoreSqlCount> kSql = {{
+    {StoreSql::FindRoot, "SELECT id FROM keys WHERE parent IS NULL AND name = ?1"},
+    {StoreSql::FindKey, "SELECT id FROM keys WHERE parent = ?1 AND name = ?2"},
+    {StoreSql::AddKey, "INSERT INTO keys (parent, name) VALUES (?1, ?2)"},
+    {StoreSql::ReadEntry, "SELECT type, data FROM entries WHERE key = ?1 AND name = ?2"},
+    {StoreSql::WriteEntry,
+     "INSERT INTO entries (key, name, type, data) VALUES (?1, ?2, ?3, ?4) "
+     "ON CONFLICT (key, name) DO UPDATE SET type = excluded.type, data = excluded.data"},
+    {StoreSql::RemoveEntry, "DELETE FROM entries WHERE key = ?1 AND name = ?2"},
+    {StoreSql::EntryNames, "SELECT name FROM entries WHERE key = ?1 ORDER BY rowid LIMIT ?2"},
+    {StoreSql::KeyNames, "SELECT name FROM keys WHERE parent = ?1 ORDER BY id LIMIT ?2"},
+    {StoreSql::RemoveBranchEntries, "DELETE FROM entries WHERE key IN (SELECT id FROM branch)"},
+    {StoreSql::RemoveBranch, "DELETE FROM keys WHERE id IN (SELECT id FROM branch)"},
+}};
+
+// AUTOINCREMENT: what a careless hand left behind under a removed key never turns up under a new one.
+constexpr const char* kTables =
+    "CREATE TABLE IF NOT EXISTS keys (id INTEGER PRIMARY KEY AUTOINCREMENT, "
+    "parent INTEGER REFERENCES keys (id), name TEXT NOT NULL COLLATE NOCASE, UNIQUE (parent, name));"
+    "CREATE UNIQUE INDEX IF NOT EXISTS roots ON keys (name) WHERE parent IS NULL;"
+    "CREATE TABLE IF NOT EXISTS entries (key INTEGER NOT NULL REFERENCES keys (id), "
+    "name TEXT NOT NULL COLLATE NOCASE, type INTEGER NOT NULL, data, UNIQUE (key, name));"
+    "INSERT OR IGNORE INTO keys (parent, name) VALUES (NULL, 'HKEY_CURRENT_USER'), (NULL, "
+    "'HKEY_CLASSES_ROOT');";
+
+std::string sqlText(StoreSql sql, std::string_view text) {
+    const bool ofBranch = sql == StoreSql::RemoveBranch || sql == StoreSql::RemoveBranchEntries;
+    return (ofBranch ? std::string(kBranch) : std::string()).append(text);
+}
+
+bool isPlainFile(const std::string& path) {
+    struct stat found {};
+    return stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode);
+}
+
+std::string folderOf(const std::string& path) {
+    const auto folder = fs::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+/// Keeps other processes from moving files aside in the same folder. Nothing is left behind in it.
+class FolderLock {
+public:
+    explicit FolderLock(const std::string& folder)
+        : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        using namespace std::chrono;
+        const auto end = steady_clock::now() + milliseconds(kPatience);
+        while (folder_ && !(held_ = flock(folder_.number(), LOCK_EX | LOCK_NB) == 0)) {
+            if (errno != EWOULDBLOCK || steady_clock::now() > end) return;
+            std::this_thread::sleep_for(milliseconds(5));
+        }
+    }
+    bool held() const { return held_; }
+
+private:
+    Descriptor folder_;
+    bool held_ = false;
+};
+
+/// `path` with the time behind it, and a number where that is taken.
+std::string asideName(const std::string& path) {
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    localtime_r(&now, &parts);
+    std::array<char, 32> stamp{};
+    std::strftime(stamp.data(), stamp.size(), ".aside-%Y%m%d-%H%M%S", &parts);
+    const std::string base = path + stamp.data();
+    std::string name = base;
+    std::error_code error;
+    for (int number = 2; fs::exists(fs::symlink_status(name, error)); ++number)
+        name = base + "-" + std::to_string(number);
+    return name;
+}
+
+/// The logs go first: one that stayed would be taken for the next file's own.
+bool renameWithLogs(const std::string& from, const std::string& to) {
+    for (const char* log : {"-journal", "-wal", "-shm"})
+        if (rename((from + log).c_str(), (to + log).c_str()) != 0 && errno != ENOENT) return false;
+    return rename(from.c_str(), to.c_str()) == 0;
+}
+
+}  // namespace
+
+StoreConnection* StoreFile::connect(Purpose purpose) {
+    if (connection_ && connection_->database.fileHasMoved()) close();
+    if (connection_) return connection_.get();
+    // The second round is for the new file behind one that was moved aside.
+    for (int round = 0; round < 2 && !givenUp_; ++round) {
+        if (!isPlainFile(path_) && (purpose == Purpose::Reading || !make())) return nullptr;
+        auto connection = std::make_unique<StoreConnection>();
+        auto health = open(*connection);
+        if (health == Health::Empty && purpose == Purpose::Writing) {
+            setPatience(layTables(connection->database) != DatabaseStatus::Busy);
+            health = open(*connection);
+        }
+        if (health == Health::Sound) connection_ = std::move(connection);
+        if (health != Health::Damaged) return connection_.get();
+        connection.reset();
+        setAside();
+    }
+    return nullptr;
+}
+
+void StoreFile::note(DatabaseStatus status) {
+    setPatience(status != DatabaseStatus::Busy);
+    if (status != DatabaseStatus::Damaged) return;
+    close();
+    setAside();
+}
+
+void StoreFile::setPatience(bool patient) {
+    if (patient_ == patient) return;
+    patient_ = patient;
+    if (connection_) connection_->database.setWait(patient_ ? kPatience : kImpatience);
+}
+
+/// An empty file for SQLite to fill: its own would be readable by everybody.
+bool StoreFile::make() const {
+    if (!makePrivateFolder(folderOf(path_))) return false;
+    const Descriptor made(::open(path_.c_str(), O_CREAT | O_RDWR | O_CLOEXEC | O_NONBLOCK, 0600));
+    return made && isPlainFile(path_);
+}
+
+StoreFile::Health StoreFile::open(StoreConnection& connection) {
+    auto& database = connection.database;
+    if (!database.isOpen()) {
+        if (database.open(path_) != DatabaseStatus::Done) return Health::Unknown;
+        database.setWait(patient_ ? kPatience : kImpatience);
+        database.distrustSchema();
+        // What is committed is on the disk, the removal of the journal from its folder included.
+        database.execute("PRAGMA synchronous = EXTRA");
+    }
+    const auto health = examine(database);
+    return health == Health::Sound ? prepareStatements(connection) : health;
+}
+
+StoreFile::Health StoreFile::prepareStatements(StoreConnection& connection) {
+    auto& database = connection.database;
+    for (const auto& [sql, text] : kSql) {
+        const auto status =
+            database.prepare(sqlText(sql, text), connection.statements[static_cast<size_t>(sql)]);
+        // Statements that don't fit its tables: a database, but of somebody else.
+        if (status == DatabaseStatus::Invalid || status == DatabaseStatus::Damaged) return Health::Damaged;
+        if (status != DatabaseStatus::Done) return Health::Unknown;
+    }
+    Statement mode;
+    connection.counted = database.prepare("PRAGMA journal_mode = DELETE", mode) == DatabaseStatus::Done &&
+                         mode.step() == DatabaseStatus::Row && mode.text(0) == "delete";
+    database.limitLength(kLongestEntry + 4 * kLongestName);
+    return Health::Sound;
+}
+
+StoreFile::Health StoreFile::examine(Database& database) {
+    Statement statement;
+    auto status = database.prepare("SELECT count(*) FROM sqlite_schema", statement);
+    if (status == DatabaseStatus::Done) status = statement.step();
+    if (status == DatabaseStatus::Row) {
+        if (statement.integer(0) == 0) return Health::Empty;
+        struct stat found {};
+        if (stat(path_.c_str(), &found) == 0 && found.st_size > kCheckedSize) return Health::Sound;
+        status = database.prepare("PRAGMA quick_check(1)", statement);
+        if (status == DatabaseStatus::Done) status = statement.step();
+        if (status == DatabaseStatus::Row) return statement.text(0) == "ok" ? Health::Sound : Health::Damaged;
+    }
+    setPatience(status != DatabaseStatus::Busy);
+    return status == DatabaseStatus::Damaged ? Health::Damaged : Health::Unknown;
+}
+
+DatabaseStatus StoreFile::layTables(Database& database) {
+    Transaction transaction(database, Transaction::For::Writing);
+    if (!transaction.begun()) return transaction.status();
+    const auto status = database.execute(kTables);
+    return status == DatabaseStatus::Done ? transaction.commit() : status;
+}
+
+/// Moves the damaged file aside, unless another process has done so or works in it just now.
+void StoreFile::setAside() {
+    const FolderLock lock(folderOf(path_));
+    // Whoever came first may have put a good one in its place.
+    StoreConnection again;
+    if (lock.held() && open(again) != Health::Damaged) return;
+    // Kept to the end: nobody commits to the file while it changes its name. What is no database can't be
+    // locked, and takes no commits either.
+    const Transaction alone(again.database, Transaction::For::Alone);
+    if (alone.status() == DatabaseStatus::Busy) return setPatience(false);
+    const auto name = asideName(path_);
+    givenUp_ = !lock.held() || !renameWithLogs(path_, name);
+    const std::string fate = givenUp_ ? " and can't be moved aside" : "; it is kept as " + name;
+    std::fprintf(stderr, "klt-editor: the settings file %s is damaged%s; the settings have their defaults\n",
+                 path_.c_str(), fate.c_str());
+}
+
+}  // namespace klt

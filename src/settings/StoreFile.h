@@ -1,0 +1,79 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "platform/Database.h"
+#include "settings/StoredValue.h"
+
+namespace klt {
+
+/// The statements that are compiled once for each opening of the store.
+enum class StoreSql {
+    FindRoot,
+    FindKey,
+    AddKey,
+    ReadEntry,
+    WriteEntry,
+    RemoveEntry,
+    EntryNames,
+    KeyNames,
+    RemoveBranchEntries,
+    RemoveBranch
+};
+inline constexpr size_t kStoreSqlCount = static_cast<size_t>(StoreSql::RemoveBranch) + 1;
+
+/// An open store file with its statements.
+struct StoreConnection {
+    Database database;
+    std::array<Statement, kStoreSqlCount> statements;
+    /// Whether `Database::changeCounter` tells of every commit: not so where a write-ahead log is kept.
+    bool counted = false;
+    /// What was read while the counter stood at `knownAt`.
+    std::map<std::string, std::optional<StoredValue>, std::less<>> known;
+    std::optional<std::uint32_t> knownAt;
+
+    StatementUse use(StoreSql sql) { return StatementUse(statements[static_cast<size_t>(sql)]); }
+};
+
+/// The file behind the store: found at each use, made when it is first written, and moved aside when it is
+/// damaged or not a store. A file that is merely locked, unreadable or read-only is left alone.
+class StoreFile {
+public:
+    enum class Purpose { Reading, Writing };
+
+    explicit StoreFile(std::string path) : path_(std::move(path)) {}
+
+    /// The open file, or null where there is none to be had now: absent (when reading), empty (when reading),
+    /// locked for longer than the wait, not accessible, or damaged and not movable.
+    StoreConnection* connect(Purpose purpose);
+    /// Takes note of a failed operation: after `Busy` the next ones wait only briefly, until one succeeds;
+    /// after `Damaged` the file is examined anew, and moved aside if it is so indeed.
+    void note(DatabaseStatus status);
+    void close() { connection_.reset(); }
+
+private:
+    enum class Health { Sound, Empty, Damaged, Unknown };
+
+    bool make() const;
+    Health open(StoreConnection& connection);
+    Health examine(Database& database);
+    Health prepareStatements(StoreConnection& connection);
+    DatabaseStatus layTables(Database& database);
+    void setAside();
+    void setPatience(bool patient);
+
+    std::string path_;
+    std::unique_ptr<StoreConnection> connection_;
+    bool patient_ = true;
+    bool givenUp_ = false;
+};
+
+}  // namespace klt
