@@ -1,9 +1,55 @@
 #include "platform/TextArea.h"
 
+#include <algorithm>
+
+#include "platform/LineEnds.h"
+#include "platform/TextSearch.h"
+
 namespace klt {
+namespace {
+
+/// The styles of `withCrLf(text)`: both halves of a line end take the style of the half that was there.
+std::string stylesWithCrLf(std::string_view text, std::string_view styles) {
+    std::string result;
+    for (size_t at = 0; at < text.size(); ++at) {
+        const bool isWhole = text.substr(at).starts_with("\r\n");
+        const bool isLone = !isWhole && (text[at] == '\r' || text[at] == '\n');
+        result += styles[at];
+        if (isWhole) ++at;
+        if (isWhole || isLone) result += styles[at];
+    }
+    return result;
+}
+
+}  // namespace
+
+void TextArea::SetText(std::string_view text) {
+    if (hasOnlyCrLf(text)) return replaceAll(text);
+    replaceAll(withCrLf(text));
+}
+
+bool TextArea::SetSelText(std::string_view text) {
+    if (hasOnlyCrLf(text)) return replaceSelection(text, {});
+    return replaceSelection(withCrLf(text), {});
+}
+
+bool TextArea::SetSelTextStyled(std::string_view text, std::string_view styles) {
+    if (styles.size() != text.size()) return false;
+    if (hasOnlyCrLf(text)) return replaceSelection(text, styles);
+    return replaceSelection(withCrLf(text), stylesWithCrLf(text, styles));
+}
 
 std::string TextArea::SelText() const {
-    return std::string(Text().substr(static_cast<size_t>(SelStart()), static_cast<size_t>(SelLength())));
+    return std::string(Slice(SelStart(), SelStart() + SelLength()));
+}
+
+Position TextArea::Find(std::string_view text, Position start, Position end, FindOptions options) {
+    // It would tear a line end: a caret inside CR LF is none.
+    if (text.starts_with('\n') || text.ends_with('\r')) return kNotFound;
+    const TextSearch search(text, options.matchCase, options.wholeWord);
+    const TextRange found = search.next(Text(), start, end);
+    if (found.start != kNotFound) Select(found.start, found.end - found.start);
+    return found.start;
 }
 
 void TextArea::UpTo(std::string_view set, bool forward) {

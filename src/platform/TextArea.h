@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -33,15 +34,23 @@ struct TextRange {
 ///
 /// Protected runs: an edit through `SelText` that would change a protected byte, or put text right in front
 /// of a run's first one, is refused as a whole. `Text`, styles and rewrites are not bound by protection.
+///
+/// Each edit, and each change of the selection, raises one notification, before the outermost operation
+/// returns. Styles and rewrites raise none.
 class TextArea {
 public:
     virtual ~TextArea() = default;
 
     /// The whole text, without a copy; good until the next change.
     virtual std::string_view Text() const = 0;
+    /// The length of the text in bytes.
+    virtual Position Length() const = 0;
+    /// The bytes of [start, end), clamped to the text, without a copy; good until the next call. Cheaper than
+    /// `Text` between edits.
+    virtual std::string_view Slice(Position start, Position end) const = 0;
     /// Sets the whole text in `Normal Text`, lone CR and LF made CR LF; caret to 0, protection gone, undo
     /// emptied.
-    virtual void SetText(std::string_view text) = 0;
+    void SetText(std::string_view text);
 
     virtual Position SelStart() const = 0;
     virtual Position SelLength() const = 0;
@@ -53,11 +62,14 @@ public:
 
     std::string SelText() const;
     /// Replaces the selection and leaves the caret behind the new text, which takes the style at the caret
-    /// (or that of `SetSelStyle`). False, with nothing changed, where protection refuses it.
-    virtual bool SetSelText(std::string_view text) = 0;
+    /// (or that of `SetSelStyle`), lone CR and LF made CR LF. False, with nothing changed, where protection
+    /// refuses it.
+    bool SetSelText(std::string_view text);
     /// The same with a style for each byte of `text`; `styles` must be as long as `text`, else it is refused.
-    virtual bool SetSelTextStyled(std::string_view text, std::string_view styles) = 0;
-    /// The style of what is written next, until the caret moves; a selection takes it at once.
+    bool SetSelTextStyled(std::string_view text, std::string_view styles);
+    /// The style of what is written next, until caret or selection moves; a selection takes it at once.
+    /// Without it, that is the style of the character in front of the caret (at 0, of the first one), but
+    /// `Normal Text` right behind a protected run.
     virtual void SetSelStyle(StyleByte style) = 0;
 
     /// Finds `text` wholly within [start, end) (`end` -1: the end of the text), selects it and returns its
@@ -84,14 +96,15 @@ public:
 
     virtual StyleByte StyleAt(Position place) const = 0;
     /// Lays a style on [start, end), and with `protect` protection (without, takes it away). Nothing happens
-    /// unless start is less than end.
+    /// unless start is less than end. Protecting empties the undo history, which knows no protection.
     virtual void ColourRun(Position start, Position end, StyleByte style, bool protect = false) = 0;
     /// Lays a style on each byte of the text, and protection on `runs` alone. `styles` must be as long as the
-    /// text, else nothing happens.
+    /// text, else nothing happens. With `runs` it empties the undo history.
     virtual void SetStyles(std::string_view styles, const std::vector<TextRange>& runs = {}) = 0;
     /// Replaces the bytes from `start` by `text`, as many, keeping styles, selection and undo history as they
-    /// are. Nothing happens where they would reach behind the text's end.
+    /// are, and raises no notification. Nothing happens where they would reach behind the text's end.
     virtual void RewriteRun(Position start, std::string_view text) = 0;
+    /// The protected runs in ascending order; those that touch are one.
     virtual std::vector<TextRange> ProtectedRuns() const = 0;
 
     virtual bool CanUndo() const = 0;
@@ -101,6 +114,10 @@ public:
     virtual void EmptyUndoBuffer() = 0;
 
 protected:
+    // What the setters above stand on; `text` has CR LF alone, `styles` is as long.
+    virtual void replaceAll(std::string_view text) = 0;
+    virtual bool replaceSelection(std::string_view text, std::optional<std::string_view> styles) = 0;
+
     // Raised and lowered by the guards of TextAreaGuards.h alone; each nests.
     friend class NotificationMask;
     friend class RedrawFreeze;

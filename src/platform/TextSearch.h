@@ -1,6 +1,7 @@
 #pragma once
 
-#include <string>
+#include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -12,20 +13,28 @@ namespace klt {
 /// whatever both hold; nothing ends at a NUL.
 class TextSearch {
 public:
-    /// Without `matchCase` letters that differ in case alone are equal, beyond ASCII too.
-    TextSearch(std::string_view find, bool matchCase);
+    /// Without `matchCase` letters that differ in case alone are equal, beyond ASCII too. With `wholeWord`
+    /// no word of letters, digits and "_" may go on over either end.
+    TextSearch(std::string_view find, bool matchCase, bool wholeWord = false);
 
-    /// The first place at or behind `from` where the text is found, wholly inside `text`; its length may
-    /// differ from the one looked for. {kNotFound, kNotFound} where there is none, as for an empty text.
-    TextRange next(std::string_view text, Position from = 0) const;
+    /// The first place in [from, end) (`end` -1: the end of the text) where the text is found, wholly inside;
+    /// its length may differ from the one looked for. {kNotFound, kNotFound} where there is none, as for an
+    /// empty text.
+    TextRange next(std::string_view text, Position from = 0, Position end = -1) const;
 
 private:
-    TextRange nextExact(std::string_view text, size_t from) const;
-    TextRange nextFolded(std::string_view text, size_t from) const;
+    struct Area;
+
+    char32_t comparable(char32_t code) const;
+    std::optional<size_t> chooseAnchor(const Area& area) const;
+    TextRange byAnchor(const Area& area, size_t anchor) const;
+    TextRange matchAround(const Area& area, size_t place, size_t anchor, size_t& compared) const;
+    TextRange byAutomaton(const Area& area) const;
+    bool isAcceptable(const Area& area, TextRange found) const;
 
     bool matchCase_;
-    std::string find_;
-    std::vector<char32_t> folded_;
+    bool wholeWord_;
+    std::vector<char32_t> find_;
     // fallback_[n]: how many characters still match when the one behind the first n does not.
     std::vector<size_t> fallback_;
 };

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace klt {
+
+/// Whether every line end is CR LF, so that `withCrLf` would change nothing.
+bool hasOnlyCrLf(std::string_view text);
+/// The text with each lone CR and each lone LF made CR LF.
+std::string withCrLf(std::string_view text);
+
+}  // namespace klt

@@ -1,0 +1,330 @@
+#include "ui/RichTextBox.h"
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QStringList>
+#include <algorithm>
+
+#include "language/StyleCategory.h"
+#include "platform/Unicode.h"
+#include "ui/RichTextBoxGuards.h"
+
+namespace klt {
+namespace {
+
+// Without the events that carry text the library need not count characters at each edit.
+constexpr Position kEventMask =
+    QsciScintillaBase::SC_MOD_BEFOREINSERT | QsciScintillaBase::SC_MOD_BEFOREDELETE;
+
+QByteArray bytesOf(std::string_view text) {
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
+}  // namespace
+
+RichTextBox::RichTextBox(Kind kind, QWidget* parent)
+    : QsciScintillaBase(parent), kind_(kind), font_(kind == Kind::Field ? fieldFont() : documentFont()) {
+    setUpText();
+    setUpKeys();
+    applyFormats();
+    connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
+            [this](int place, int kindOfChange, const char*, int length) {
+                noteModification(place, kindOfChange, length);
+            });
+    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::noteInterfaceUpdate);
+}
+
+void RichTextBox::setUpText() {
+    send(SCI_SETMODEVENTMASK, kEventMask);
+    send(SCI_SETCODEPAGE, SC_CP_UTF8);
+    send(SCI_SETEOLMODE, SC_EOL_CRLF);
+    send(SCI_SETMULTIPLESELECTION, 0);
+    send(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
+    send(SCI_USEPOPUP, 0);
+    send(SCI_SETSCROLLWIDTH, 1);
+    send(SCI_SETSCROLLWIDTHTRACKING, 1);
+    for (Position margin = 0; margin < send(SCI_GETMARGINS); ++margin) send(SCI_SETMARGINWIDTHN, margin, 0);
+    if (kind_ != Kind::Field) return;
+    send(SCI_SETHSCROLLBAR, 0);
+    send(SCI_SETVSCROLLBAR, 0);
+    setFrameStyle(StyledPanel | Sunken);
+}
+
+void RichTextBox::setTextFont(const TextFont& font) {
+    font_ = font;
+    applyFormats();
+}
+
+void RichTextBox::setStyleFormats(const StyleFormats& formats) {
+    formats_ = formats;
+    applyFormats();
+}
+
+void RichTextBox::applyFormats() {
+    SendScintilla(SCI_STYLESETFONT, static_cast<unsigned long>(STYLE_DEFAULT),
+                  font_.family.toUtf8().constData());
+    send(SCI_STYLESETSIZEFRACTIONAL, STYLE_DEFAULT, font_.twips * SC_FONT_SIZE_MULTIPLIER / 20);
+    // A dark desktop must not make the text unreadable.
+    SendScintilla(SCI_STYLESETFORE, static_cast<unsigned long>(STYLE_DEFAULT), QColor(Qt::black));
+    SendScintilla(SCI_STYLESETBACK, static_cast<unsigned long>(STYLE_DEFAULT), QColor(Qt::white));
+    send(SCI_STYLECLEARALL);
+    for (size_t style = 0; style < formats_.size(); ++style) {
+        const StyleFormat& format = formats_[style];
+        SendScintilla(SCI_STYLESETFORE, style, format.colour);
+        send(SCI_STYLESETBOLD, static_cast<Position>(style), format.bold ? 1 : 0);
+        send(SCI_STYLESETITALIC, static_cast<Position>(style), format.italic ? 1 : 0);
+    }
+    SendScintilla(SCI_SETCARETFORE, QColor(Qt::black));
+    SendScintilla(SCI_SETSELBACK, 1UL, palette().color(QPalette::Highlight));
+    SendScintilla(SCI_SETSELFORE, 1UL, palette().color(QPalette::HighlightedText));
+    if (kind_ == Kind::Field) {
+        const auto line = static_cast<int>(send(SCI_TEXTHEIGHT, 0)) + 2 * frameWidth();
+        setFixedHeight(std::max(line, QLineEdit().sizeHint().height()));
+    }
+}
+
+void RichTextBox::changeEvent(QEvent* event) {
+    QsciScintillaBase::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) applyFormats();
+}
+
+Position RichTextBox::send(unsigned message, Position first, Position second) const {
+    return SendScintilla(message, static_cast<unsigned long>(first), static_cast<long>(second));
+}
+
+Position RichTextBox::sendText(unsigned message, std::string_view text) const {
+    return SendScintilla(message, static_cast<unsigned long>(text.size()), text.data());
+}
+
+std::string_view RichTextBox::Text() const {
+    return {static_cast<const char*>(SendScintillaPtrResult(SCI_GETCHARACTERPOINTER)),
+            static_cast<size_t>(Length())};
+}
+
+Position RichTextBox::Length() const {
+    return send(SCI_GETLENGTH);
+}
+
+std::string_view RichTextBox::Slice(Position start, Position end) const {
+    start = std::max<Position>(start, 0);
+    end = std::min(end, Length());
+    if (start >= end) return {};
+    const Position address = send(SCI_GETRANGEPOINTER, start, end - start);
+    // The library hands pointers out as numbers.
+    return {reinterpret_cast<const char*>(address),  // NOLINT(performance-no-int-to-ptr)
+            static_cast<size_t>(end - start)};
+}
+
+Position RichTextBox::CharacterCount() const {
+    // In two parts, so that the text's gap stays where it is.
+    const Position gap = send(SCI_GETGAPPOSITION);
+    return static_cast<Position>(countCharacters(Slice(0, gap)) + countCharacters(Slice(gap, Length())));
+}
+
+void RichTextBox::replaceAll(std::string_view text) {
+    const Operation operation(*this, Running::Code);
+    std::string store;
+    text = detached(text, store);
+    {
+        const Unrecorded unrecorded(*this);
+        protection_.clear();
+        send(SCI_CLEARALL);
+        sendText(SCI_APPENDTEXT, text);
+    }
+    send(SCI_EMPTYUNDOBUFFER);
+    place({0, 0}, false);
+    send(SCI_SETXOFFSET, 0);
+    send(SCI_SETFIRSTVISIBLELINE, 0);
+    send(SCI_SETSCROLLWIDTH, 1);
+    inserted_.take();
+    pendingStyle_.reset();
+    edited_ = true;
+    changed_ = changed_ || masks_ == 0;
+}
+
+Position RichTextBox::SelStart() const {
+    return send(SCI_GETSELECTIONSTART);
+}
+
+Position RichTextBox::SelLength() const {
+    return send(SCI_GETSELECTIONEND) - SelStart();
+}
+
+TextRange RichTextBox::selection() const {
+    return {SelStart(), send(SCI_GETSELECTIONEND)};
+}
+
+TextRange RichTextBox::snapped(Position start, Position length) const {
+    const Position size = Length();
+    start = std::clamp<Position>(start, 0, size);
+    const Position end = start + std::clamp<Position>(length, 0, size - start);
+    // No character is longer than this, so nothing further away matters.
+    constexpr Position kReach = 4;
+    const auto moved = [&](Position at, auto boundary) {
+        const Position from = std::max<Position>(at - kReach, 0);
+        return from +
+               static_cast<Position>(boundary(Slice(from, at + kReach), static_cast<size_t>(at - from)));
+    };
+    const Position newStart = moved(start, unitStart);
+    return {newStart, start == end ? newStart : moved(end, unitEnd)};
+}
+
+void RichTextBox::place(TextRange range, bool caretAtStart) {
+    const auto [anchor, caret] = caretAtStart ? TextRange{range.end, range.start} : range;
+    send(SCI_SETSELECTION, caret, anchor);
+    caretPlaced_ = true;
+    if (kind_ == Kind::Field) send(SCI_SCROLLCARET);
+}
+
+void RichTextBox::Select(Position start, Position length) {
+    const Operation operation(*this, Running::Code);
+    place(snapped(start, length), false);
+}
+
+/// Text that lies in the box's own buffer would go while it is being put in.
+std::string_view RichTextBox::detached(std::string_view text, std::string& store) const {
+    const std::string_view own = Text();
+    if (text.empty()) return "";
+    const std::less<> isBefore;
+    if (isBefore(text.data(), own.data()) || isBefore(own.data() + own.size(), text.data())) return text;
+    return store = text;
+}
+
+bool RichTextBox::replaceSelection(std::string_view text, std::optional<std::string_view> styles) {
+    const Operation operation(*this, Running::Code);
+    const TextRange range = selection();
+    if (range.start == range.end && text.empty()) return true;
+    std::string store;
+    text = detached(text, store);
+    return edit(range, !text.empty(), [&] {
+        const UndoStep step(*this);
+        send(SCI_SETTARGETRANGE, range.start, range.end);
+        sendText(SCI_REPLACETARGET, text);
+        styleInserted();
+        if (styles) {
+            send(SCI_STARTSTYLING, range.start);
+            sendText(SCI_SETSTYLINGEX, *styles);
+        }
+        const Position end = range.start + static_cast<Position>(text.size());
+        place(snapped(end, 0), false);
+    });
+}
+
+void RichTextBox::SetSelStyle(StyleByte style) {
+    const TextRange range = selection();
+    layStyle(range, style);
+    pendingStyle_ = {range, style};
+}
+
+Position RichTextBox::LineCount() const {
+    return send(SCI_GETLINECOUNT);
+}
+
+Position RichTextBox::GetLineFromChar(Position place) const {
+    return send(SCI_LINEFROMPOSITION, std::clamp<Position>(place, 0, Length()));
+}
+
+Position RichTextBox::LineIndex(Position line) const {
+    return line < 0 || line >= LineCount() ? kNotFound : send(SCI_POSITIONFROMLINE, line);
+}
+
+Position RichTextBox::LineLength(Position line) const {
+    const Position start = LineIndex(line);
+    return start == kNotFound ? 0 : send(SCI_GETLINEENDPOSITION, line) - start;
+}
+
+Position RichTextBox::FirstVisibleLine() const {
+    return send(SCI_GETFIRSTVISIBLELINE);
+}
+
+void RichTextBox::ScrollToLine(Position line) {
+    send(SCI_SETFIRSTVISIBLELINE, std::clamp<Position>(line, 0, LineCount() - 1));
+}
+
+void RichTextBox::ScrollCaret() {
+    send(SCI_SCROLLCARET);
+}
+
+StyleByte RichTextBox::StyleAt(Position place) const {
+    return static_cast<StyleByte>(send(SCI_GETSTYLEAT, place));
+}
+
+void RichTextBox::layStyle(TextRange range, StyleByte style) {
+    if (range.start >= range.end) return;
+    send(SCI_STARTSTYLING, range.start);
+    send(SCI_SETSTYLING, range.end - range.start, style);
+}
+
+void RichTextBox::ColourRun(Position start, Position end, StyleByte style, bool protect) {
+    if (start >= end) return;
+    start = std::clamp<Position>(start, 0, Length());
+    const TextRange range = snapped(start, end - start);
+    if (range.start == range.end) return;
+    layStyle(range, style);
+    if (protect) {
+        protection_.protect(range);
+    } else {
+        protection_.unprotect(range);
+    }
+    protectionChanged(protect);
+}
+
+void RichTextBox::SetStyles(std::string_view styles, const std::vector<TextRange>& runs) {
+    if (static_cast<Position>(styles.size()) != Length()) return;
+    send(SCI_STARTSTYLING, 0);
+    sendText(SCI_SETSTYLINGEX, styles);
+    protection_.clear();
+    for (const TextRange& run : runs) {
+        if (run.start < run.end) protection_.protect(snapped(run.start, run.end - run.start));
+    }
+    protectionChanged(!runs.empty());
+}
+
+void RichTextBox::protectionChanged(bool grown) {
+    send(SCI_SETREADONLY, protection_.empty() ? 0 : 1);
+    if (grown) send(SCI_EMPTYUNDOBUFFER);
+}
+
+void RichTextBox::RewriteRun(Position start, std::string_view text) {
+    const Position end = start + static_cast<Position>(text.size());
+    if (start < 0 || end > Length() || Slice(start, end) == text) return;
+    std::string styles(text.size(), '\0');
+    for (size_t at = 0; at < styles.size(); ++at) {
+        styles[at] = static_cast<char>(StyleAt(start + static_cast<Position>(at)));
+    }
+    const Position anchor = send(SCI_GETANCHOR);
+    const Position caret = send(SCI_GETCURRENTPOS);
+    const Unrecorded unrecorded(*this);
+    send(SCI_SETTARGETRANGE, start, end);
+    sendText(SCI_REPLACETARGET, text);
+    send(SCI_STARTSTYLING, start);
+    sendText(SCI_SETSTYLINGEX, styles);
+    if (send(SCI_GETANCHOR) != anchor) send(SCI_SETANCHOR, anchor);
+    if (send(SCI_GETCURRENTPOS) != caret) send(SCI_SETCURRENTPOS, caret);
+}
+
+QString RichTextBox::StyleRuns() const {
+    QStringList lines;
+    const Position length = Length();
+    for (Position start = 0, end = 0; start < length; start = end) {
+        const StyleByte style = StyleAt(start);
+        while (end < length && StyleAt(end) == style) ++end;
+        if (style == 0 || style >= kStyleCategoryNames.size()) continue;
+        const std::string_view name = kStyleCategoryNames[style];
+        lines << QStringLiteral("%1 %2 %3")
+                     .arg(start)
+                     .arg(end)
+                     .arg(QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QByteArray RichTextBox::textBytes() const {
+    return bytesOf(Text());
+}
+
+QByteArray RichTextBox::selTextBytes() const {
+    return bytesOf(Slice(SelStart(), SelStart() + SelLength()));
+}
+
+}  // namespace klt

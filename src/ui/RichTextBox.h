@@ -1,0 +1,186 @@
+#pragma once
+
+#include <Qsci/qsciscintillabase.h>
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/TextArea.h"
+#include "ui/InsertedText.h"
+#include "ui/Protection.h"
+#include "ui/TextFormats.h"
+
+namespace klt {
+
+/// The text area of documents, preview boxes and wizard fields.
+///
+/// `Change` and `SelChange` come once for each edit and each move: for an operation by code before it
+/// returns, for a key, a click or a drop when the widget is done with it. Handlers may edit.
+class RichTextBox : public QsciScintillaBase, public TextArea {
+    Q_OBJECT
+    Q_PROPERTY(QByteArray Text READ textBytes WRITE setTextBytes NOTIFY Change)
+    Q_PROPERTY(qlonglong SelStart READ SelStart WRITE setSelStartNumber NOTIFY SelChange)
+    Q_PROPERTY(qlonglong SelLength READ SelLength WRITE setSelLengthNumber NOTIFY SelChange)
+    Q_PROPERTY(QByteArray SelText READ selTextBytes WRITE setSelTextBytes NOTIFY SelChange)
+
+public:
+    /// A document takes Tab as text and can be zoomed; a preview has many lines too, but Tab leaves it; a
+    /// field has one line, and leaves Enter, Escape, Tab and the keys up and down to its window.
+    enum class Kind { Document, Preview, Field };
+
+    explicit RichTextBox(Kind kind = Kind::Document, QWidget* parent = nullptr);
+    Kind kind() const { return kind_; }
+
+    std::string_view Text() const override;
+    Position Length() const override;
+    std::string_view Slice(Position start, Position end) const override;
+    /// The length of the text in characters, CR LF being two. Does not move the text about.
+    Position CharacterCount() const;
+
+    Position SelStart() const override;
+    Position SelLength() const override;
+    void Select(Position start, Position length) override;
+    void SetSelStyle(StyleByte style) override;
+
+    Position LineCount() const override;
+    Position GetLineFromChar(Position place) const override;
+    Position LineIndex(Position line) const override;
+    Position LineLength(Position line) const override;
+    Position FirstVisibleLine() const override;
+    void ScrollToLine(Position line) override;
+    void ScrollCaret() override;
+
+    StyleByte StyleAt(Position place) const override;
+    void ColourRun(Position start, Position end, StyleByte style, bool protect = false) override;
+    void SetStyles(std::string_view styles, const std::vector<TextRange>& runs = {}) override;
+    void RewriteRun(Position start, std::string_view text) override;
+    std::vector<TextRange> ProtectedRuns() const override { return protection_.all(); }
+
+    bool CanUndo() const override;
+    bool CanRedo() const override;
+    void Undo() override;
+    void Redo() override;
+    void EmptyUndoBuffer() override;
+
+    /// The clipboard's operations on the selection, plain text only. Refused as a whole by protection.
+    void Cut();
+    void Copy();
+    void Paste();
+
+    /// Takes one font for all styles; colours stay.
+    void setTextFont(const TextFont& font);
+    /// Takes the looks of all styles; the font stays.
+    void setStyleFormats(const StyleFormats& formats);
+
+    /// One line "START END STYLE" for each run that is not `Normal Text`, places in bytes.
+    Q_INVOKABLE QString StyleRuns() const;
+
+signals:
+    /// The text was edited.
+    void Change();
+    /// Caret or selection moved.
+    void SelChange();
+
+protected:
+    void replaceAll(std::string_view text) override;
+    bool replaceSelection(std::string_view text, std::optional<std::string_view> styles) override;
+    void MaskNotifications(bool on) override;
+    void Freeze(bool on) override;
+    void GroupUndo(bool on) override;
+
+    QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
+    void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    class Gate;
+    class Operation;
+    class Unrecorded;
+    class UndoStep;
+    enum class Running { Nothing, Event, Code };
+    struct PendingStyle {
+        TextRange selection;
+        StyleByte style = 0;
+    };
+
+    QByteArray textBytes() const;
+    void setTextBytes(const QByteArray& text) { SetText({text.data(), static_cast<size_t>(text.size())}); }
+    QByteArray selTextBytes() const;
+    void setSelTextBytes(const QByteArray& text) {
+        SetSelText({text.data(), static_cast<size_t>(text.size())});
+    }
+    void setSelStartNumber(qlonglong start) { SetSelStart(start); }
+    void setSelLengthNumber(qlonglong length) { SetSelLength(length); }
+
+    Position send(unsigned message, Position first = 0, Position second = 0) const;
+    Position sendText(unsigned message, std::string_view text) const;
+
+    void setUpText();
+    void setUpKeys();
+    void applyFormats();
+
+    TextRange selection() const;
+    TextRange snapped(Position start, Position length) const;
+
+    /// `action` within a gate, as an undo step of its own where the caret was moved; nothing where protection
+    /// refuses the range.
+    template <typename Action>
+    bool edit(TextRange range, bool inserts, Action action);
+    void place(TextRange range, bool caretAtStart);
+    std::string_view detached(std::string_view text, std::string& store) const;
+    StyleByte styleForInsertion(Position place) const;
+    void layStyle(TextRange range, StyleByte style);
+    void styleInserted();
+    void protectionChanged(bool grown);
+
+    bool handleEditingKey(const QKeyEvent& event);
+    bool leavesToWindow(const QKeyEvent& event) const;
+    void deleteBack();
+    void deleteForward();
+    void deleteWordBack();
+    void deleteWordForward();
+    void deleteExtended(unsigned extend);
+    void newLine();
+    void tab();
+    Position placeAt(const QPointF& point) const;
+
+    void noteModification(int place, int kind, int length);
+    void noteInterfaceUpdate(int what);
+    void settleLater();
+    void settle();
+
+    const Kind kind_;
+    Protection protection_;
+    TextFont font_;
+    StyleFormats formats_;
+
+    Running running_ = Running::Nothing;
+    int masks_ = 0;
+    int freezes_ = 0;
+    bool changed_ = false;    // a notification is due
+    bool edited_ = false;     // the text was edited since it was last settled
+    bool composing_ = false;  // an input method's unfinished text stands in ours
+    bool stepEnds_ = false;   // the next edit begins an undo step
+    bool settlesLater_ = false;
+    bool caretPlaced_ = false;  // by code, so that the keys up and down have to look where it stands
+    TextRange lastSelection_;   // as last notified
+    InsertedText inserted_;
+    std::optional<StyleByte> firstStyle_;  // of the first character, before it was deleted
+    std::optional<PendingStyle> pendingStyle_;
+};
+
+}  // namespace klt

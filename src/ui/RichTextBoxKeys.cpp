@@ -1,0 +1,227 @@
+// What the keys do. Scintilla's own chords are all taken away: many edit in ways that nobody expects here.
+
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <algorithm>
+#include <array>
+
+#include "ui/RichTextBox.h"
+#include "ui/RichTextBoxGuards.h"
+
+namespace klt {
+namespace {
+
+constexpr int kShift = QsciScintillaBase::SCMOD_SHIFT;
+constexpr int kCtrl = QsciScintillaBase::SCMOD_CTRL;
+constexpr Qt::KeyboardModifiers kChordModifiers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+
+struct Movement {
+    int key;
+    int modifiers;
+    int message;
+    int extending;  // the same with Shift
+};
+
+using Base = QsciScintillaBase;
+constexpr std::array kMovements = {
+    Movement{Base::SCK_LEFT, 0, Base::SCI_CHARLEFT, Base::SCI_CHARLEFTEXTEND},
+    Movement{Base::SCK_RIGHT, 0, Base::SCI_CHARRIGHT, Base::SCI_CHARRIGHTEXTEND},
+    Movement{Base::SCK_LEFT, kCtrl, Base::SCI_WORDLEFT, Base::SCI_WORDLEFTEXTEND},
+    Movement{Base::SCK_RIGHT, kCtrl, Base::SCI_WORDRIGHT, Base::SCI_WORDRIGHTEXTEND},
+    Movement{Base::SCK_HOME, 0, Base::SCI_HOME, Base::SCI_HOMEEXTEND},
+    Movement{Base::SCK_END, 0, Base::SCI_LINEEND, Base::SCI_LINEENDEXTEND},
+    Movement{Base::SCK_HOME, kCtrl, Base::SCI_DOCUMENTSTART, Base::SCI_DOCUMENTSTARTEXTEND},
+    Movement{Base::SCK_END, kCtrl, Base::SCI_DOCUMENTEND, Base::SCI_DOCUMENTENDEXTEND},
+};
+constexpr std::array kMovementsAmongLines = {
+    Movement{Base::SCK_UP, 0, Base::SCI_LINEUP, Base::SCI_LINEUPEXTEND},
+    Movement{Base::SCK_DOWN, 0, Base::SCI_LINEDOWN, Base::SCI_LINEDOWNEXTEND},
+    Movement{Base::SCK_PRIOR, 0, Base::SCI_PAGEUP, Base::SCI_PAGEUPEXTEND},
+    Movement{Base::SCK_NEXT, 0, Base::SCI_PAGEDOWN, Base::SCI_PAGEDOWNEXTEND},
+};
+
+struct Chord {
+    int key;
+    int message;
+};
+
+constexpr std::array kChords = {
+    Chord{'A', Base::SCI_SELECTALL},
+    Chord{'C', Base::SCI_COPY},
+    Chord{Base::SCK_INSERT, Base::SCI_COPY},
+};
+constexpr std::array kChordsAmongLines = {
+    Chord{Base::SCK_UP, Base::SCI_LINESCROLLUP},
+    Chord{Base::SCK_DOWN, Base::SCI_LINESCROLLDOWN},
+};
+constexpr std::array kZoomChords = {
+    Chord{'+', Base::SCI_ZOOMIN},
+    Chord{'=', Base::SCI_ZOOMIN},
+    Chord{Base::SCK_ADD, Base::SCI_ZOOMIN},
+    Chord{'-', Base::SCI_ZOOMOUT},
+    Chord{Base::SCK_SUBTRACT, Base::SCI_ZOOMOUT},
+    Chord{'0', Base::SCI_SETZOOM},
+};
+
+}  // namespace
+
+void RichTextBox::setUpKeys() {
+    const auto assign = [this](int key, int modifiers, int message) {
+        send(SCI_ASSIGNCMDKEY, key | (modifiers << 16), message);
+    };
+    const auto assignMovement = [&](const Movement& row) {
+        assign(row.key, row.modifiers, row.message);
+        assign(row.key, row.modifiers | kShift, row.extending);
+    };
+    const auto assignChord = [&](const Chord& row) { assign(row.key, kCtrl, row.message); };
+
+    send(SCI_CLEARALLCMDKEYS);
+    std::for_each(kMovements.begin(), kMovements.end(), assignMovement);
+    std::for_each(kChords.begin(), kChords.end(), assignChord);
+    if (kind_ == Kind::Field) return;
+    std::for_each(kMovementsAmongLines.begin(), kMovementsAmongLines.end(), assignMovement);
+    std::for_each(kChordsAmongLines.begin(), kChordsAmongLines.end(), assignChord);
+    if (kind_ == Kind::Preview) return;
+    std::for_each(kZoomChords.begin(), kZoomChords.end(), assignChord);
+}
+
+bool RichTextBox::handleEditingKey(const QKeyEvent& event) {
+    struct Row {
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        void (RichTextBox::*action)();
+    };
+    constexpr auto kControl = Qt::ControlModifier;
+    constexpr auto kControlShift = Qt::ControlModifier | Qt::ShiftModifier;
+    static constexpr std::array kRows = {
+        Row{Qt::Key_Backspace, Qt::NoModifier, &RichTextBox::deleteBack},
+        Row{Qt::Key_Backspace, Qt::ShiftModifier, &RichTextBox::deleteBack},
+        Row{Qt::Key_Backspace, kControl, &RichTextBox::deleteWordBack},
+        Row{Qt::Key_Delete, Qt::NoModifier, &RichTextBox::deleteForward},
+        Row{Qt::Key_Delete, kControl, &RichTextBox::deleteWordForward},
+        Row{Qt::Key_Delete, Qt::ShiftModifier, &RichTextBox::Cut},
+        Row{Qt::Key_Insert, Qt::ShiftModifier, &RichTextBox::Paste},
+        Row{Qt::Key_X, kControl, &RichTextBox::Cut},
+        Row{Qt::Key_V, kControl, &RichTextBox::Paste},
+        Row{Qt::Key_Z, kControl, &RichTextBox::Undo},
+        Row{Qt::Key_Z, kControlShift, &RichTextBox::Redo},
+        Row{Qt::Key_Y, kControl, &RichTextBox::Redo},
+        Row{Qt::Key_Return, Qt::NoModifier, &RichTextBox::newLine},
+        Row{Qt::Key_Return, Qt::ShiftModifier, &RichTextBox::newLine},
+        Row{Qt::Key_Enter, Qt::NoModifier, &RichTextBox::newLine},
+        Row{Qt::Key_Tab, Qt::NoModifier, &RichTextBox::tab},
+    };
+    const auto modifiers = event.modifiers() & (kChordModifiers | Qt::ShiftModifier);
+    const auto row = std::find_if(kRows.begin(), kRows.end(), [&](const Row& candidate) {
+        return candidate.key == event.key() && candidate.modifiers == modifiers;
+    });
+    if (row == kRows.end()) return false;
+    (this->*row->action)();
+    return true;
+}
+
+bool RichTextBox::leavesToWindow(const QKeyEvent& event) const {
+    constexpr std::array kOfWindow = {Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Backtab};
+    constexpr std::array kOfFormToo = {Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Up,
+                                       Qt::Key_Down,   Qt::Key_PageUp, Qt::Key_PageDown};
+    const auto holds = [&](const auto& keys) {
+        return std::find(keys.begin(), keys.end(), event.key()) != keys.end();
+    };
+    if (kind_ == Kind::Document && event.key() == Qt::Key_Tab) return false;
+    return holds(kOfWindow) || (kind_ == Kind::Field && holds(kOfFormToo));
+}
+
+void RichTextBox::keyPressEvent(QKeyEvent* event) {
+    if (leavesToWindow(*event)) {
+        event->ignore();
+        return;
+    }
+    const Operation operation(*this, Running::Event);
+    if (std::exchange(caretPlaced_, false)) send(SCI_CHOOSECARETX);
+    if (handleEditingKey(*event)) {
+        event->accept();
+    } else if ((event->modifiers() & kChordModifiers) != 0) {
+        // Without its text, which the base would put in for a chord that does nothing.
+        QKeyEvent bare(event->type(), event->key(), event->modifiers());
+        QsciScintillaBase::keyPressEvent(&bare);
+        event->setAccepted(bare.isAccepted());
+    } else if (event->text().isEmpty()) {
+        QsciScintillaBase::keyPressEvent(event);
+    } else {
+        edit(selection(), true, [&] { QsciScintillaBase::keyPressEvent(event); });
+        event->accept();
+    }
+}
+
+void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
+    const Operation operation(*this, Running::Event);
+    composing_ = !event->preeditString().isEmpty();
+    if (edit(selection(), true, [&] { QsciScintillaBase::inputMethodEvent(event); })) return;
+    composing_ = false;
+    QGuiApplication::inputMethod()->reset();
+    event->accept();
+}
+
+bool RichTextBox::focusNextPrevChild(bool next) {
+    return kind_ != Kind::Document && QAbstractScrollArea::focusNextPrevChild(next);
+}
+
+void RichTextBox::Cut() {
+    const Operation operation(*this, Running::Code);
+    if (SelLength() > 0) edit(selection(), false, [&] { send(SCI_CUT); });
+}
+
+void RichTextBox::Copy() {
+    send(SCI_COPY);
+}
+
+void RichTextBox::Paste() {
+    const Operation operation(*this, Running::Code);
+    edit(selection(), true, [&] { send(SCI_PASTE); });
+}
+
+void RichTextBox::deleteBack() {
+    TextRange range = selection();
+    if (range.start == range.end) range.start = send(SCI_POSITIONBEFORE, range.start);
+    edit(range, false, [&] { send(SCI_DELETEBACK); });
+}
+
+void RichTextBox::deleteForward() {
+    TextRange range = selection();
+    if (range.start == range.end) range.end = send(SCI_POSITIONAFTER, range.end);
+    edit(range, false, [&] { send(SCI_CLEAR); });
+}
+
+void RichTextBox::deleteWordBack() {
+    deleteExtended(SCI_WORDLEFTEXTEND);
+}
+
+void RichTextBox::deleteWordForward() {
+    deleteExtended(SCI_WORDRIGHTEXTEND);
+}
+
+void RichTextBox::deleteExtended(unsigned extend) {
+    const TextRange before = selection();
+    if (before.start == before.end) send(extend);
+    if (!edit(selection(), false, [&] { send(SCI_CLEAR); })) place(before, false);
+}
+
+void RichTextBox::newLine() {
+    if (edit(selection(), true, [&] { send(SCI_NEWLINE); })) stepEnds_ = true;
+}
+
+void RichTextBox::tab() {
+    edit(selection(), true, [&] {
+        // What is typed on goes into the same step of undo, unless the tab replaces something.
+        if (SelLength() == 0) {
+            sendText(SCI_ADDTEXT, "\t");
+        } else {
+            SendScintilla(SCI_REPLACESEL, "\t");
+        }
+        ScrollCaret();
+    });
+}
+
+}  // namespace klt

@@ -1,0 +1,111 @@
+// What the widget tells of changes, and when: noted inside Scintilla's callbacks, acted on when it is done.
+
+#include "ui/RichTextBox.h"
+#include "ui/RichTextBoxGuards.h"
+
+namespace klt {
+
+void RichTextBox::noteModification(int place, int kind, int length) {
+    if ((kind & SC_MOD_BEFOREDELETE) != 0) {
+        if (place == 0 && !firstStyle_) firstStyle_ = StyleAt(0);
+        protection_.textDeleted(place, length);
+        inserted_.textDeleted(place, length);
+    } else {
+        const StyleByte style = styleForInsertion(place);
+        protection_.textInserted(place, length);
+        inserted_.textInserted(place, length, style);
+    }
+    edited_ = true;
+    changed_ = changed_ || masks_ == 0;
+    if (running_ == Running::Nothing) settleLater();
+}
+
+StyleByte RichTextBox::styleForInsertion(Position place) const {
+    if (pendingStyle_ && place == pendingStyle_->selection.start) return pendingStyle_->style;
+    if (protection_.endAt(place)) return 0;
+    return place > 0 ? StyleAt(place - 1) : firstStyle_.value_or(StyleAt(0));
+}
+
+void RichTextBox::styleInserted() {
+    for (const auto& piece : inserted_.take()) layStyle(piece.range, piece.style);
+}
+
+void RichTextBox::noteInterfaceUpdate(int what) {
+    if ((what & SC_UPDATE_SELECTION) != 0 && running_ == Running::Nothing && selection() != lastSelection_) {
+        settleLater();
+    }
+}
+
+/// For what no operation of ours stands around: a message sent to Scintilla by others, an assistive tool.
+void RichTextBox::settleLater() {
+    if (std::exchange(settlesLater_, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            settlesLater_ = false;
+            if (running_ != Running::Code) settle();
+        },
+        Qt::QueuedConnection);
+}
+
+void RichTextBox::settle() {
+    styleInserted();
+    firstStyle_.reset();
+    const TextRange now = selection();
+    const TextRange whole = snapped(now.start, now.end - now.start);
+    if (now != whole) place(whole, send(SCI_GETCURRENTPOS) == now.start);
+    if (pendingStyle_ && pendingStyle_->selection != whole) pendingStyle_.reset();
+    if (!std::exchange(edited_, false) && whole != lastSelection_) stepEnds_ = true;
+
+    if (masks_ > 0) {
+        lastSelection_ = whole;
+        return;
+    }
+    if (!composing_ && std::exchange(changed_, false)) emit Change();
+    if (const TextRange moved = selection(); moved != lastSelection_) {
+        lastSelection_ = moved;
+        emit SelChange();
+    }
+}
+
+void RichTextBox::MaskNotifications(bool on) {
+    masks_ += on ? 1 : -1;
+    if (masks_ == 0) lastSelection_ = selection();
+}
+
+void RichTextBox::Freeze(bool on) {
+    freezes_ += on ? 1 : -1;
+    setUpdatesEnabled(freezes_ == 0);
+}
+
+void RichTextBox::GroupUndo(bool on) {
+    send(on ? SCI_BEGINUNDOACTION : SCI_ENDUNDOACTION);
+}
+
+bool RichTextBox::CanUndo() const {
+    const Gate gate(*this);  // a read-only text answers no
+    return send(SCI_CANUNDO) != 0;
+}
+
+bool RichTextBox::CanRedo() const {
+    const Gate gate(*this);
+    return send(SCI_CANREDO) != 0;
+}
+
+void RichTextBox::Undo() {
+    const Operation operation(*this, Running::Code);
+    const Gate gate(*this);
+    send(SCI_UNDO);
+}
+
+void RichTextBox::Redo() {
+    const Operation operation(*this, Running::Code);
+    const Gate gate(*this);
+    send(SCI_REDO);
+}
+
+void RichTextBox::EmptyUndoBuffer() {
+    send(SCI_EMPTYUNDOBUFFER);
+}
+
+}  // namespace klt
