@@ -1,0 +1,47 @@
+// Any bytes are read as text, and no text is lost by writing it.
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "platform/Encoding.h"
+#include "platform/Unicode.h"
+
+namespace {
+
+void require(bool holds) {
+    if (!holds) std::abort();
+}
+
+bool hasOnlyCrLf(const std::string& text) {
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\n' && (i == 0 || text[i - 1] != '\r')) return false;
+        if (text[i] == '\r' && (i + 1 == text.size() || text[i + 1] != '\n')) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    using namespace klt;
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    const auto read = decode(bytes);
+    require(isValidUtf8(read.text) && hasOnlyCrLf(read.text));
+
+    const auto written = encode(read.text, read.encoding);
+    const bool isSame = written.encoding() == read.encoding;
+    // The bytes are bytes of the same file, apart from line ends, which a second round no longer changes.
+    const auto again = decode(std::string(written.bytes()));
+    require(again.text == read.text);
+    require(encode(again.text, again.encoding).bytes() == written.bytes());
+    const bool hadCrLf = withCrLf(bytes) == bytes;
+    const bool isWide = read.encoding == Encoding::Utf16LE || read.encoding == Encoding::Utf16BE;
+    if (hadCrLf && !isWide) require(isSame && written.bytes() == bytes);
+
+    for (const auto encoding : {Encoding::Any, Encoding::Windows1252, Encoding::Utf8, Encoding::Utf8Bom,
+                                Encoding::Utf16LE, Encoding::Utf16BE})
+        require(decode(std::string(encode(read.text, encoding).bytes())).text == read.text);
+    require(fromUtf16(toUtf16(read.text)) == read.text);
+    return 0;
+}

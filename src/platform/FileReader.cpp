@@ -1,0 +1,91 @@
+#include "platform/FileReader.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <new>
+#include <vector>
+
+#include "platform/Descriptor.h"
+#include "platform/LargePages.h"
+
+namespace klt {
+
+namespace {
+
+// Small enough to stay in the processor's cache on its way into the text.
+constexpr size_t kChunk = size_t{256} << 10;
+constexpr size_t kLargestFile = (size_t{1} << 31) - 1;
+constexpr int kTries = 3;
+
+FileBytes failed(int errorNumber) {
+    return {{}, systemFailure(errorNumber)};
+}
+
+bool isSameState(const struct stat& a, const struct stat& b) {
+    return a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec &&
+           a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
+// Reads from the start to the end, wherever that is by now; gives the error number. In chunks that are
+// appended, for a string can't grow without being filled, and a mapped file that shrinks kills its reader.
+int readWhole(int file, size_t expected, std::string& bytes) {
+    bytes.clear();
+    reserveLarge(bytes, expected);
+    std::vector<char> chunk(kChunk);
+    for (;;) {
+        const auto got = pread(file, chunk.data(), chunk.size(), static_cast<off_t>(bytes.size()));
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return errno;
+        if (got == 0) return 0;
+        bytes.append(chunk.data(), static_cast<size_t>(got));
+        if (bytes.size() > kLargestFile) return EFBIG;
+    }
+}
+
+FileBytes readSteady(int file) {
+    for (int i = 0; i < kTries; ++i) {
+        struct stat before {
+        }, after{};
+        if (fstat(file, &before) != 0) return failed(errno);
+        if (static_cast<size_t>(before.st_size) > kLargestFile) return failed(EFBIG);
+        FileBytes result;
+        if (const int error = readWhole(file, static_cast<size_t>(before.st_size), result.bytes))
+            return failed(error);
+        if (fstat(file, &after) != 0) return failed(errno);
+        if (isSameState(before, after)) return result;
+    }
+    return {{}, "The file keeps changing"};
+}
+
+}  // namespace
+
+FileBytes readFile(const std::string& path) {
+    // Not waiting matters for a FIFO, and is without effect on a plain file.
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file) return failed(errno);
+    struct stat info {};
+    if (fstat(file.number(), &info) != 0) return failed(errno);
+    if (S_ISDIR(info.st_mode)) return failed(EISDIR);
+    if (!S_ISREG(info.st_mode)) return {{}, "Not a plain file"};
+    try {
+        return readSteady(file.number());
+    } catch (const std::bad_alloc&) {
+        return failed(ENOMEM);
+    }
+}
+
+TextFile readTextFile(const std::string& path) {
+    auto file = readFile(path);
+    if (file.error) return {{}, Encoding::Any, std::move(file.error)};
+    try {
+        auto decoded = decode(std::move(file.bytes));
+        return {std::move(decoded.text), decoded.encoding, std::nullopt};
+    } catch (const std::bad_alloc&) {
+        return {{}, Encoding::Any, systemFailure(ENOMEM)};
+    }
+}
+
+}  // namespace klt
