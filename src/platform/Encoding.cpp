@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/LargePages.h"
+#include "platform/LineEnds.h"
 #include "platform/Unicode.h"
 
 namespace klt {
@@ -14,7 +15,6 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LEMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BEMark = "\xFE\xFF";
-constexpr size_t kBlock = 64;
 
 // The characters of the bytes from 0x80 to 0x9F. The five without one stand for themselves.
 constexpr std::array<char32_t, 32> kWindows1252 = {
@@ -93,30 +93,6 @@ std::optional<std::string> toWindows1252(std::string_view text) {
     return bytes;
 }
 
-// Whether any CR or LF stands without the other. The loop over a block has a fixed length, so that the
-// compiler makes vector code of it.
-bool hasLoneLineEnds(std::string_view text) {
-    if (text.empty()) return false;
-    if (text.front() == '\n' || text.back() == '\r') return true;
-    size_t place = 0;
-    for (; place + kBlock < text.size(); place += kBlock) {
-        const char* block = text.data() + place;
-        unsigned char lone = 0;
-        for (size_t i = 0; i < kBlock; ++i)
-            lone = static_cast<unsigned char>(lone | ((block[i] == '\r') ^ (block[i + 1] == '\n')));
-        if (lone) return true;
-    }
-    for (; place + 1 < text.size(); ++place)
-        if ((text[place] == '\r') != (text[place + 1] == '\n')) return true;
-    return false;
-}
-
-size_t countLineEnds(std::string_view text) {
-    size_t count = 0;
-    for (const char c : text) count += c == '\r' || c == '\n';
-    return count;
-}
-
 Encoding encodingOf(std::string_view bytes) {
     if (isAscii(bytes)) return Encoding::Any;
     if (bytes.starts_with(kUtf16LEMark) && isValidUtf16(bytes.substr(kUtf16LEMark.size()), false))
@@ -182,31 +158,16 @@ Encoded encodeCharacters(std::string_view text, Encoding encoding) {
 
 Decoded decode(std::string bytes) {
     const auto encoding = encodingOf(bytes);
-    return {withCrLf(textOf(std::move(bytes), encoding)), encoding};
+    auto text = textOf(std::move(bytes), encoding);
+    if (hasOnlyCrLf(text)) return {std::move(text), encoding};
+    return {withCrLf(text), encoding};
 }
 
 Encoded encode(std::string_view text, Encoding encoding) {
-    if (!hasLoneLineEnds(text)) return encodeCharacters(text, encoding);
-    const auto whole = withCrLf(std::string(text));
+    if (hasOnlyCrLf(text)) return encodeCharacters(text, encoding);
+    const auto whole = withCrLf(text);
     const auto encoded = encodeCharacters(whole, encoding);
     return {std::string(encoded.bytes()), encoded.encoding()};
-}
-
-std::string withCrLf(std::string text) {
-    if (!hasLoneLineEnds(text)) return text;
-    std::string result;
-    reserveLarge(result, text.size() + countLineEnds(text));
-    const char *place = text.data(), *end = place + text.size();
-    while (place < end) {
-        const char* stop = place;
-        while (stop < end && *stop != '\r' && *stop != '\n') ++stop;
-        result.append(place, stop);
-        if (stop == end) break;
-        result.append("\r\n");
-        const bool isPair = *stop == '\r' && stop + 1 < end && stop[1] == '\n';
-        place = stop + (isPair ? 2 : 1);
-    }
-    return result;
 }
 
 }  // namespace klt

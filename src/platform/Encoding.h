@@ -42,7 +42,4 @@ private:
 /// another text, is written as UTF-8. A `text` that is no valid UTF-8 is written as it stands.
 Encoded encode(std::string_view text, Encoding encoding);
 
-/// The text with CR LF for every lone CR and LF; without a copy where it has none.
-std::string withCrLf(std::string text);
-
 }  // namespace klt
