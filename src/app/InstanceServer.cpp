@@ -1,6 +1,5 @@
 #include "app/InstanceServer.h"
 
-#include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -8,6 +7,7 @@
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -55,24 +55,38 @@ public:
           completed_(std::move(completed)),
           notifier_(socket_.number(), QSocketNotifier::Read) {
         connect(&notifier_, &QSocketNotifier::activated, this, [this] { readSome(); });
-        QTimer::singleShot(limit, this, [this] { drop(); });
+        connect(&silence_, &QTimer::timeout, this, [this] { endSilence(); });
+        silence_.setSingleShot(true);
+        silence_.start(limit);
     }
 
 private:
-    /// One piece a call, so that nobody who sends much holds the window up.
-    void readSome() {
+    using State = MessageReader::State;
+
+    /// One piece a call, so that nobody who sends much holds the window up. Nothing where there is nothing to
+    /// read. Behind a complete message this may be gone.
+    std::optional<State> readSome() {
         std::array<char, 64 * 1024> piece{};
         const auto count =
             ::recv(socket_.number(), piece.data(), std::min(piece.size(), reader_.wanted()), MSG_DONTWAIT);
-        if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
-        if (count <= 0) return drop();
-        const auto state = reader_.take({piece.data(), static_cast<size_t>(count)});
-        if (state == MessageReader::State::refused) return drop();
-        if (state == MessageReader::State::complete) finish();
+        if (count < 0 && (errno == EAGAIN || errno == EINTR)) return {};
+        const auto state =
+            count <= 0 ? State::refused : reader_.take({piece.data(), static_cast<size_t>(count)});
+        if (state == State::refused) drop();
+        if (state == State::complete) finish();
+        return state;
+    }
+
+    /// Where no events have run for long, the message may lie here all the same.
+    void endSilence() {
+        std::optional state = State::unfinished;
+        while (state == State::unfinished) state = readSome();
+        if (!state) drop();
     }
 
     void drop() {
         notifier_.setEnabled(false);
+        silence_.stop();
         deleteLater();
     }
 
@@ -87,6 +101,7 @@ private:
     Completed completed_;
     MessageReader reader_;
     QSocketNotifier notifier_;
+    QTimer silence_;
 };
 
 }  // namespace
@@ -101,19 +116,24 @@ public:
           silenceLimit_(silenceLimit),
           notifier_(socket_.number(), QSocketNotifier::Read),
           registration_(std::move(registration)) {
-        connect(&notifier_, &QSocketNotifier::activated, this, [this] { acceptOne(); });
+        connect(&notifier_, &QSocketNotifier::activated, this, [this] { acceptWaiting(); });
     }
 
     WindowRegistration& registration() { return registration_; }
 
 private:
-    void acceptOne() {
-        Descriptor socket(::accept4(socket_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-        if (!socket) {
-            if (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS) pause();
-            return;
+    void acceptWaiting() {
+        while (unfinished_ < kMostUnfinished) {
+            Descriptor socket(::accept4(socket_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+            if (!socket && (errno == EINTR || errno == ECONNABORTED)) continue;
+            if (!socket && errno != EAGAIN) pause();
+            if (!socket) return;
+            if (peerIsSameUser(socket.number())) takeIn(std::move(socket));
         }
-        if (!peerIsSameUser(socket.number())) return;
+        notifier_.setEnabled(false);
+    }
+
+    void takeIn(Descriptor socket) {
         auto* incoming = new Incoming(
             std::move(socket), silenceLimit_,
             [handlers = handlers_](Descriptor taken, std::string commandLine) {
@@ -125,7 +145,6 @@ private:
             --unfinished_;
             notifier_.setEnabled(true);
         });
-        if (unfinished_ == kMostUnfinished) notifier_.setEnabled(false);
     }
 
     /// Out of descriptors, the notifier would come again and again at once.

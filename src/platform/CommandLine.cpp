@@ -24,6 +24,14 @@ size_t findSwitch(std::string_view text) {
     return text.npos;
 }
 
+/// How many "/d:/" may be replaced, in any case.
+size_t placesOfDirectory(std::string_view text) {
+    size_t count = 0;
+    for (size_t at = findSwitch(text); at != text.npos; text.remove_prefix(at + 1), at = findSwitch(text))
+        ++count;
+    return count;
+}
+
 std::string quoted(std::string_view text) {
     return '"' + std::string(text) + '"';
 }
@@ -66,9 +74,15 @@ std::string buildCommandLine(const std::vector<std::string>& arguments, std::str
 }
 
 std::string_view describe(CommandLineError error) {
-    return error == CommandLineError::none
-               ? ""
-               : "The directory behind \"/d:\" does not end in \"/\" and a blank.";
+    switch (error) {
+        case CommandLineError::none:
+            break;
+        case CommandLineError::unendedDirectory:
+            return "The directory behind \"/d:\" does not end in \"/\" and a blank.";
+        case CommandLineError::tooLong:
+            return "The paths with the directory behind \"/d:\" are too long.";
+    }
+    return "";
 }
 
 SplitCommandLine splitCommandLine(std::string_view commandLine) {
@@ -85,6 +99,7 @@ SplitCommandLine splitCommandLine(std::string_view commandLine) {
         CanonicalPath(firstCharacters(std::string_view(rest).substr(at + kDirectorySwitch.size()), length));
     rest = StripEnclosingQuotes(std::string_view(rest).substr(slash + 2));
 
+    if (placesOfDirectory(rest) * directory.size() > kLongestPaths) return {{}, CommandLineError::tooLong};
     auto paths = SplitText(rest, kSeparator);
     for (auto& path : paths) path = FastReplace(path, kDirectoryInPath, directory, false);
     return {std::move(paths), {}};

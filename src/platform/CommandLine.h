@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,9 +13,13 @@ namespace klt {
 /// arguments: empty.
 std::string buildCommandLine(const std::vector<std::string>& arguments, std::string_view folder);
 
+/// A directory can stand in a great many paths: this much text, in bytes, is no list of files any more.
+inline constexpr size_t kLongestPaths = 64 * 1024 * 1024;
+
 enum class CommandLineError {
     none,
     unendedDirectory,  ///< "/d:" with no "/ " behind it, so that its directory has no end
+    tooLong,           ///< the paths would fill more than `kLongestPaths` bytes
 };
 
 /// One line that says what is wrong, for people; empty for `none`.

@@ -200,8 +200,9 @@ std::string WindowRegistration::socketPath() const {
 }
 
 bool WindowRegistration::publish(std::string_view title, std::string_view windowClass) {
+    const auto socket = socketPath();
     std::string content;
-    for (const auto field : {windowClass, std::string_view(socketPath()), title})
+    for (const std::string_view field : {windowClass, std::string_view(socket), title})
         content.append(field) += '\0';
     return writeWhole(file_, content);
 }

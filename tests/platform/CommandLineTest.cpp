@@ -74,6 +74,17 @@ TEST(CommandLine, DirectoryWithoutEndIsAnError) {
     }
 }
 
+TEST(CommandLine, DoesNotGrowBeyondMeasure) {
+    std::string line = "/d:/" + std::string(500'000, 'x') + "/ \"";
+    const auto files = [](size_t count) {
+        std::string text;
+        while (count-- > 0) text += "/d:/";
+        return text;
+    };
+    EXPECT_EQ(splitCommandLine(line + files(100) + "\"").error, CommandLineError::none);
+    EXPECT_EQ(splitCommandLine(line + files(100'000) + "\"").error, CommandLineError::tooLong);
+}
+
 TEST(CommandLine, ComesBackAsItWasBuilt) {
     const std::vector<std::string> paths = {"/a b/c", "/", "/\u00E4\xFF", "/x\"", "/\"y", "/tab\there "};
     EXPECT_THAT(splitCommandLine(buildCommandLine(paths, "/home/me")).paths, ElementsAreArray(paths));

@@ -1,0 +1,255 @@
+#include "app/InstanceServer.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <QTest>
+#include <filesystem>
+#include <future>
+#include <thread>
+
+#include "platform/HandOver.h"
+#include "platform/HandOverMessage.h"
+#include "support/ChildProcess.h"
+#include "support/Scratch.h"
+#include "support/UnixSocket.h"
+
+using namespace klt;
+using namespace std::chrono_literals;
+using namespace std::string_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr auto kTitle = "KLT Editor Beta 1.60";
+constexpr auto kLong = 30'000ms;
+
+class InstanceServerTest : public testing::Test {
+protected:
+    void start(std::chrono::milliseconds silenceLimit = kLong) {
+        server_ = std::make_unique<InstanceServer>(
+            instances_, kTitle,
+            InstanceHandlers{[this] { ++activated_; },
+                             [this](std::string line, std::function<void()> done) {
+                                 received_.push_back(std::move(line));
+                                 done_.push_back(std::move(done));
+                             }},
+            silenceLimit);
+        ASSERT_TRUE(server_->isListening());
+    }
+    WindowEntry window() const {
+        const auto found = later_.FindMatchingWindows(kWindowTitleSought, kMainWindowClass);
+        return found.empty() ? WindowEntry() : found.front();
+    }
+    /// A later instance's hand-over; it runs while the test lets events run.
+    static std::future<HandOver> send(const WindowEntry& to, const std::string& line,
+                                      std::chrono::milliseconds limit = kLong) {
+        return std::async(std::launch::async, ActivatePreviousInstance, to, line, limit);
+    }
+    static bool isReady(const std::future<HandOver>& future) {
+        return future.wait_for(0s) == std::future_status::ready;
+    }
+    static HandOver resultOf(std::future<HandOver>& future) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isReady(future); }, 30'000));
+        return future.get();
+    }
+    bool waitForMessages(size_t count) const {
+        return QTest::qWaitFor([&] { return received_.size() == count; }, 30'000);
+    }
+    /// Lets events run until the server has ended this connection.
+    static bool isDropped(const Descriptor& socket) {
+        return QTest::qWaitFor(
+            [&] {
+                char byte = 0;
+                const auto count = ::recv(socket.number(), &byte, 1, MSG_DONTWAIT);
+                return count == 0 || (count < 0 && errno != EAGAIN);
+            },
+            30'000);
+    }
+
+    ScratchFolder scratch_;
+    Instances instances_{scratch_ / "klt-editor"}, later_{scratch_ / "klt-editor"};
+    std::unique_ptr<InstanceServer> server_;
+    int activated_ = 0;
+    std::vector<std::string> received_;
+    std::vector<std::function<void()>> done_;
+};
+
+}  // namespace
+
+TEST_F(InstanceServerTest, TakesACommandLineAndAnswersWhenItsFilesAreOpen) {
+    start();
+    auto sender = send(window(), "\"/a\" \"/\u00E4\xFF\"");
+    ASSERT_TRUE(waitForMessages(1));
+    EXPECT_THAT(received_, ElementsAre("\"/a\" \"/\u00E4\xFF\""));
+    EXPECT_EQ(activated_, 1);
+    QTest::qWait(20);
+    EXPECT_FALSE(isReady(sender)) << "its files are not open yet";
+    done_.front()();
+    EXPECT_EQ(resultOf(sender), HandOver::delivered);
+}
+
+TEST_F(InstanceServerTest, AnEmptyMessageOnlyActivates) {
+    start();
+    auto sender = send(window(), "");
+    EXPECT_EQ(resultOf(sender), HandOver::delivered);
+    EXPECT_EQ(activated_, 1);
+    EXPECT_THAT(received_, IsEmpty());
+}
+
+TEST_F(InstanceServerTest, ServesManyAtOnceEachWithItsOwnAnswer) {
+    start();
+    std::vector<std::future<HandOver>> senders;
+    for (int i = 0; i < 20; ++i) senders.push_back(send(window(), std::to_string(i)));
+    ASSERT_TRUE(waitForMessages(20));
+    for (size_t i = 20; i-- > 0;) {
+        done_[i]();
+        EXPECT_EQ(resultOf(senders[std::stoul(received_[i])]), HandOver::delivered);
+    }
+}
+
+TEST_F(InstanceServerTest, FilesThatAreNeverOpenedAreTheSenders) {
+    start();
+    auto sender = send(window(), "a");
+    ASSERT_TRUE(waitForMessages(1));
+    done_.clear();
+    EXPECT_EQ(resultOf(sender), HandOver::unanswered);
+}
+
+TEST_F(InstanceServerTest, OutlivedByWhatItHasTaken) {
+    start();
+    const auto to = window();
+    auto taken = send(to, "a");
+    ASSERT_TRUE(waitForMessages(1));
+    auto waiting = send(to, "b");
+    const auto half = connectToPath(to.socketPath);
+    server_.reset();
+    EXPECT_THAT(window().socketPath, IsEmpty());
+    EXPECT_FALSE(std::filesystem::exists(to.socketPath));
+    EXPECT_EQ(resultOf(waiting), HandOver::notAcknowledged);
+    EXPECT_TRUE(isDropped(half));
+    done_.front()();
+    EXPECT_EQ(resultOf(taken), HandOver::delivered);
+    EXPECT_THAT(received_, ElementsAre("a"));
+}
+
+TEST_F(InstanceServerTest, MayBeGoneBehindAMessage) {
+    std::unique_ptr<InstanceServer> server;
+    server = std::make_unique<InstanceServer>(instances_, kTitle,
+                                              InstanceHandlers{[] {},
+                                                               [&](const auto&, const auto& done) {
+                                                                   server.reset();
+                                                                   done();
+                                                               }});
+    auto sender = send(window(), "a");
+    EXPECT_EQ(resultOf(sender), HandOver::delivered);
+}
+
+TEST_F(InstanceServerTest, WhatIsClosedBeforeItsAcknowledgementIsNeverOpened) {
+    start();
+    auto frozen = send(window(), "a", 20ms);
+    EXPECT_EQ(frozen.get(), HandOver::notAcknowledged) << "no events have run";
+    sendBytes(connectToPath(window().socketPath), encodeMessage("b"));
+    auto sender = send(window(), "c");
+    ASSERT_TRUE(waitForMessages(1));
+    EXPECT_THAT(received_, ElementsAre("c"));
+    EXPECT_EQ(activated_, 1);
+    done_.clear();
+    resultOf(sender);
+}
+
+TEST_F(InstanceServerTest, DropsWhatIsNoWholeMessage) {
+    start(50ms);
+    const auto whole = encodeMessage("abc");
+    for (const auto& [name, bytes] : {std::pair("silent", ""s),
+                                      {"half a length", "\2\0"s},
+                                      {"half a text", whole.substr(0, 7)},
+                                      {"odd length", "\3\0\0\0abc"s},
+                                      {"more than 1 MiB", "\2\0\x10\0ab"s}}) {
+        const auto open = connectToPath(window().socketPath), closed = connectToPath(window().socketPath);
+        ASSERT_TRUE(open && closed) << name;
+        sendBytes(open, bytes);
+        sendBytes(closed, bytes);
+        ::shutdown(closed.number(), SHUT_WR);
+        EXPECT_TRUE(isDropped(open)) << name;
+        EXPECT_TRUE(isDropped(closed)) << name;
+    }
+    EXPECT_THAT(received_, IsEmpty());
+    EXPECT_EQ(activated_, 0);
+}
+
+// A window that was busy for long finds the message and the end of its time together.
+TEST_F(InstanceServerTest, TakesAMessageThatCameWhileNoEventsRan) {
+    start(100ms);
+    const auto socket = connectToPath(window().socketPath);
+    const auto message = encodeMessage("a");
+    sendBytes(socket, message.substr(0, 2));
+    QTest::qWait(20);
+    sendBytes(socket, message.substr(2));
+    std::this_thread::sleep_for(150ms);
+    ASSERT_TRUE(waitForMessages(1));
+    done_.front()();
+    EXPECT_EQ(receiveBytes(socket, 2), std::string({kAcknowledged, kFilesAreOpen}));
+}
+
+TEST_F(InstanceServerTest, TakesAMessageInPiecesAndUpToTheLimit) {
+    start();
+    const std::string longest(kLongestMessage / 2, 'x');
+    auto sender = send(window(), longest);
+    const auto slow = connectToPath(window().socketPath);
+    for (const char byte : encodeMessage("ab")) {
+        sendBytes(slow, {&byte, 1});
+        QTest::qWait(1);
+    }
+    ASSERT_TRUE(waitForMessages(2));
+    EXPECT_THAT(received_, testing::UnorderedElementsAre("ab", longest));
+    for (const auto& done : done_) done();
+    EXPECT_EQ(resultOf(sender), HandOver::delivered);
+}
+
+TEST_F(InstanceServerTest, ManySilentOnesDoNotKeepOthersOut) {
+    start(100ms);
+    std::vector<Descriptor> silent;
+    for (int i = 0; i < 120; ++i) silent.push_back(connectToPath(window().socketPath));
+    ASSERT_TRUE(silent.back());
+    auto sender = send(window(), "a");
+    ASSERT_TRUE(waitForMessages(1));
+    done_.front()();
+    EXPECT_EQ(resultOf(sender), HandOver::delivered);
+}
+
+TEST_F(InstanceServerTest, IsFoundUnderItsTitleAndClosedToOthers) {
+    start();
+    EXPECT_EQ(window().title, kTitle);
+    server_->setWindowTitle("KLT Editor Beta 1.60 - [Untitled1]");
+    EXPECT_EQ(window().title, "KLT Editor Beta 1.60 - [Untitled1]");
+    struct stat status {};
+    ASSERT_EQ(::stat(window().socketPath.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600U);
+
+    Instances nowhere("");
+    InstanceServer deaf(nowhere, kTitle, {});
+    EXPECT_FALSE(deaf.isListening());
+    deaf.setWindowTitle("KLT Editor");
+}
+
+TEST_F(InstanceServerTest, AnotherUsersMessageIsDropped) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can be two users";
+    start();
+    const auto path = window().socketPath;
+    // What the modes would refuse comes through, so that the peer's user alone decides.
+    for (const auto& open : {scratch_.path(), scratch_ / "klt-editor", path})
+        ASSERT_EQ(chmod(open.c_str(), 0777), 0);
+    ChildProcess other([&](const ChildProcess::Report& report) {
+        if (setuid(65534) != 0) return;
+        const auto socket = connectToPath(path);
+        report(socket && sendBytes(socket, encodeMessage("a")) ? "sent" : "refused");
+        report(receiveBytes(socket).empty() ? "dropped" : "acknowledged");
+    });
+    EXPECT_EQ(other.nextReport(), "sent");
+    auto answer = std::async(std::launch::async, [&] { return other.nextReport(); });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return answer.wait_for(0s) == std::future_status::ready; }, 30'000));
+    EXPECT_EQ(answer.get(), "dropped");
+    EXPECT_THAT(received_, IsEmpty());
+}
