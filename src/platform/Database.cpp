@@ -82,7 +82,7 @@ Statement::Kind Statement::kind(int column) const {
         case SQLITE_TEXT:
             return Kind::Text;
         case SQLITE_BLOB:
-            return Kind::Bytes;
+            return Kind::Blob;
         default:
             return Kind::Nothing;
     }

@@ -28,7 +28,7 @@ enum class DatabaseStatus {
 /// A compiled statement. Parameters and columns count as SQLite's do: from 1 and from 0.
 class Statement {
 public:
-    enum class Kind { Nothing, Integer, Real, Text, Bytes };
+    enum class Kind { Nothing, Integer, Real, Text, Blob };
 
     Statement() = default;
 

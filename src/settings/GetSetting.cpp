@@ -17,13 +17,22 @@ std::string sectionPath(std::string_view application, std::string_view section) 
     return path;
 }
 
+std::optional<StoredValue> find(Store& store, std::string_view application, std::string_view section,
+                                std::string_view key) {
+    const auto path = sectionPath(application, section);
+    return path.empty() ? std::nullopt : store.read({HKEY_CURRENT_USER, path}, key);
+}
+
 }  // namespace
 
 std::string GetSetting(Store& store, std::string_view application, std::string_view section,
                        std::string_view key, SettingDefault fallback) {
-    const auto path = sectionPath(application, section);
-    const auto value = path.empty() ? std::nullopt : store.read({HKEY_CURRENT_USER, path}, key);
+    const auto value = find(store, application, section, key);
     return value ? textOf(*value) : std::move(fallback).text();
+}
+
+bool HasSetting(Store& store, std::string_view application, std::string_view section, std::string_view key) {
+    return find(store, application, section, key).has_value();
 }
 
 bool SaveSetting(Store& store, std::string_view application, std::string_view section, std::string_view key,

@@ -35,6 +35,8 @@ private:
 /// absent or the store can't be read. A text of length 0 is a text.
 std::string GetSetting(Store& store, std::string_view application, std::string_view section,
                        std::string_view key, SettingDefault fallback = {});
+/// Whether anything is stored under the key.
+bool HasSetting(Store& store, std::string_view application, std::string_view section, std::string_view key);
 /// True if the text is stored, on the disk.
 bool SaveSetting(Store& store, std::string_view application, std::string_view section, std::string_view key,
                  std::string_view text);

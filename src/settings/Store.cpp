@@ -100,12 +100,16 @@ std::optional<StoredValue> Store::read(NodePath key, std::string_view name) {
 }
 
 bool Store::write(NodePath key, std::string_view name, const StoredValue& value) {
-    if (lengthOf(value) > kLongestEntry || name.size() > kLongestName) return false;
+    if (!canHold(name, value)) return false;
     if (read(key, name) == value) return true;
     return together([&] {
         const auto id = resolve(*running_, key, IfMissing::Make);
         return id && writeEntry(*running_, *id, name, value);
     });
+}
+
+bool Store::canHold(std::string_view name, const StoredValue& value) {
+    return lengthOf(value) <= kLongestEntry && name.size() <= kLongestName;
 }
 
 bool Store::removeValue(NodePath key, std::string_view name) {
@@ -247,7 +251,7 @@ std::optional<StoredValue> Store::readEntry(StoreConnection& connection, KeyId k
         case Statement::Kind::Integer:
             value.data = entry->integer(1);
             break;
-        case Statement::Kind::Bytes: {
+        case Statement::Kind::Blob: {
             const auto bytes = entry->bytes(1);
             value.data = Bytes(bytes.begin(), bytes.end());
             break;

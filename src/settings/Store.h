@@ -36,6 +36,8 @@ public:
     std::optional<StoredValue> read(NodePath key, std::string_view name);
     /// Writes a value, making the keys on the way. A key and a value keep the spelling of their first use.
     bool write(NodePath key, std::string_view name, const StoredValue& value);
+    /// Whether name and value are within what a store takes.
+    static bool canHold(std::string_view name, const StoredValue& value);
     /// True if the value was there and is gone.
     bool removeValue(NodePath key, std::string_view name);
 

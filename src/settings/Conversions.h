@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace klt {
+
+/// The text without the blanks at both ends.
+std::string_view trimmed(std::string_view text);
+
+/// The number that a stored text spells: decimal, blanks around it, a fraction rounded to the even neighbour,
+/// kept within 32 bits. Nothing for any other text.
+std::optional<std::int32_t> numberFrom(std::string_view text);
+
+/// "True" or "False" in any case, or any number, 0 being false. Nothing for any other text.
+std::optional<bool> truthFrom(std::string_view text);
+
+}  // namespace klt
