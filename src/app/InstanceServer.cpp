@@ -24,6 +24,7 @@ namespace {
 // Connections that have not brought their message yet; more wait in the socket's queue.
 constexpr int kMostUnfinished = 64;
 constexpr int kQueueLength = 128;
+constexpr size_t kPiece = 65536;
 
 bool sendByte(const Descriptor& socket, char byte) {
     return ::send(socket.number(), &byte, 1, MSG_NOSIGNAL | MSG_DONTWAIT) == 1;
@@ -66,7 +67,7 @@ private:
     /// One piece a call, so that nobody who sends much holds the window up. Nothing where there is nothing to
     /// read. Behind a complete message this may be gone.
     std::optional<State> readSome() {
-        std::array<char, 64 * 1024> piece{};
+        std::array<char, kPiece> piece{};
         const auto count =
             ::recv(socket_.number(), piece.data(), std::min(piece.size(), reader_.wanted()), MSG_DONTWAIT);
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) return {};
@@ -117,6 +118,8 @@ public:
           notifier_(socket_.number(), QSocketNotifier::Read),
           registration_(std::move(registration)) {
         connect(&notifier_, &QSocketNotifier::activated, this, [this] { acceptWaiting(); });
+        connect(&pause_, &QTimer::timeout, this, [this] { notifier_.setEnabled(true); });
+        pause_.setSingleShot(true);
     }
 
     WindowRegistration& registration() { return registration_; }
@@ -150,7 +153,7 @@ private:
     /// Out of descriptors, the notifier would come again and again at once.
     void pause() {
         notifier_.setEnabled(false);
-        QTimer::singleShot(std::chrono::seconds(1), this, [this] { notifier_.setEnabled(true); });
+        pause_.start(std::chrono::seconds(1));
     }
 
     static void handOn(const InstanceHandlers& handlers, Descriptor socket, std::string commandLine) {
@@ -167,6 +170,7 @@ private:
     std::chrono::milliseconds silenceLimit_;
     int unfinished_ = 0;
     QSocketNotifier notifier_;
+    QTimer pause_;
     WindowRegistration registration_;
 };
 

@@ -13,6 +13,7 @@
 #include <ctime>
 #include <memory>
 
+#include "platform/FileCalls.h"
 #include "platform/TextSearch.h"
 #include "platform/Unicode.h"
 
@@ -28,7 +29,7 @@ constexpr size_t kIdLength = 24;
 constexpr size_t kLongestSocketPath = 100;
 // The sticky bit keeps a runtime folder's cleaning away from files that nobody touches for hours.
 constexpr mode_t kFileMode = S_ISVTX | S_IRUSR | S_IWUSR;
-constexpr size_t kLongestEntry = 64 * 1024;
+constexpr size_t kLongestEntry = 65536;
 
 bool isOwnFolder(const Descriptor& folder) {
     struct stat status {};
@@ -80,9 +81,8 @@ std::string readWhole(const Descriptor& file) {
 }
 
 bool writeWhole(const Descriptor& file, std::string_view content) {
-    const auto size = static_cast<ssize_t>(content.size());
-    return ::pwrite(file.number(), content.data(), content.size(), 0) == size &&
-           ::ftruncate(file.number(), size) == 0;
+    return writeAll(file.number(), content) == 0 &&
+           ::ftruncate(file.number(), static_cast<off_t>(content.size())) == 0;
 }
 
 /// Class, socket, title, each ended by a NUL: what can change comes last. Nothing for an entry that is not
