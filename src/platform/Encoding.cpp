@@ -66,15 +66,18 @@ std::string toUtf16Bytes(std::string_view text, bool bigEndian) {
 std::string fromWindows1252(std::string_view bytes) {
     std::string text;
     reserveLarge(text, bytes.size() + bytes.size() / 8);
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        appendCharacter(text, byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80U] : byte);
+    for (size_t place = 0;; ++place) {
+        const auto plain = asciiLength(bytes, place);
+        text.append(bytes, place, plain);
+        if ((place += plain) == bytes.size()) return text;
+        const auto byte = static_cast<unsigned char>(bytes[place]);
+        appendCharacter(text, byte < 0xA0 ? kWindows1252[byte - 0x80U] : byte);
     }
-    return text;
 }
 
+// For characters beyond ASCII.
 std::optional<char> windows1252Byte(char32_t code) {
-    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
+    if (code >= 0xA0 && code <= 0xFF) return static_cast<char>(code);
     const auto* found = std::find(kWindows1252.begin(), kWindows1252.end(), code);
     if (found == kWindows1252.end()) return std::nullopt;
     return static_cast<char>(0x80 + (found - kWindows1252.begin()));
@@ -83,14 +86,16 @@ std::optional<char> windows1252Byte(char32_t code) {
 std::optional<std::string> toWindows1252(std::string_view text) {
     std::string bytes;
     reserveLarge(bytes, text.size());
-    for (size_t place = 0; place < text.size();) {
+    for (size_t place = 0;;) {
+        const auto plain = asciiLength(text, place);
+        bytes.append(text, place, plain);
+        if ((place += plain) == text.size()) return bytes;
         const auto character = characterAt(text, place);
         const auto byte = windows1252Byte(character.code);
         if (!byte) return std::nullopt;
         bytes.push_back(*byte);
         place += character.length;
     }
-    return bytes;
 }
 
 Encoding encodingOf(std::string_view bytes) {

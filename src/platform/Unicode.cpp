@@ -21,20 +21,6 @@ bool isHigh(char byte) {
     return static_cast<unsigned char>(byte) >= 0x80;
 }
 
-// How many bytes from `place` on are ASCII, blocks first. The loop over a block has a fixed length, so that
-// the compiler makes vector code of it.
-size_t asciiRun(std::string_view text, size_t place) {
-    const size_t start = place;
-    for (; place + kBlock <= text.size(); place += kBlock) {
-        const char* block = text.data() + place;
-        unsigned char seen = 0;
-        for (size_t i = 0; i < kBlock; ++i) seen |= static_cast<unsigned char>(block[i]);
-        if (seen & 0x80) break;
-    }
-    while (place < text.size() && !isHigh(text[place])) ++place;
-    return place - start;
-}
-
 bool isInsideLineEnd(std::string_view text, size_t place) {
     return place > 0 && place < text.size() && text[place] == '\n' && text[place - 1] == '\r';
 }
@@ -62,12 +48,26 @@ void appendCharacter(std::string& text, char32_t code) {
     text.append(reinterpret_cast<const char*>(bytes), static_cast<size_t>(length));
 }
 
+// How many bytes from `place` on are ASCII, blocks first. The loop over a block has a fixed length, so that
+// the compiler makes vector code of it.
+size_t asciiLength(std::string_view text, size_t place) {
+    const size_t start = place;
+    for (; place + kBlock <= text.size(); place += kBlock) {
+        const char* block = text.data() + place;
+        unsigned char seen = 0;
+        for (size_t i = 0; i < kBlock; ++i) seen |= static_cast<unsigned char>(block[i]);
+        if (seen & 0x80) break;
+    }
+    while (place < text.size() && !isHigh(text[place])) ++place;
+    return place - start;
+}
+
 bool isAscii(std::string_view text) {
-    return asciiRun(text, 0) == text.size();
+    return asciiLength(text, 0) == text.size();
 }
 
 bool isValidUtf8(std::string_view text) {
-    for (size_t place = 0; (place += asciiRun(text, place)) < text.size();) {
+    for (size_t place = 0; (place += asciiLength(text, place)) < text.size();) {
         do {
             const auto length = characterAt(text, place).length;
             if (length == 1) return false;

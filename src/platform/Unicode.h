@@ -18,6 +18,8 @@ Character characterAt(std::string_view text, size_t place);
 
 void appendCharacter(std::string& text, char32_t code);
 
+/// How many bytes from `place` on are ASCII.
+size_t asciiLength(std::string_view text, size_t place);
 bool isAscii(std::string_view text);
 /// No overlong forms, no surrogates, nothing behind U+10FFFF. NUL is a character like others.
 bool isValidUtf8(std::string_view text);
