@@ -22,7 +22,8 @@ public:
     ~ScratchFolder() {
         std::error_code error;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(path_, error))
-            if (entry.is_directory() && !entry.is_symlink()) chmod(entry.path().c_str(), S_IRWXU);
+            if (entry.symlink_status(error).type() == std::filesystem::file_type::directory)
+                chmod(entry.path().c_str(), S_IRWXU);
         std::filesystem::remove_all(path_, error);
         if (error) ADD_FAILURE() << path_ << " stays behind: " << error.message();
     }
