@@ -96,7 +96,7 @@ std::string linkTarget(const std::string& path) {
     }
     const std::unique_ptr<char, decltype(&std::free)> folder(realpath(folderOf(target).c_str(), nullptr),
                                                              &std::free);
-    if (folder == nullptr) return target;
+    if (folder == nullptr || path.empty()) return target;
     const auto name = target.substr(target.rfind('/') + 1);
     const std::string_view real = folder.get();
     return std::string(real == "/" ? "" : real).append("/").append(name);

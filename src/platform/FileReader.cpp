@@ -24,8 +24,10 @@ FileBytes failed(int errorNumber) {
     return {{}, systemFailure(errorNumber)};
 }
 
-bool isSameState(const struct stat& a, const struct stat& b) {
-    return a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec &&
+// The time of change alone is too coarse. A size of 0 is also that of files that the system makes up.
+bool isSteady(const struct stat& a, const struct stat& b, size_t got) {
+    const bool isWhole = b.st_size == 0 || static_cast<size_t>(b.st_size) == got;
+    return isWhole && a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec &&
            a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
 }
 
@@ -55,7 +57,7 @@ FileBytes readSteady(int file) {
         if (const int error = readWhole(file, static_cast<size_t>(before.st_size), result.bytes))
             return failed(error);
         if (fstat(file, &after) != 0) return failed(errno);
-        if (isSameState(before, after)) return result;
+        if (isSteady(before, after, result.bytes.size())) return result;
     }
     return {{}, "The file keeps changing"};
 }

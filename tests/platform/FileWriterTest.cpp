@@ -204,7 +204,7 @@ TEST_F(FileWriter, OnlyPlainFilesAreWritten) {
         {doc("socket"), "Not a plain file"},
         {"/dev/null", "Not a plain file"},
         {doc("none/x"), "No such file or directory"},
-        {doc("new/"), "Is a directory"},
+        {doc("new/"), "No such file or directory"},
         {"", "No such file or directory"},
     };
     for (const auto& [path, error] : rows) {
