@@ -39,6 +39,8 @@ Failure notPlain(mode_t mode) {
 Target openTarget(const std::string& path) {
     Target target;
     target.path = linkTarget(path);
+    if (path.empty()) target.error = systemFailure(ENOENT);
+    if (target.error) return target;
     if (lstat(target.path.c_str(), &target.info) != 0) {
         if (errno != ENOENT) target.error = systemFailure(errno);
         return target;
