@@ -1,0 +1,138 @@
+#include "app/CommandQueue.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <algorithm>
+#include <memory>
+
+#include "ui/RichTextBox.h"
+
+namespace klt {
+namespace {
+
+enum class Handling { Pass, Keep, Refuse };
+
+/// What happens to an event for a document's text area while commands wait.
+Handling handlingOf(const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::InputMethod:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+            return Handling::Keep;
+        case QEvent::MouseMove:
+            return static_cast<const QMouseEvent&>(event).buttons() == Qt::NoButton ? Handling::Pass
+                                                                                    : Handling::Keep;
+        // What is dragged does not outlive the event.
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+            return Handling::Refuse;
+        default:
+            return Handling::Pass;
+    }
+}
+
+/// The document's text area that `receiver` is, or whose viewport it is.
+RichTextBox* documentArea(QObject* receiver) {
+    auto* box = qobject_cast<RichTextBox*>(receiver);
+    if (!box) {
+        auto* parent = qobject_cast<RichTextBox*>(receiver->parent());
+        if (parent && parent->viewport() == receiver) box = parent;
+    }
+    return box && box->kind() == RichTextBox::Kind::Document ? box : nullptr;
+}
+
+bool isFileDrag(const QEvent& event) {
+    const auto* drop = dynamic_cast<const QDropEvent*>(&event);
+    return drop && drop->mimeData() && drop->mimeData()->hasUrls();
+}
+
+}  // namespace
+
+CommandQueue::~CommandQueue() {
+    watchEvents(false);
+}
+
+void CommandQueue::submit(Origin origin, Command command) {
+    waiting_.push_back({origin, std::move(command)});
+    watchEvents(true);
+    carryOut();
+}
+
+void CommandQueue::hold() {
+    ++holds_;
+    watchEvents(true);
+}
+
+void CommandQueue::release() {
+    if (--holds_ == 0) carryOutLater();
+}
+
+void CommandQueue::watchEvents(bool on) {
+    if (std::exchange(watching_, on) == on || !qApp) return;
+    on ? qApp->installEventFilter(this) : qApp->removeEventFilter(this);
+}
+
+void CommandQueue::carryOutLater() {
+    QMetaObject::invokeMethod(
+        this, [this] { carryOut(); }, Qt::QueuedConnection);
+}
+
+void CommandQueue::carryOut() {
+    while (auto command = takeNext()) {
+        // A dialog of this command lets the rest come through its own event loop.
+        if (!waiting_.empty()) carryOutLater();
+        (*command)();
+    }
+    if (!isHeld() && waiting_.empty()) watchEvents(false);
+}
+
+std::optional<CommandQueue::Command> CommandQueue::takeNext() {
+    if (isHeld()) return std::nullopt;
+    const bool dialogIsUp = QApplication::activeModalWidget() != nullptr;
+    const auto next = std::find_if(waiting_.begin(), waiting_.end(), [dialogIsUp](const Waiting& entry) {
+        return !dialogIsUp || entry.origin == Origin::Outside;
+    });
+    if (next == waiting_.end()) return std::nullopt;
+    auto command = std::move(next->command);
+    waiting_.erase(next);
+    return command;
+}
+
+bool CommandQueue::eventFilter(QObject* receiver, QEvent* event) {
+    // A dialog has ended: what waited for it alone can go on.
+    if (event->type() == QEvent::WindowUnblocked) carryOutLater();
+    if (!isHeld() && waiting_.empty()) return false;
+    const Handling handling = handlingOf(*event);
+    if (handling == Handling::Pass || receiver == delivering_ || !documentArea(receiver)) return false;
+    if (handling == Handling::Refuse) {
+        if (isFileDrag(*event)) return false;
+        event->ignore();
+    } else {
+        keepForLater(receiver, *event);
+        event->accept();
+    }
+    return true;
+}
+
+void CommandQueue::keepForLater(QObject* receiver, const QEvent& event) {
+    const std::shared_ptr<QEvent> copy(event.clone());
+    waiting_.push_back({Origin::User, [this, copy, target = QPointer<QObject>(receiver)] {
+                            if (!target) return;
+                            const QScopedValueRollback guard(delivering_,
+                                                             static_cast<const QObject*>(target.data()));
+                            if (copy->type() == QEvent::MouseButtonPress) {
+                                documentArea(target)->setFocus(Qt::MouseFocusReason);
+                            }
+                            QCoreApplication::sendEvent(target, copy.get());
+                        }});
+}
+
+}  // namespace klt

@@ -1,0 +1,150 @@
+#include "app/CommonDialog1.h"
+
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <algorithm>
+
+#include "platform/Paths.h"
+#include "platform/TextOperations.h"
+#include "platform/Unicode.h"
+#include "settings/Names.h"
+#include "ui/MessageBox.h"
+
+namespace klt {
+namespace {
+
+constexpr std::string_view kPolicedTitle = "Select Data File";
+
+bool isBaseFile(const std::string& path) {
+    return upperCase(FileName(path)).find("BASE") != std::string::npos;
+}
+
+bool isPermitted(const std::string& path) {
+    return upperCase(FileExtension(path)) == "KLT" && !isBaseFile(path);
+}
+
+std::string pathOf(const QString& file) {
+    return FullFileName(QFile::encodeName(file).toStdString());
+}
+
+QString fileOf(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+}  // namespace
+
+class CommonDialog1::Dialog : public QFileDialog {
+public:
+    Dialog(CommonDialog1& properties) : properties_(properties) {
+        setObjectName("CommonDialog1");
+        setOptions(DontUseNativeDialog | DontUseCustomDirectoryIcons);
+        // Behind the dialog's own connections, which enable the button too.
+        connect(this, &QFileDialog::currentChanged, this, [this] { police(); });
+        connect(nameEdit(), &QLineEdit::textChanged, this, [this] { police(); });
+    }
+
+    void prepare(QWidget* owner, bool save);
+    std::vector<std::string> chosen() const;
+
+protected:
+    void accept() override;
+
+private:
+    QLineEdit* nameEdit() const { return findChild<QLineEdit*>("fileNameEdit"); }
+    bool isPoliced() const { return properties_.DialogTitle == kPolicedTitle; }
+    void police();
+    bool refusesChoice();
+
+    CommonDialog1& properties_;
+};
+
+void CommonDialog1::Dialog::prepare(QWidget* owner, bool save) {
+    setParent(owner, Qt::Dialog);
+    const unsigned flags = properties_.Flags;
+    setWindowTitle(QString::fromStdString(properties_.DialogTitle));
+    setAcceptMode(save ? AcceptSave : AcceptOpen);
+    setFileMode(flags & kAllowMultiselect ? ExistingFiles : flags & kFileMustExist ? ExistingFile : AnyFile);
+    setOption(DontConfirmOverwrite, !(flags & kOverwritePrompt));
+    const auto filter = SplitText(properties_.Filter, "|");
+    QStringList names;
+    for (size_t n = 0; n < filter.size(); n += 2) names << QString::fromStdString(filter[n]);
+    setNameFilters(names);
+    selectNameFilter(names.value(properties_.FilterIndex - 1));
+    setDefaultSuffix(QString::fromStdString(properties_.DefaultExt));
+    setDirectory(fileOf(properties_.folder_));
+    nameEdit()->clear();
+    selectFile(fileOf(properties_.FileName));
+    nameEdit()->selectAll();
+    nameEdit()->setFocus();
+}
+
+std::vector<std::string> CommonDialog1::Dialog::chosen() const {
+    std::vector<std::string> paths;
+    for (const auto& file : selectedFiles()) paths.push_back(pathOf(file));
+    return paths;
+}
+
+void CommonDialog1::Dialog::police() {
+    if (!isPoliced() || nameEdit()->text().isEmpty()) return;
+    const auto paths = chosen();
+    const bool permitted = std::all_of(paths.begin(), paths.end(), isPermitted);
+    for (const auto which : {QDialogButtonBox::Open, QDialogButtonBox::Save}) {
+        auto* button = findChild<QDialogButtonBox*>()->button(which);
+        if (button) button->setEnabled(permitted);
+    }
+}
+
+/// Whether the choice may not stand; the user is told unless the button said so already.
+bool CommonDialog1::Dialog::refusesChoice() {
+    const auto paths = chosen();
+    if (isPoliced() && parentWidget() != &properties_.mainWindow_ &&
+        std::any_of(paths.begin(), paths.end(), isBaseFile)) {
+        return true;
+    }
+    if (!(properties_.Flags & kPathMustExist) || paths.empty()) return false;
+    const std::string folder = paths.front().substr(0, paths.front().rfind('/') + 1);
+    if (PathExists(folder)) return false;
+    MessageBox(this, "The folder " + folder + " does not exist.", MessageIcon::Exclamation, kTitle);
+    return true;
+}
+
+void CommonDialog1::Dialog::accept() {
+    if (!refusesChoice()) QFileDialog::accept();
+}
+
+CommonDialog1::CommonDialog1(QWidget& mainWindow) : QObject(&mainWindow), mainWindow_(mainWindow) {}
+
+CommonDialog1::~CommonDialog1() = default;
+
+void CommonDialog1::InitDir(const std::string& folder) {
+    folder_ = folder;
+}
+
+std::vector<std::string> CommonDialog1::ShowOpen(QWidget* owner) {
+    return show(owner, false);
+}
+
+std::vector<std::string> CommonDialog1::ShowSave(QWidget* owner) {
+    return show(owner, true);
+}
+
+std::vector<std::string> CommonDialog1::show(QWidget* owner, bool save) {
+    if (!dialog_) dialog_ = new Dialog(*this);
+    dialog_->prepare(owner ? owner : &mainWindow_, save);
+    const QPointer<Dialog> alive = dialog_;
+    const bool accepted = dialog_->exec() == QDialog::Accepted;
+    if (!alive) return {};
+    // An owner that goes takes its children along, and this object has to stay.
+    dialog_->setParent(&mainWindow_, Qt::Dialog);
+    const auto paths = accepted ? alive->chosen() : std::vector<std::string>();
+    FileName = paths.empty() ? std::string() : paths.front();
+    if (!paths.empty()) folder_ = paths.front().substr(0, std::max<size_t>(1, paths.front().rfind('/')));
+    return paths;
+}
+
+}  // namespace klt

@@ -1,0 +1,75 @@
+#include "app/DocumentEvents.h"
+
+#include <QCoreApplication>
+
+#include "app/ModifiedStamp.h"
+#include "app/frmKLTEditor.h"
+#include "app/frmMDIKLTEditor.h"
+#include "app/modVariables.h"
+#include "platform/TextAreaGuards.h"
+#include "platform/Unicode.h"
+#include "ui/BaseFormats.h"
+
+namespace klt {
+
+DocumentEvents::DocumentEvents(modVariables& variables, frmMDIKLTEditor& window)
+    : variables_(variables), window_(window) {
+    connect(&window, &frmMDIKLTEditor::documentLoaded, this, [this](frmKLTEditor* it) { attach(*it); });
+    connect(&window, &frmMDIKLTEditor::documentActivated, this, [this](frmKLTEditor* it) { activate(*it); });
+}
+
+void DocumentEvents::attach(frmKLTEditor& document) {
+    connect(document.RichTextBox1, &RichTextBox::Change, this, [this, &document] { change(document); });
+    connect(document.RichTextBox1, &RichTextBox::SelChange, this, [this, &document] { selChange(document); });
+}
+
+bool DocumentEvents::isActive(const frmKLTEditor& document) const {
+    return window_.ActiveForm() == &document;
+}
+
+void DocumentEvents::change(frmKLTEditor& document) {
+    variables_.LoadingDocuments ? loaded(document) : edited(document);
+}
+
+void DocumentEvents::edited(frmKLTEditor& document) {
+    if (isActive(document)) {
+        window_.panels().showModified(true);
+        window_.panels().showLength(document.RichTextBox1->CharacterCount());
+    }
+    document.Label1->setEnabled(true);
+}
+
+void DocumentEvents::loaded(frmKLTEditor& document) {
+    RichTextBox& text = *document.RichTextBox1;
+    {
+        const RedrawFreeze freeze(text);
+        const NotificationMask mask(text);
+        QCoreApplication::processEvents();
+        SetDocumentFormat(text);
+        stampModified(text);
+        text.Select(0, 0);
+        text.EmptyUndoBuffer();
+    }
+    if (!isActive(document)) return;
+    window_.panels().showModified(false);
+    window_.panels().showLength(text.CharacterCount());
+}
+
+void DocumentEvents::selChange(const frmKLTEditor& document) {
+    if (!isActive(document)) return;
+    const RichTextBox& text = *document.RichTextBox1;
+    const Position line = text.GetLineFromChar(text.SelStart());
+    const std::string_view before = text.Slice(text.LineIndex(line), text.SelStart());
+    window_.panels().showCaret(line + 1, static_cast<Position>(countCharacters(before)) + 1);
+}
+
+void DocumentEvents::activate(const frmKLTEditor& document) {
+    const RaisedFlag activating(variables_.ActivatingDocument);
+    window_.panels().showModified(document.Modified());
+    window_.panels().showLength(document.RichTextBox1->CharacterCount());
+    variables_.CurrentFilePath = document.Caption();
+    window_.Timer1().start();
+    selChange(document);
+}
+
+}  // namespace klt

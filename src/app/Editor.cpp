@@ -1,0 +1,103 @@
+#include "app/Editor.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <utility>
+
+#include "platform/CommandLine.h"
+#include "platform/KeptCopies.h"
+#include "platform/Paths.h"
+#include "platform/Recovery.h"
+#include "settings/Names.h"
+#include "ui/MessageBox.h"
+
+namespace klt {
+
+Editor::Editor(Store& store, Instances* instances, std::string commandLine)
+    : documents(variables, store, queue, [this]() -> frmMDIKLTEditor& { return mainWindow(); }),
+      store_(store),
+      instances_(instances),
+      commandLine_(std::move(commandLine)) {}
+
+Editor::~Editor() = default;
+
+frmMDIKLTEditor& Editor::mainWindow() {
+    if (window_) return *window_;
+    window_ = std::make_unique<frmMDIKLTEditor>(variables, store_, queue);
+    events_ = std::make_unique<DocumentEvents>(variables, *window_);
+    wireWindow();
+    window_->Load();
+    listen();
+    tellOfKeptTexts();
+    window_->show();
+    return *window_;
+}
+
+void Editor::wireWindow() {
+    window_->setCloseCheck([this](frmKLTEditor& document) { return documents.CloseCheck(&document); });
+    connect(&*window_, &frmMDIKLTEditor::MenuClick, this,
+            [this](const QString& key) { queue.submit(Origin::User, [this, key] { MenuClick(key); }); });
+    connect(&*window_, &frmMDIKLTEditor::filesDropped, this, [this](const std::vector<std::string>& paths) {
+        queue.submit(Origin::Outside, [this, paths] { documents.openFiles(paths); });
+    });
+    connect(&*window_, &frmMDIKLTEditor::unloading, this, [this] { server_.reset(); });
+    connect(&*window_, &frmMDIKLTEditor::unloaded, this, [] { QCoreApplication::exit(); });
+}
+
+void Editor::listen() {
+    if (!instances_) return;
+    const auto title = [this] { return window_->windowTitle().toStdString(); };
+    server_ = std::make_unique<InstanceServer>(
+        *instances_, title(),
+        InstanceHandlers{[this] { window_->bringForward(); },
+                         [this](std::string commandLine, std::function<void()> done) {
+                             receive(std::move(commandLine), std::move(done));
+                         }});
+    connect(&*window_, &QWidget::windowTitleChanged, this, [this, title] {
+        if (server_) server_->setWindowTitle(title());
+    });
+}
+
+void Editor::tellOfKeptTexts() {
+    for (const auto& file : recoveryFiles()) {
+        window_->notices().tell("Text that could not be saved is kept in " + file,
+                                [file] { std::ignore = dismissKeptFile(file); });
+    }
+}
+
+void Editor::receive(std::string commandLine, std::function<void()> done) {
+    queue.submit(Origin::Outside, [this, commandLine = std::move(commandLine), done = std::move(done)] {
+        {
+            const RaisedFlag loading(variables.LoadingDocuments);
+            ParseCommandLine(commandLine);
+        }
+        done();
+    });
+}
+
+void Editor::ParseCommandLine(std::string_view commandLine) {
+    const CommandQueue::Hold hold(queue);
+    const auto split = splitCommandLine(commandLine.empty() ? commandLine_ : commandLine);
+    if (split.error != CommandLineError::none) {
+        MessageBox(&mainWindow(), describe(split.error), MessageIcon::Exclamation, kTitle);
+    }
+    for (const auto& path : split.paths) {
+        documents.OpenDocument(CanonicalPath(path));
+        QCoreApplication::processEvents();
+    }
+}
+
+void Editor::MenuClick(const QString& key) {
+    static constexpr std::array<std::pair<const char*, void (Documents::*)()>, 5> kCommands = {{
+        {"F1", &Documents::New},
+        {"F2", &Documents::Open},
+        {"F3", &Documents::Close},
+        {"F4", &Documents::SaveDocument},
+        {"F5", &Documents::SaveDocumentAs},
+    }};
+    for (const auto& [name, command] : kCommands)
+        if (key == QLatin1String(name)) return (documents.*command)();
+    if (key == "F6") mainWindow().close();
+}
+
+}  // namespace klt

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "app/CommandQueue.h"
+#include "app/DocumentEvents.h"
+#include "app/Documents.h"
+#include "app/InstanceServer.h"
+#include "app/frmMDIKLTEditor.h"
+#include "app/modVariables.h"
+
+namespace klt {
+
+class Instances;
+class Store;
+
+/// The objects of the running program, made once and wired to each other.
+class Editor : public QObject {
+public:
+    /// `instances` may be null: then no other process finds this one. `commandLine` is the process's own.
+    Editor(Store& store, Instances* instances, std::string commandLine);
+    ~Editor() override;
+
+    /// The main window, which is loaded and shown at the first call.
+    frmMDIKLTEditor& mainWindow();
+    /// Whether the main window was closed.
+    bool isOver() const { return window_ && window_->isUnloaded(); }
+
+    /// Opens the files of a command line, by default the process's own.
+    void ParseCommandLine(std::string_view commandLine = {});
+    /// Carries out the command of a menu's item.
+    void MenuClick(const QString& key);
+
+    modVariables variables;
+    CommandQueue queue;
+    Documents documents;
+
+private:
+    void wireWindow();
+    void listen();
+    void tellOfKeptTexts();
+    void receive(std::string commandLine, std::function<void()> done);
+
+    Store& store_;
+    Instances* instances_;
+    std::string commandLine_;
+    std::unique_ptr<frmMDIKLTEditor> window_;
+    std::unique_ptr<DocumentEvents> events_;
+    std::unique_ptr<InstanceServer> server_;
+};
+
+}  // namespace klt

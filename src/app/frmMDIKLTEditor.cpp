@@ -1,0 +1,249 @@
+#include "app/frmMDIKLTEditor.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QStatusBar>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "app/WindowPlace.h"
+#include "app/frmKLTEditor.h"
+#include "app/modVariables.h"
+#include "platform/Paths.h"
+#include "settings/Catalogue.h"
+#include "settings/Upgrade.h"
+#include "settings/cRegistry.h"
+
+namespace klt {
+namespace {
+
+constexpr int kTimer1Milliseconds = 100;
+
+std::string programFolder() {
+    return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
+}
+
+std::vector<std::string> localFiles(const QMimeData& data) {
+    std::vector<std::string> paths;
+    for (const auto& url : data.urls())
+        if (url.isLocalFile()) paths.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
+    return paths;
+}
+
+}  // namespace
+
+frmMDIKLTEditor::frmMDIKLTEditor(modVariables& variables, Store& store, CommandQueue& queue)
+    : variables_(variables), store_(store), queue_(queue) {
+    setObjectName("frmMDIKLTEditor");
+    setAcceptDrops(true);
+
+    auto* inside = new QWidget(this);
+    notices_ = new NoticeBar(inside);
+    area_ = new QMdiArea(inside);
+    area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    auto* column = new QVBoxLayout(inside);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(notices_);
+    column->addWidget(area_, 1);
+    setCentralWidget(inside);
+    connect(area_, &QMdiArea::subWindowActivated, this, &frmMDIKLTEditor::activated);
+
+    timer1_.setObjectName("Timer1");
+    timer1_.setInterval(kTimer1Milliseconds);
+    connect(&timer1_, &QTimer::timeout, this, &frmMDIKLTEditor::giveFocusBack);
+}
+
+frmMDIKLTEditor::~frmMDIKLTEditor() = default;
+
+void frmMDIKLTEditor::Load() {
+    buildMenus();
+    buildStatusBar();
+    restorePlace(*this, store_);
+    setWindowTitle(QString::fromLatin1(kTitle.data(), kTitle.size()));
+    prepareFileDialog();
+    upgradeSettings(store_);
+    loadRecentFiles();
+    updateMenus();
+}
+
+void frmMDIKLTEditor::buildMenus() {
+    fileMenu_.emplace(*menuBar());
+    connect(&*fileMenu_, &FileMenu::MenuClick, this, &frmMDIKLTEditor::MenuClick);
+    connect(&*fileMenu_, &FileMenu::dropping, this, &frmMDIKLTEditor::updateMenus);
+}
+
+void frmMDIKLTEditor::buildStatusBar() {
+    panels_.emplace(*statusBar());
+    panels_->showCaret(1, 1);
+    statusBar()->setVisible(readSetting(store_, settings::kShowStatusBar));
+}
+
+void frmMDIKLTEditor::prepareFileDialog() {
+    fileDialog_ = new CommonDialog1(*this);
+    std::string folder = readSetting(store_, settings::kDataFilesPath, programFolder());
+    if (!PathExists(folder)) {
+        folder = programFolder();
+        writeSetting(store_, settings::kDataFilesPath, folder);
+    }
+    fileDialog_->InitDir(folder);
+}
+
+void frmMDIKLTEditor::loadRecentFiles() {
+    cRegistry registry(store_);
+    registry.ClassKey(HKEY_CURRENT_USER);
+    registry.SectionKey(recentFilesPath());
+    variables_.RecentFiles.MaxFileCount(cMRUFileList::storedCapacity(registry));
+    variables_.RecentFiles.Load(registry);
+}
+
+frmKLTEditor& frmMDIKLTEditor::loadDocument() {
+    const auto* active = ActiveForm();
+    const bool maximised = !active || subWindowOf(*active)->isMaximized();
+    auto* document = new frmKLTEditor;
+    document->QueryUnload = [this, document] { return documentQueryUnload(*document); };
+    auto* subWindow = area_->addSubWindow(document);
+    // Its Ctrl+F4 would stand against the menu's.
+    delete subWindow->systemMenu();
+    subWindow->setSystemMenu(nullptr);
+    if (maximised) subWindow->setWindowState(Qt::WindowMaximized);
+    forms_.add(*document);
+    emit documentLoaded(document);
+    showDocument(*document);
+    return *document;
+}
+
+void frmMDIKLTEditor::showDocument(frmKLTEditor& document) {
+    auto* subWindow = subWindowOf(document);
+    subWindow->show();
+    area_->setActiveSubWindow(subWindow);
+    document.RichTextBox1->setFocus();
+    activate(document);
+}
+
+QMdiSubWindow* frmMDIKLTEditor::subWindowOf(const frmKLTEditor& document) const {
+    return qobject_cast<QMdiSubWindow*>(document.parentWidget());
+}
+
+/// The area names none while the main window is minimised or not yet shown; the document then stays active.
+void frmMDIKLTEditor::activated(QMdiSubWindow* window) {
+    auto* document = window ? qobject_cast<frmKLTEditor*>(window->widget()) : nullptr;
+    if (document && forms_.contains(document)) activate(*document);
+}
+
+void frmMDIKLTEditor::activate(frmKLTEditor& document) {
+    if (!forms_.activate(document)) return;
+    emit documentActivated(&document);
+    updateMenus();
+}
+
+void frmMDIKLTEditor::closeDocument(frmKLTEditor& document) {
+    subWindowOf(document)->close();
+}
+
+bool frmMDIKLTEditor::documentQueryUnload(frmKLTEditor& document) {
+    if (!forms_.contains(&document)) return false;
+    if (!document.AppEnd) {
+        if (queue_.isHeld()) {
+            queue_.submit(Origin::User, [this, later = QPointer<frmKLTEditor>(&document)] {
+                if (later) closeDocument(*later);
+            });
+            return true;
+        }
+        variables_.CurrentFilePath = document.Caption();
+        if (closeCheck_ && closeCheck_(document)) return true;
+    }
+    const bool wasActive = ActiveForm() == &document;
+    forms_.remove(document);
+    auto* next = forms_.active();
+    if (!next) panels_->clear();
+    if (next && wasActive) emit documentActivated(next);
+    updateMenus();
+    return false;
+}
+
+void frmMDIKLTEditor::updateMenus() {
+    const auto* active = ActiveForm();
+    fileMenu_->update(active ? &active->Caption() : nullptr);
+}
+
+void frmMDIKLTEditor::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (closing_) return;
+    if (queue_.isHeld()) {
+        queue_.submit(Origin::User, [this] { close(); });
+        return;
+    }
+    const CommandQueue::Hold hold(queue_);
+    const QScopedValueRollback closing(closing_, true);
+    if (!queryUnload()) return;
+    unload();
+    event->accept();
+}
+
+bool frmMDIKLTEditor::queryUnload() {
+    // Each is asked, whatever has become of the others meanwhile.
+    for (auto* form : std::vector(forms_.documents())) {
+        const QPointer<frmKLTEditor> document(form);
+        if (!forms_.contains(form)) continue;
+        variables_.CurrentFilePath = document->Caption();
+        const bool stays = closeCheck_ && closeCheck_(*document);
+        if (!document) continue;
+        document->AppEnd = !stays;
+        if (stays) return false;
+        closeDocument(*document);
+    }
+    timer1_.stop();
+    return true;
+}
+
+void frmMDIKLTEditor::unload() {
+    emit unloading();
+    storePlace(*this, store_);
+    hide();
+    DeleteSetting(store_, kSettingsApplication, "Special", "frmAboutBox Easter Egg");
+    unloaded_ = true;
+    emit unloaded();
+}
+
+void frmMDIKLTEditor::bringForward() {
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+/// The focus comes back to the text once no dialog is up and no activation is under way.
+void frmMDIKLTEditor::giveFocusBack() {
+    if (QApplication::activeModalWidget() || variables_.ActivatingDocument) return;
+    timer1_.stop();
+    if (auto* document = ActiveForm()) document->RichTextBox1->setFocus();
+}
+
+bool frmMDIKLTEditor::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) variables_.AppIsActive = true;
+    if (event->type() == QEvent::WindowDeactivate) variables_.AppIsActive = false;
+    return QMainWindow::event(event);
+}
+
+void frmMDIKLTEditor::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+void frmMDIKLTEditor::dropEvent(QDropEvent* event) {
+    const auto paths = localFiles(*event->mimeData());
+    if (paths.empty()) return;
+    event->acceptProposedAction();
+    emit filesDropped(paths);
+}
+
+}  // namespace klt

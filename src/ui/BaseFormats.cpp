@@ -1,0 +1,10 @@
+#include "ui/BaseFormats.h"
+
+namespace klt {
+
+void SetDocumentFormat(RichTextBox& text) {
+    text.setTextFont(documentFont());
+    text.setStyleFormats(StyleFormats{});
+}
+
+}  // namespace klt

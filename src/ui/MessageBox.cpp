@@ -1,0 +1,32 @@
+#include "ui/MessageBox.h"
+
+#include <QPointer>
+#include <memory>
+
+namespace klt {
+namespace {
+
+QString fromUtf8(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+QMessageBox::StandardButton MessageBox(QWidget* owner, std::string_view text, MessageIcon icon,
+                                       std::string_view title, QMessageBox::StandardButtons buttons) {
+    // On the heap, since the owner may take it along.
+    const QPointer<QMessageBox> box =
+        new QMessageBox(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
+                        fromUtf8(title), QString(), buttons, owner);
+    box->setObjectName("MessageBox");
+    box->setTextFormat(Qt::PlainText);
+    box->setText(fromUtf8(text));
+    for (const auto first : {QMessageBox::Ok, QMessageBox::Yes})
+        if (buttons.testFlag(first)) box->setDefaultButton(first);
+    const auto answer = static_cast<QMessageBox::StandardButton>(box->exec());
+    if (!box) return QMessageBox::NoButton;
+    delete box;
+    return answer;
+}
+
+}  // namespace klt

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/Editor.h"
+#include "app/frmKLTEditor.h"
+#include "platform/Clock.h"
+#include "platform/Instances.h"
+#include "settings/Store.h"
+#include "support/Scratch.h"
+
+namespace klt {
+
+/// The objects of the running program over scratch folders, on a day of 2001. Controls are found by name.
+class EditorFixture : public testing::Test {
+protected:
+    EditorFixture() { restart(); }
+    ~EditorFixture() override {
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "a dialog was left open";
+        EXPECT_EQ(waitingAnswers_, 0) << "a dialog was expected and never came";
+    }
+
+    /// A new program on the same folders; the old one ends without being asked.
+    void restart(std::string commandLine = {}) {
+        editor_.reset();
+        editor_ = std::make_unique<Editor>(store, nullptr, std::move(commandLine));
+    }
+    Editor& editor() { return *editor_; }
+    modVariables& variables() { return editor_->variables; }
+    frmMDIKLTEditor& window() { return editor_->mainWindow(); }
+
+    std::string file(std::string_view name, std::string_view bytes) {
+        const std::string path = home / name;
+        writeBytes(path, bytes);
+        return path;
+    }
+    frmKLTEditor& open(const std::string& path) {
+        editor_->documents.openFiles({path});
+        return active();
+    }
+    frmKLTEditor& openNew() {
+        editor_->documents.New();
+        return active();
+    }
+    frmKLTEditor& active() {
+        if (!window().ActiveForm()) throw std::logic_error("no document is active");
+        return *window().ActiveForm();
+    }
+    static QMdiSubWindow& subWindow(frmKLTEditor& document) {
+        return dynamic_cast<QMdiSubWindow&>(*document.parentWidget());
+    }
+    static std::string textOf(const frmKLTEditor& document) {
+        return std::string(document.RichTextBox1->Text());
+    }
+
+    /// Types into the active document.
+    void type(const QString& text) { QTest::keyClicks(active().RichTextBox1, text); }
+
+    QAction* action(const char* key) { return window().findChild<QAction*>(key); }
+    std::string panel(int number) {
+        return window().findChild<QLabel*>("Panel" + QString::number(number))->text().toStdString();
+    }
+    /// The notice that the bar shows; empty while it is hidden.
+    std::string notice() {
+        const auto* bar = window().findChild<QWidget*>("NoticeBar");
+        return bar->isHidden() ? std::string() : bar->findChild<QLabel*>("NoticeText")->text().toStdString();
+    }
+    void dismissNotice() { QTest::mouseClick(window().findChild<QWidget*>("NoticeDismiss"), Qt::LeftButton); }
+
+    /// `answer` meets the next modal dialog that comes up; it must close it.
+    template <typename DialogClass>
+    void answerNext(std::function<void(DialogClass&)> answer) {
+        ++waitingAnswers_;
+        poll([this, answer] {
+            auto* dialog = qobject_cast<DialogClass*>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isVisible()) return false;
+            --waitingAnswers_;
+            answer(*dialog);
+            return true;
+        });
+    }
+    /// Presses a button of the next message box, whose text and title go into `asked`.
+    void answerMessage(QMessageBox::StandardButton button) {
+        answerNext<QMessageBox>([this, button](QMessageBox& box) {
+            asked.push_back(box.text().toStdString());
+            lastIcon = box.icon();
+            lastTitle = box.windowTitle().toStdString();
+            QTest::mouseClick(box.button(button), Qt::LeftButton);
+        });
+    }
+    /// Types a path into the next file dialog and presses Enter; an empty one cancels.
+    void answerFileDialog(const std::string& path) {
+        answerNext<QFileDialog>([this, path](QFileDialog& dialog) {
+            auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+            lastTitle = dialog.windowTitle().toStdString();
+            proposed = name->text().toStdString();
+            if (path.empty()) return dialog.reject();
+            name->setText(QString::fromStdString(path));
+            QTest::keyClick(name, Qt::Key_Enter);
+        });
+    }
+
+    ScratchHome home;
+    Store store;
+    FixedToday day{{2001, 3, 7}};
+    std::vector<std::string> asked;
+    QMessageBox::Icon lastIcon = QMessageBox::NoIcon;
+    std::string lastTitle;
+    std::string proposed;
+
+private:
+    /// Tries again and again, while events run, until it succeeds.
+    static void poll(std::function<bool()> attempt) {
+        QTimer::singleShot(1, [attempt] {
+            if (!attempt()) poll(attempt);
+        });
+    }
+
+    int waitingAnswers_ = 0;
+    std::unique_ptr<Editor> editor_;
+};
+
+}  // namespace klt
