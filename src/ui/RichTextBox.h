@@ -3,6 +3,7 @@
 #include <Qsci/qsciscintillabase.h>
 
 #include <QByteArray>
+#include <QClipboard>
 #include <QString>
 #include <optional>
 #include <string>
@@ -149,11 +150,13 @@ private:
 
     bool handleEditingKey(const QKeyEvent& event);
     bool leavesToWindow(const QKeyEvent& event) const;
+    void pasteFrom(QClipboard::Mode mode);
     void deleteBack();
     void deleteForward();
     void deleteWordBack();
     void deleteWordForward();
     void deleteExtended(unsigned extend);
+    bool deleteRange(TextRange range);
     void newLine();
     void tab();
     Position placeAt(const QPointF& point) const;

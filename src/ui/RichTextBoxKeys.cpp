@@ -1,9 +1,11 @@
 // What the keys do. Scintilla's own chords are all taken away: many edit in ways that nobody expects here.
 
+#include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <algorithm>
 #include <array>
 
@@ -178,20 +180,38 @@ void RichTextBox::Copy() {
 }
 
 void RichTextBox::Paste() {
+    pasteFrom(QClipboard::Clipboard);
+}
+
+/// Scintilla's own paste would end at a NUL.
+void RichTextBox::pasteFrom(QClipboard::Mode mode) {
+    const QMimeData* const source = QGuiApplication::clipboard()->mimeData(mode);
+    if (source == nullptr || !source->hasText()) return;
     const Operation operation(*this, Running::Code);
-    edit(selection(), true, [&] { send(SCI_PASTE); });
+    bool isRectangular = false;
+    const QByteArray text = fromMimeData(source, isRectangular);
+    if (!text.isEmpty() && SetSelText({text.data(), static_cast<size_t>(text.size())})) ScrollCaret();
 }
 
 void RichTextBox::deleteBack() {
     TextRange range = selection();
     if (range.start == range.end) range.start = send(SCI_POSITIONBEFORE, range.start);
-    edit(range, false, [&] { send(SCI_DELETEBACK); });
+    deleteRange(range);
 }
 
 void RichTextBox::deleteForward() {
     TextRange range = selection();
     if (range.start == range.end) range.end = send(SCI_POSITIONAFTER, range.end);
-    edit(range, false, [&] { send(SCI_CLEAR); });
+    deleteRange(range);
+}
+
+/// Unlike the base's own deletion this one never takes more than was looked at.
+bool RichTextBox::deleteRange(TextRange range) {
+    return edit(range, false, [&] {
+        send(SCI_DELETERANGE, range.start, range.end - range.start);
+        caretPlaced_ = true;
+        ScrollCaret();
+    });
 }
 
 void RichTextBox::deleteWordBack() {
@@ -205,7 +225,7 @@ void RichTextBox::deleteWordForward() {
 void RichTextBox::deleteExtended(unsigned extend) {
     const TextRange before = selection();
     if (before.start == before.end) send(extend);
-    if (!edit(selection(), false, [&] { send(SCI_CLEAR); })) place(before, false);
+    if (!deleteRange(selection())) place(before, false);
 }
 
 void RichTextBox::newLine() {

@@ -32,10 +32,16 @@ Position RichTextBox::placeAt(const QPointF& point) const {
 
 void RichTextBox::mousePressEvent(QMouseEvent* event) {
     const Operation operation(*this, Running::Event);
+    if (event->button() == Qt::MiddleButton) {
+        const Position at = placeAt(event->position());
+        if (!protection_.permit({at, at}, true)) return;
+        setFocus(Qt::MouseFocusReason);
+        SetSelStart(at);
+        pasteFrom(QClipboard::Selection);
+        return;
+    }
     QMouseEvent press = plain(*event);
-    if (event->button() != Qt::MiddleButton) return QsciScintillaBase::mousePressEvent(&press);
-    const Position at = placeAt(event->position());
-    edit({at, at}, true, [&] { QsciScintillaBase::mousePressEvent(&press); });
+    QsciScintillaBase::mousePressEvent(&press);
 }
 
 void RichTextBox::mouseMoveEvent(QMouseEvent* event) {

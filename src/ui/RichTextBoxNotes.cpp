@@ -61,7 +61,8 @@ void RichTextBox::settle() {
         lastSelection_ = whole;
         return;
     }
-    if (!composing_ && std::exchange(changed_, false)) emit Change();
+    if (composing_) return;
+    if (std::exchange(changed_, false)) emit Change();
     if (const TextRange moved = selection(); moved != lastSelection_) {
         lastSelection_ = moved;
         emit SelChange();
