@@ -1,0 +1,104 @@
+// The text area with texts of many megabytes: what opening, colouring and finding stand on.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <string>
+
+#include "SampleText.h"
+#include "platform/TextSearch.h"
+#include "ui/RichTextBox.h"
+
+namespace klt {
+namespace {
+
+/// Widgets want an application; an offscreen one needs no display, and leaves the environment as it is.
+void needApplication() {
+    static int argc = 3;
+    static char name[] = "klt-bench", option[] = "-platform", platform[] = "offscreen";
+    static char* argv[] = {name, option, platform, nullptr};
+    // Not destroyed: nothing may outlive it, and the process ends anyway.
+    static auto* const application = new QApplication(argc, argv);
+    benchmark::DoNotOptimize(application);
+}
+
+std::string textOf(const benchmark::State& state) {
+    return bench::sampleText(static_cast<size_t>(state.range(0)) * 1'000'000);
+}
+
+void countBytes(benchmark::State& state, size_t size) {
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(size));
+}
+
+void SetText(benchmark::State& state) {
+    needApplication();
+    const std::string text = textOf(state);
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        auto* const box = new RichTextBox;
+        state.ResumeTiming();
+        box->SetText(text);
+        state.PauseTiming();
+        delete box;
+        state.ResumeTiming();
+    }
+    countBytes(state, text.size());
+}
+BENCHMARK(SetText)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond);
+
+void SetStyles(benchmark::State& state) {
+    needApplication();
+    const std::string text = textOf(state);
+    const std::string styles[] = {std::string(text.size(), '\1'), std::string(text.size(), '\2')};
+    RichTextBox box;
+    box.SetText(text);
+    size_t round = 0;
+    for ([[maybe_unused]] auto _ : state) box.SetStyles(styles[++round % 2]);
+    countBytes(state, text.size());
+}
+BENCHMARK(SetStyles)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond);
+
+void TypeAtTheEnd(benchmark::State& state) {
+    needApplication();
+    RichTextBox box;
+    box.SetText(textOf(state));
+    box.SetSelStart(box.Length());
+    for ([[maybe_unused]] auto _ : state) box.SetSelText("x");
+}
+BENCHMARK(TypeAtTheEnd)->Arg(50)->Unit(benchmark::kMicrosecond);
+
+void CountCharacters(benchmark::State& state) {
+    needApplication();
+    RichTextBox box;
+    box.SetText(textOf(state));
+    for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(box.CharacterCount());
+}
+BENCHMARK(CountCharacters)->Arg(50)->Unit(benchmark::kMillisecond);
+
+void RewriteRuns(benchmark::State& state) {
+    needApplication();
+    RichTextBox box;
+    box.SetText(textOf(state));
+    const Position step = box.Length() / 100'000;
+    size_t round = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const std::string_view word = ++round % 2 == 0 ? "Gives" : "gIVES";
+        for (Position place = 0; place + step < box.Length(); place += step) box.RewriteRun(place, word);
+    }
+    state.SetItemsProcessed(state.iterations() * 100'000);
+}
+BENCHMARK(RewriteRuns)->Arg(50)->Unit(benchmark::kMillisecond);
+
+void FindNothing(benchmark::State& state, const char* find, bool matchCase) {
+    const std::string text = textOf(state);
+    const TextSearch search(find, matchCase);
+    for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(search.next(text));
+    countBytes(state, text.size());
+}
+BENCHMARK_CAPTURE(FindNothing, Word, "xylophone", false)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FindNothing, CommonLetters, "senate", false)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FindNothing, Exact, "xylophone", true)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FindNothing, BeyondAscii, "\u00E4\u00F6", false)->Arg(50)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace klt
