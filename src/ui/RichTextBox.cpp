@@ -7,6 +7,7 @@
 
 #include "language/StyleCategory.h"
 #include "platform/Unicode.h"
+#include "ui/LargeBlocks.h"
 #include "ui/RichTextBoxGuards.h"
 
 namespace klt {
@@ -24,6 +25,7 @@ QByteArray bytesOf(std::string_view text) {
 
 RichTextBox::RichTextBox(Kind kind, QWidget* parent)
     : QsciScintillaBase(parent), kind_(kind), font_(kind == Kind::Field ? fieldFont() : documentFont()) {
+    useLargeBlocks();
     setUpText();
     setUpKeys();
     applyFormats();
