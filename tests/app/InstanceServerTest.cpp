@@ -101,6 +101,7 @@ TEST_F(InstanceServerTest, AnEmptyMessageOnlyActivates) {
 TEST_F(InstanceServerTest, ServesManyAtOnceEachWithItsOwnAnswer) {
     start();
     std::vector<std::future<HandOver>> senders;
+    senders.reserve(20);
     for (int i = 0; i < 20; ++i) senders.push_back(send(window(), std::to_string(i)));
     ASSERT_TRUE(waitForMessages(20));
     for (size_t i = 20; i-- > 0;) {
@@ -210,8 +211,8 @@ TEST_F(InstanceServerTest, TakesAMessageInPiecesAndUpToTheLimit) {
 
 TEST_F(InstanceServerTest, ManySilentOnesDoNotKeepOthersOut) {
     start(100ms);
-    std::vector<Descriptor> silent;
-    for (int i = 0; i < 120; ++i) silent.push_back(connectToPath(window().socketPath));
+    std::vector<Descriptor> silent(120);
+    for (auto& socket : silent) socket = connectToPath(window().socketPath);
     ASSERT_TRUE(silent.back());
     auto sender = send(window(), "a");
     ASSERT_TRUE(waitForMessages(1));

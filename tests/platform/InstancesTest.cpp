@@ -23,6 +23,7 @@ constexpr auto kClass = kMainWindowClass;
 
 std::vector<std::string> titlesOf(const std::vector<WindowEntry>& windows) {
     std::vector<std::string> titles;
+    titles.reserve(windows.size());
     for (const auto& window : windows) titles.push_back(window.title);
     return titles;
 }
@@ -66,6 +67,7 @@ TEST_F(InstancesTest, TheFirstIsFirstForLife) {
 
 TEST_F(InstancesTest, OfTwentyAtOnceExactlyOneIsFirst) {
     std::vector<ChildProcess> children;
+    children.reserve(20);
     for (int i = 0; i < 20; ++i)
         children.emplace_back([&](const ChildProcess::Report& report) {
             Instances instances(folder_);

@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -35,7 +36,9 @@ public:
         _exit(0);
     }
     ChildProcess(ChildProcess&& other) noexcept
-        : pid_(std::exchange(other.pid_, -1)), reports_(std::exchange(other.reports_, -1)) {}
+        : pid_(std::exchange(other.pid_, -1)),
+          reports_(std::exchange(other.reports_, -1)),
+          status_(std::exchange(other.status_, 0)) {}
     ChildProcess& operator=(ChildProcess&&) = delete;
     ~ChildProcess() {
         kill();
@@ -58,11 +61,23 @@ public:
         signal(SIGSTOP);
         waitpid(pid_, nullptr, WUNTRACED);
     }
+    bool isRunning() { return !status_ && !reap(WNOHANG); }
+    /// The exit status; nothing while it runs, and where a signal ended it.
+    std::optional<int> exitStatus() {
+        if (isRunning() || !WIFEXITED(*status_)) return {};
+        return WEXITSTATUS(*status_);
+    }
+    /// Waits for its end, at most half a minute.
+    std::optional<int> waitForEnd() {
+        constexpr int kTries = 3000;
+        for (int i = 0; i < kTries && isRunning(); ++i) poll(nullptr, 0, 10);
+        return exitStatus();
+    }
     /// Kills it and waits for its end.
     void kill() {
-        if (pid_ <= 0) return;
+        if (!isRunning()) return;
         signal(SIGKILL);
-        waitpid(std::exchange(pid_, -1), nullptr, 0);
+        reap(0);
     }
 
     [[noreturn]] static void sleepForever() {
@@ -70,8 +85,17 @@ public:
     }
 
 private:
+    /// True once it has ended.
+    bool reap(int options) {
+        int status = 0;
+        if (pid_ > 0 && waitpid(pid_, &status, options) != pid_) return false;
+        status_ = status;
+        return true;
+    }
+
     pid_t pid_ = -1;
     int reports_ = -1;
+    std::optional<int> status_;
 };
 
 }  // namespace klt
