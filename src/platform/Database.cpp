@@ -3,6 +3,8 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <chrono>
+#include <thread>
 
 namespace klt {
 
@@ -133,7 +135,13 @@ DatabaseStatus Database::prepare(std::string_view sql, Statement& statement) {
 }
 
 void Database::setWait(int milliseconds) {
-    sqlite3_busy_timeout(database_.get(), milliseconds);
+    // SQLite's own waiting sleeps ever longer, and starves beside a process that writes without a pause.
+    const auto wait = [](void* most, int waited) -> int {
+        if (waited >= static_cast<int>(reinterpret_cast<std::intptr_t>(most))) return 0;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        return 1;
+    };
+    sqlite3_busy_handler(database_.get(), wait, reinterpret_cast<void*>(std::intptr_t{milliseconds}));
 }
 
 void Database::limitLength(int bytes) {

@@ -84,9 +84,8 @@ private:
 std::optional<StoredValue> Store::read(NodePath key, std::string_view name) {
     auto known = knownName(key, name);
     if (!running_) {
-        const auto* connection = file_.connect(StoreFile::Purpose::Reading);
-        if (!connection) return std::nullopt;
-        if (connection->knownAt && connection->knownAt == connection->database.changeCounter())
+        const auto* connection = file_.current();
+        if (connection && connection->knownAt && connection->knownAt == connection->database.changeCounter())
             if (const auto found = connection->known.find(known); found != connection->known.end())
                 return found->second;
     }
@@ -158,10 +157,11 @@ bool Store::together(const std::function<bool()>& work) {
     // A file that was replaced under the transaction took what was written with it: once more, in the new
     // one.
     for (int round = 0; round < 3; ++round) {
-        auto* connection = file_.connect(StoreFile::Purpose::Writing);
+        StoreFile::Visit visit(file_);
+        auto* connection = visit.connect(StoreFile::Purpose::Writing);
         if (!connection) return false;
         const auto fate = attempt(*connection, work);
-        file_.note(failure_);
+        visit.note(failure_);
         if (fate != Fate::Moved) return fate == Fate::Kept;
     }
     return false;
@@ -174,7 +174,6 @@ Store::Fate Store::attempt(StoreConnection& connection, const std::function<bool
         failure_ = transaction.status();
         return Fate::Dropped;
     }
-    if (connection.database.fileHasMoved()) return Fate::Moved;
     {
         const Running running(*this, connection);
         if (!work()) return Fate::Dropped;
@@ -188,14 +187,15 @@ Store::Fate Store::attempt(StoreConnection& connection, const std::function<bool
 
 void Store::reading(const std::function<void(StoreConnection&)>& work) {
     if (running_) return work(*running_);
-    auto* connection = file_.connect(StoreFile::Purpose::Reading);
+    StoreFile::Visit visit(file_);
+    auto* connection = visit.connect(StoreFile::Purpose::Reading);
     if (!connection) return;
     failure_ = DatabaseStatus::Done;
     {
         const Transaction transaction(connection->database, Transaction::For::Reading);
         if (transaction.begun()) work(*connection);
     }
-    file_.note(failure_);
+    visit.note(failure_);
 }
 
 DatabaseStatus Store::step(const StatementUse& statement) {

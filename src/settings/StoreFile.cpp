@@ -1,18 +1,15 @@
 #include "settings/StoreFile.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <string_view>
-#include <thread>
 #include <utility>
 
 #include "platform/Descriptor.h"
@@ -72,25 +69,6 @@ std::string folderOf(const std::string& path) {
     return folder.empty() ? "." : folder;
 }
 
-/// Keeps other processes from moving files aside in the same folder. Nothing is left behind in it.
-class FolderLock {
-public:
-    explicit FolderLock(const std::string& folder)
-        : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        using namespace std::chrono;
-        const auto end = steady_clock::now() + milliseconds(kPatience);
-        while (folder_ && !(held_ = flock(folder_.number(), LOCK_EX | LOCK_NB) == 0)) {
-            if (errno != EWOULDBLOCK || steady_clock::now() > end) return;
-            std::this_thread::sleep_for(milliseconds(5));
-        }
-    }
-    bool held() const { return held_; }
-
-private:
-    Descriptor folder_;
-    bool held_ = false;
-};
-
 /// `path` with the time behind it, and a number where that is taken.
 std::string asideName(const std::string& path) {
     const std::time_t now = std::time(nullptr);
@@ -115,18 +93,20 @@ bool renameWithLogs(const std::string& from, const std::string& to) {
 
 }  // namespace
 
+StoreConnection* StoreFile::current() {
+    if (connection_ && connection_->database.fileHasMoved()) connection_.reset();
+    return connection_.get();
+}
+
 StoreConnection* StoreFile::connect(Purpose purpose) {
-    if (connection_ && connection_->database.fileHasMoved()) close();
-    if (connection_) return connection_.get();
-    // The second round is for the new file behind one that was moved aside.
-    for (int round = 0; round < 2 && !givenUp_; ++round) {
+    // Another round is for the new file behind one that was moved aside.
+    for (int round = 0; round < 3 && !givenUp_; ++round) {
+        if (purpose == Purpose::Writing && !makePrivateFolder(folderOf(path_))) return nullptr;
+        if (!share()) return nullptr;
+        if (current()) return connection_.get();
         if (!isPlainFile(path_) && (purpose == Purpose::Reading || !make())) return nullptr;
         auto connection = std::make_unique<StoreConnection>();
-        auto health = open(*connection);
-        if (health == Health::Empty && purpose == Purpose::Writing) {
-            setPatience(layTables(connection->database) != DatabaseStatus::Busy);
-            health = open(*connection);
-        }
+        const auto health = openOrLay(*connection, purpose);
         if (health == Health::Sound) connection_ = std::move(connection);
         if (health != Health::Damaged) return connection_.get();
         connection.reset();
@@ -138,19 +118,29 @@ StoreConnection* StoreFile::connect(Purpose purpose) {
 void StoreFile::note(DatabaseStatus status) {
     setPatience(status != DatabaseStatus::Busy);
     if (status != DatabaseStatus::Damaged) return;
-    close();
+    connection_.reset();
     setAside();
+}
+
+int StoreFile::wait() const {
+    return patient_ ? kPatience : kImpatience;
 }
 
 void StoreFile::setPatience(bool patient) {
     if (patient_ == patient) return;
     patient_ = patient;
-    if (connection_) connection_->database.setWait(patient_ ? kPatience : kImpatience);
+    if (connection_) connection_->database.setWait(wait());
+}
+
+/// Where folders take no locks, nobody moves anything either.
+bool StoreFile::share() {
+    const auto answer = lock_.share(folderOf(path_), wait());
+    if (answer == FolderLock::Answer::Busy) setPatience(false);
+    return answer != FolderLock::Answer::Busy;
 }
 
 /// An empty file for SQLite to fill: its own would be readable by everybody.
 bool StoreFile::make() const {
-    if (!makePrivateFolder(folderOf(path_))) return false;
     const Descriptor made(::open(path_.c_str(), O_CREAT | O_RDWR | O_CLOEXEC | O_NONBLOCK, 0600));
     return made && isPlainFile(path_);
 }
@@ -159,13 +149,20 @@ StoreFile::Health StoreFile::open(StoreConnection& connection) {
     auto& database = connection.database;
     if (!database.isOpen()) {
         if (database.open(path_) != DatabaseStatus::Done) return Health::Unknown;
-        database.setWait(patient_ ? kPatience : kImpatience);
+        database.setWait(wait());
         database.distrustSchema();
-        // What is committed is on the disk, the removal of the journal from its folder included.
-        database.execute("PRAGMA synchronous = EXTRA");
     }
     const auto health = examine(database);
+    // What is committed is on the disk, the removal of the journal from its folder included.
+    if (health != Health::Unknown) database.execute("PRAGMA synchronous = EXTRA");
     return health == Health::Sound ? prepareStatements(connection) : health;
+}
+
+StoreFile::Health StoreFile::openOrLay(StoreConnection& connection, Purpose purpose) {
+    const auto health = open(connection);
+    if (health != Health::Empty || purpose == Purpose::Reading) return health;
+    setPatience(layTables(connection.database) != DatabaseStatus::Busy);
+    return open(connection);
 }
 
 StoreFile::Health StoreFile::prepareStatements(StoreConnection& connection) {
@@ -209,19 +206,20 @@ DatabaseStatus StoreFile::layTables(Database& database) {
 
 /// Moves the damaged file aside, unless another process has done so or works in it just now.
 void StoreFile::setAside() {
-    const FolderLock lock(folderOf(path_));
+    const auto claimed = lock_.claim(wait());
+    if (claimed == FolderLock::Answer::Busy) return setPatience(false);
     // Whoever came first may have put a good one in its place.
     StoreConnection again;
-    if (lock.held() && open(again) != Health::Damaged) return;
-    // Kept to the end: nobody commits to the file while it changes its name. What is no database can't be
-    // locked, and takes no commits either.
+    if (open(again) != Health::Damaged) return;
+    // Kept to the end: a program that knows nothing of our lock doesn't commit while the file changes its
+    // name. What is no database can't be locked, and takes no commits either.
     const Transaction alone(again.database, Transaction::For::Alone);
     if (alone.status() == DatabaseStatus::Busy) return setPatience(false);
     const auto name = asideName(path_);
-    givenUp_ = !lock.held() || !renameWithLogs(path_, name);
-    const std::string fate = givenUp_ ? " and can't be moved aside" : "; it is kept as " + name;
-    std::fprintf(stderr, "klt-editor: the settings file %s is damaged%s; the settings have their defaults\n",
-                 path_.c_str(), fate.c_str());
+    givenUp_ = claimed != FolderLock::Answer::Held || !renameWithLogs(path_, name);
+    const std::string fate = givenUp_ ? "and can't be moved aside" : "and kept as " + name;
+    std::fprintf(stderr, "klt-editor: %s is damaged, %s; all settings have their defaults\n", path_.c_str(),
+                 fate.c_str());
 }
 
 }  // namespace klt

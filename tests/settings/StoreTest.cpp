@@ -1,0 +1,209 @@
+#include "settings/Store.h"
+
+#include <gmock/gmock.h>
+
+#include "settings/GetSetting.h"
+#include "support/Scratch.h"
+
+namespace klt {
+namespace {
+
+constexpr NodePath kNode{HKEY_CURRENT_USER, "Software\\Test"};
+
+class StoreTest : public testing::Test {
+protected:
+    std::string text(Store& store, std::string_view name, NodePath key = kNode) {
+        const auto value = store.read(key, name);
+        return value ? textOf(*value) : "<none>";
+    }
+    static bool write(Store& store, std::string_view name, const std::string& value, NodePath key = kNode) {
+        return store.write(key, name, {REG_SZ, value});
+    }
+    /// What a person does with the sqlite3 program.
+    void byHand(const std::string& sql) {
+        Database database;
+        ASSERT_EQ(database.open(path_), DatabaseStatus::Done);
+        EXPECT_EQ(database.execute(sql), DatabaseStatus::Done) << sql;
+    }
+
+    ScratchFolder folder_;
+    std::string path_ = folder_ / "config/klt-editor/store.sqlite3";
+    Store store_{path_};
+};
+
+TEST_F(StoreTest, LiesInTheUsersFolder) {
+    const ScratchHome home;
+    EXPECT_EQ(defaultStorePath(), home / "config/klt-editor/store.sqlite3");
+}
+
+TEST_F(StoreTest, IsForTheUserAlone) {
+    ASSERT_TRUE(write(store_, "Name", "x"));
+    struct stat found {};
+    ASSERT_EQ(stat(path_.c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777, 0600U);
+    ASSERT_EQ(stat((folder_ / "config/klt-editor").c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777, 0700U);
+}
+
+TEST_F(StoreTest, KeepsEveryKindOfData) {
+    const StoredValue values[] = {
+        {REG_SZ, ""},
+        {REG_SZ, std::string("\0middle\0", 8)},
+        {REG_SZ, "\xFF\xFE no character"},
+        {REG_DWORD, INT64_MIN},
+        {REG_BINARY, Bytes{}},
+        {REG_BINARY, Bytes{std::byte{0}, std::byte{255}}},
+        {-1, "any type"},
+        {REG_SZ, std::string(kLongestEntry, 'x')},
+        {REG_BINARY, Bytes(kLongestEntry)},
+    };
+    for (const auto& value : values) {
+        EXPECT_TRUE(store_.write(kNode, "Name", value));
+        Store other(path_);
+        EXPECT_EQ(store_.read(kNode, "name"), value);
+        EXPECT_EQ(other.read(kNode, "NAME"), value);
+    }
+}
+
+TEST_F(StoreTest, RefusesWhatItCannotHold) {
+    ASSERT_TRUE(write(store_, "Name", "old"));
+    EXPECT_FALSE(write(store_, "Name", std::string(kLongestEntry + 1, 'x')));
+    EXPECT_FALSE(write(store_, std::string(kLongestName + 1, 'x'), "x"));
+    EXPECT_FALSE(store_.createKey({HKEY_CURRENT_USER, std::string(kLongestName + 1, 'x')}));
+    EXPECT_FALSE(store_.createKey({7, "Software"}));
+    std::string deep;
+    for (int level = 0; level < 600; ++level) deep += "a\\";
+    EXPECT_FALSE(store_.createKey({HKEY_CURRENT_USER, deep}));
+    EXPECT_FALSE(store_.keyExists({HKEY_CURRENT_USER, "a"})) << "nothing of it";
+    EXPECT_FALSE(store_.removeKey({HKEY_CURRENT_USER, "\\"})) << "a root stays";
+    EXPECT_EQ(text(store_, "Name"), "old");
+}
+
+TEST_F(StoreTest, TakesPathsHoweverSpelled) {
+    ASSERT_TRUE(write(store_, "Name", "x"));
+    for (const auto* path : {"software\\TEST", "\\Software\\\\Test\\"})
+        EXPECT_EQ(text(store_, "Name", {HKEY_CURRENT_USER, path}), "x") << path;
+    EXPECT_EQ(text(store_, "Name", {HKEY_CLASSES_ROOT, "Software\\Test"}), "<none>");
+}
+
+TEST_F(StoreTest, RemovesABranchWhole) {
+    ASSERT_TRUE(write(store_, "Name", "x", {HKEY_CURRENT_USER, "A\\B\\C"}));
+    ASSERT_TRUE(write(store_, "Name", "y", {HKEY_CURRENT_USER, "AB"}));
+    EXPECT_TRUE(store_.removeKey({HKEY_CURRENT_USER, "a"}));
+    EXPECT_FALSE(store_.removeKey({HKEY_CURRENT_USER, "a"}));
+    EXPECT_THAT(store_.keyNames({HKEY_CURRENT_USER, ""}), testing::ElementsAre("AB"));
+    ASSERT_TRUE(store_.createKey({HKEY_CURRENT_USER, "A\\B\\C"}));
+    EXPECT_EQ(text(store_, "Name", {HKEY_CURRENT_USER, "A\\B\\C"}), "<none>");
+}
+
+TEST_F(StoreTest, SeesWhatOthersCommitAtTheNextRead) {
+    Store other(path_);
+    EXPECT_EQ(text(store_, "Name"), "<none>");
+    for (const auto* value : {"one", "two"}) {
+        ASSERT_TRUE(write(other, "Name", value));
+        EXPECT_EQ(text(store_, "Name"), value);
+        EXPECT_EQ(text(store_, "Name"), value);
+    }
+    ASSERT_TRUE(other.removeKey(kNode));
+    EXPECT_EQ(text(store_, "Name"), "<none>");
+    ASSERT_TRUE(write(other, "Name", "three"));
+    byHand("UPDATE entries SET data = 'mended' WHERE name = 'NAME'");
+    EXPECT_EQ(text(store_, "Name"), "mended");
+}
+
+TEST_F(StoreTest, KeepsAllOrNothing) {
+    ASSERT_TRUE(write(store_, "Name", "old"));
+    const auto change = [&](bool keep) {
+        return store_.together([&, keep] {
+            EXPECT_TRUE(write(store_, "Name", "new"));
+            EXPECT_TRUE(write(store_, "Other", "new", {HKEY_CURRENT_USER, "New\\Key"}));
+            EXPECT_EQ(text(store_, "Name"), "new");
+            Store other(path_);
+            EXPECT_EQ(text(other, "Name"), "old");
+            return keep;
+        });
+    };
+    EXPECT_FALSE(change(false));
+    EXPECT_EQ(text(store_, "Name"), "old");
+    EXPECT_FALSE(store_.keyExists({HKEY_CURRENT_USER, "New"}));
+    EXPECT_TRUE(change(true));
+    EXPECT_EQ(text(store_, "Name"), "new");
+    EXPECT_EQ(text(store_, "Other", {HKEY_CURRENT_USER, "New\\Key"}), "new");
+}
+
+TEST_F(StoreTest, FollowsTheFileThatThePathLeadsTo) {
+    ASSERT_TRUE(write(store_, "Name", "old"));
+    std::filesystem::rename(path_, path_ + ".away");
+    EXPECT_EQ(text(store_, "Name"), "<none>");
+    EXPECT_TRUE(write(store_, "Name", "new"));
+    EXPECT_EQ(text(store_, "Name"), "new");
+    std::filesystem::rename(path_ + ".away", path_);
+    EXPECT_EQ(text(store_, "Name"), "old");
+    std::filesystem::remove(path_);
+    EXPECT_EQ(text(store_, "Name"), "<none>");
+}
+
+TEST_F(StoreTest, TakesAWriteAheadLogOff) {
+    ASSERT_TRUE(write(store_, "Name", "old"));
+    Store other(path_);
+    byHand("PRAGMA journal_mode = WAL");
+    EXPECT_EQ(text(other, "Name"), "old");
+    ASSERT_TRUE(write(other, "Name", "new"));
+    EXPECT_EQ(text(store_, "Name"), "new");
+    byHand("UPDATE entries SET data = 'mended'");
+    EXPECT_EQ(text(store_, "Name"), "mended");
+    EXPECT_EQ(text(other, "Name"), "mended");
+}
+
+TEST_F(StoreTest, BoundsWhatItReads) {
+    ASSERT_TRUE(write(store_, "Name", "x"));
+    const auto set = [&](const std::string& data) { byHand("UPDATE entries SET data = " + data); };
+    struct Row {
+        const char* data;
+        const char* read;
+    };
+    const Row rows[] = {
+        {"replace(hex(zeroblob(524288)), '00', 'xx')", "<none>"},
+        {"zeroblob(1048576)", "<none>"},
+        {"NULL", "<none>"},
+        {"1.5", "1.5"},
+        {"9223372036854775807", "9223372036854775807"},
+        {"x'4142'", "AB"},
+    };
+    for (const auto& row : rows) {
+        set(row.data);
+        EXPECT_EQ(text(store_, "Name"), row.read) << row.data;
+        EXPECT_EQ(store_.valueNames(kNode).size(), 1U) << row.data;
+    }
+    byHand("UPDATE entries SET type = 'no number'");
+    EXPECT_EQ(store_.read(kNode, "Name"), (StoredValue{0, Bytes{std::byte{'A'}, std::byte{'B'}}}));
+    EXPECT_TRUE(write(store_, "Name", "mended"));
+    EXPECT_EQ(text(store_, "Name"), "mended");
+}
+
+TEST_F(StoreTest, StandsOddTrees) {
+    ASSERT_TRUE(write(store_, "Name", "x", {HKEY_CURRENT_USER, "A\\B"}));
+    // A and B below each other, and below no root; an entry of no key; a flood of keys.
+    byHand("UPDATE keys SET parent = (SELECT id FROM keys WHERE name = 'B') WHERE name = 'A'");
+    byHand("INSERT INTO entries (key, name, type, data) VALUES (999, 'Name', 1, 'lost')");
+    byHand(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000) "
+        "INSERT INTO keys (parent, name) SELECT 1, 'K' || i FROM n");
+    EXPECT_FALSE(store_.keyExists({HKEY_CURRENT_USER, "A"}));
+    EXPECT_EQ(store_.keyNames({HKEY_CURRENT_USER, ""}).size(), 10'000U);
+    byHand("UPDATE keys SET parent = id WHERE name = 'K1'");
+    byHand("INSERT INTO keys (parent, name) SELECT 1, 'Loop'");
+    byHand(
+        "UPDATE keys SET parent = (SELECT id FROM keys WHERE name = 'Loop') WHERE name = "
+        "'HKEY_CURRENT_USER'");
+    EXPECT_FALSE(store_.keyExists({HKEY_CURRENT_USER, "K2"}));
+    EXPECT_TRUE(write(store_, "Name", "new root")) << "the root is made anew";
+    EXPECT_EQ(text(store_, "Name"), "new root");
+    byHand("INSERT INTO keys (parent, name) SELECT id, 'Ring' FROM keys WHERE name = 'Test'");
+    byHand("UPDATE keys SET parent = (SELECT id FROM keys WHERE name = 'Ring') WHERE name = 'Software'");
+    EXPECT_FALSE(store_.removeKey({HKEY_CURRENT_USER, "Software"}));
+    EXPECT_TRUE(write(store_, "Name", "again"));
+}
+
+}  // namespace
+}  // namespace klt
