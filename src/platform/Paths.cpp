@@ -83,7 +83,8 @@ std::vector<std::string> entriesNamed(const std::string& folder, std::string_vie
     const fs::path start = folder.empty() ? "/" : folder;
     for (fs::directory_iterator entry(start, error), end; !error && entry != end; entry.increment(error)) {
         const auto entryName = entry->path().filename().string();
-        if (equalIgnoringCase(entryName, name)) found.push_back(folder + "/" + entryName);
+        if (equalIgnoringCase(entryName, name))
+            found.push_back(std::string(folder).append("/").append(entryName));
     }
     const auto asSpelled = folder + "/" + std::string(name);
     if (found.empty() && PathExists(asSpelled)) found.push_back(asSpelled);

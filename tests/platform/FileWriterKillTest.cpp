@@ -20,8 +20,8 @@ constexpr int kKills = 200;
 using Microseconds = std::chrono::microseconds;
 
 // Two contents of different length, so that a mixture and a cut are seen.
-const std::string kOne(300'000, '1');
-const std::string kTwo(500'000, '2');
+const std::string kOne(100'000, '1');
+const std::string kTwo(200'000, '2');
 
 bool isWhole(const std::string& path) {
     const auto bytes = readBytes(path);

@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -81,7 +81,9 @@ inline void writeBytes(const std::string& path, std::string_view bytes) {
 inline std::string readBytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     EXPECT_TRUE(file.good()) << path;
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return std::move(bytes).str();
 }
 
 }  // namespace klt
