@@ -167,7 +167,9 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 bool RichTextBox::focusNextPrevChild(bool next) {
-    return kind_ != Kind::Document && QAbstractScrollArea::focusNextPrevChild(next);
+    // The base would keep Tab.
+    return kind_ != Kind::Document &&
+           QAbstractScrollArea::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void RichTextBox::Cut() {

@@ -1,5 +1,7 @@
 // What the widget tells of changes, and when: noted inside Scintilla's callbacks, acted on when it is done.
 
+#include <QTimer>
+
 #include "ui/RichTextBox.h"
 #include "ui/RichTextBoxGuards.h"
 
@@ -39,13 +41,10 @@ void RichTextBox::noteInterfaceUpdate(int what) {
 /// For what no operation of ours stands around: a message sent to Scintilla by others, an assistive tool.
 void RichTextBox::settleLater() {
     if (std::exchange(settlesLater_, true)) return;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            settlesLater_ = false;
-            if (running_ != Running::Code) settle();
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this] {
+        settlesLater_ = false;
+        if (running_ != Running::Code) settle();
+    });
 }
 
 void RichTextBox::settle() {
