@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "app/Editor.h"
+#include "app/ProgramIcon.h"
 #include "platform/CommandLine.h"
 #include "platform/HandOver.h"
 #include "platform/Instances.h"
@@ -44,6 +45,7 @@ void setUpApplication() {
     // The program ends when the main window has been taken down, not with the last dialog.
     QApplication::setQuitOnLastWindowClosed(false);
     QIcon::setFallbackThemeName("breeze");
+    QApplication::setWindowIcon(programIcon());
 }
 
 }  // namespace

@@ -35,16 +35,14 @@ QString onOneLine(std::string_view text) {
 }  // namespace
 
 NoticeBar::NoticeBar(QWidget* parent)
-    : QFrame(parent), text_(new ShortenedLabel(this)), others_(new QLabel(this)) {
+    : QFrame(parent), icon_(new QLabel(this)), text_(new ShortenedLabel(this)), others_(new QLabel(this)) {
     setObjectName("NoticeBar");
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
     hide();
 
-    auto* icon = new QLabel(this);
-    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
+    icon_->setObjectName("NoticeIcon");
     for (auto* label : {text_, others_}) {
         label->setTextFormat(Qt::PlainText);
         label->setForegroundRole(QPalette::ToolTipText);
@@ -60,7 +58,7 @@ NoticeBar::NoticeBar(QWidget* parent)
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 2, 4, 2);
-    row->addWidget(icon);
+    row->addWidget(icon_);
     row->addWidget(text_, 1);
     row->addWidget(others_);
     row->addWidget(button);
@@ -68,6 +66,11 @@ NoticeBar::NoticeBar(QWidget* parent)
 
 void NoticeBar::tell(std::string_view text, std::function<void()> dismissed) {
     notices_.push_back({onOneLine(text), std::move(dismissed)});
+    // Found at its first use: icons are slow, and a start has none.
+    if (icon_->pixmap(Qt::ReturnByValue).isNull()) {
+        const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+        icon_->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
+    }
     showNewest();
 }
 

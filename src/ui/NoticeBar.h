@@ -28,6 +28,7 @@ private:
     void showNewest();
 
     std::vector<Notice> notices_;
+    QLabel* icon_;
     QLabel* text_;
     QLabel* others_;
 };
