@@ -61,8 +61,12 @@ CommandQueue::~CommandQueue() {
 }
 
 void CommandQueue::submit(Origin origin, Command command) {
-    waiting_.push_back({origin, std::move(command)});
-    watchEvents(true);
+    if (isHeld() || !waiting_.empty()) {
+        waiting_.push_back({origin, std::move(command)});
+        watchEvents(true);
+    } else {
+        command();
+    }
     carryOut();
 }
 

@@ -21,6 +21,8 @@
 #include "app/frmKLTEditor.h"
 #include "platform/Clock.h"
 #include "platform/Instances.h"
+#include "settings/GetSetting.h"
+#include "settings/Names.h"
 #include "settings/Store.h"
 #include "support/Scratch.h"
 
@@ -68,6 +70,10 @@ protected:
         return std::string(document.RichTextBox1->Text());
     }
 
+    /// Calls `work` in the middle of the next opening, where it lets events run.
+    void duringOpening(std::function<void()> work) { QTimer::singleShot(0, &life_, std::move(work)); }
+    static void letEventsRun() { QTest::qWait(0); }
+
     /// Types into the active document.
     void type(const QString& text) { QTest::keyClicks(active().RichTextBox1, text); }
 
@@ -81,6 +87,11 @@ protected:
         return bar->isHidden() ? std::string() : bar->findChild<QLabel*>("NoticeText")->text().toStdString();
     }
     void dismissNotice() { QTest::mouseClick(window().findChild<QWidget*>("NoticeDismiss"), Qt::LeftButton); }
+
+    std::string recentFile(int index) { return variables().RecentFiles.file(index); }
+    std::string setting(std::string_view section, std::string_view key) {
+        return GetSetting(store, kSettingsApplication, section, key, "(none)");
+    }
 
     /// `answer` meets the next modal dialog that comes up; it must close it.
     template <typename DialogClass>
@@ -125,14 +136,15 @@ protected:
 
 private:
     /// Tries again and again, while events run, until it succeeds.
-    static void poll(std::function<bool()> attempt) {
-        QTimer::singleShot(1, [attempt] {
+    void poll(std::function<bool()> attempt) {
+        QTimer::singleShot(1, &life_, [this, attempt] {
             if (!attempt()) poll(attempt);
         });
     }
 
     int waitingAnswers_ = 0;
     std::unique_ptr<Editor> editor_;
+    QObject life_;
 };
 
 }  // namespace klt

@@ -1,0 +1,165 @@
+#include "app/CommandQueue.h"
+
+#include <gmock/gmock.h>
+
+#include <QDialog>
+#include <QMimeData>
+#include <QTest>
+
+#include "support/Drop.h"
+#include "ui/RichTextBox.h"
+
+using namespace klt;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class CommandQueueTest : public testing::Test {
+protected:
+    CommandQueue::Command note(const char* name) {
+        return [this, name] { done.emplace_back(name); };
+    }
+    static void letEventsRun() { QTest::qWait(1); }
+
+    std::vector<std::string> done;
+    CommandQueue queue;
+};
+
+TEST_F(CommandQueueTest, WithoutAHoldACommandIsCarriedOutAtOnce) {
+    queue.submit(Origin::User, note("a"));
+    EXPECT_THAT(done, ElementsAre("a"));
+}
+
+TEST_F(CommandQueueTest, HeldCommandsComeInTheirOrderAfterTheLastHold) {
+    {
+        const CommandQueue::Hold hold(queue);
+        queue.submit(Origin::User, note("a"));
+        {
+            const CommandQueue::Hold inner(queue);
+            queue.submit(Origin::Outside, note("b"));
+        }
+        letEventsRun();
+        EXPECT_THAT(done, IsEmpty());
+        queue.submit(Origin::User, note("c"));
+    }
+    EXPECT_THAT(done, IsEmpty()) << "not from inside who held them";
+    letEventsRun();
+    EXPECT_THAT(done, ElementsAre("a", "b", "c"));
+}
+
+TEST_F(CommandQueueTest, ACommandThatHoldsStopsTheRest) {
+    {
+        const CommandQueue::Hold hold(queue);
+        queue.submit(Origin::User, [this] {
+            const CommandQueue::Hold own(queue);
+            letEventsRun();
+            EXPECT_THAT(done, IsEmpty());
+            done.emplace_back("a");
+        });
+        queue.submit(Origin::User, note("b"));
+    }
+    letEventsRun();
+    EXPECT_THAT(done, ElementsAre("a", "b"));
+}
+
+TEST_F(CommandQueueTest, ADialogAloneHoldsNothingBack) {
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    queue.submit(Origin::User, note("a"));
+    queue.submit(Origin::Outside, note("b"));
+    EXPECT_THAT(done, ElementsAre("a", "b"));
+}
+
+TEST_F(CommandQueueTest, WhatTheUserAskedForWaitsForADialogOfAnEarlierCommandAndOthersDoNot) {
+    {
+        const CommandQueue::Hold hold(queue);
+        queue.submit(Origin::User, [this] {
+            QDialog dialog;
+            dialog.setModal(true);
+            dialog.show();
+            letEventsRun();
+            done.emplace_back("a");
+        });
+        queue.submit(Origin::User, note("b"));
+        queue.submit(Origin::Outside, note("c"));
+    }
+    letEventsRun();
+    EXPECT_THAT(done, ElementsAre("c", "a", "b"));
+}
+
+TEST_F(CommandQueueTest, WaitingCommandsGoWithTheQueue) {
+    const auto token = std::make_shared<int>(0);
+    {
+        CommandQueue other;
+        const CommandQueue::Hold hold(other);
+        other.submit(Origin::Outside, [token] { FAIL(); });
+        EXPECT_EQ(token.use_count(), 2);
+    }
+    EXPECT_EQ(token.use_count(), 1);
+}
+
+class HeldTextTest : public CommandQueueTest {
+protected:
+    HeldTextTest() {
+        area.SetText("text");
+        area.show();
+    }
+    RichTextBox area;
+    RichTextBox field{RichTextBox::Kind::Field};
+};
+
+TEST_F(HeldTextTest, KeysWaitAmongTheCommandsAndReachTheTextAfterwards) {
+    {
+        const CommandQueue::Hold hold(queue);
+        QTest::keyClicks(&area, "ab");
+        queue.submit(Origin::User, [this] { done.emplace_back(area.Text()); });
+        QTest::keyClick(&area, 'c');
+        QTest::keyClicks(&field, "f");
+        EXPECT_EQ(area.Text(), "text");
+        EXPECT_EQ(field.Text(), "f") << "only documents are held back";
+    }
+    letEventsRun();
+    EXPECT_THAT(done, ElementsAre("abtext"));
+    EXPECT_EQ(area.Text(), "abctext");
+    QTest::keyClick(&area, 'd');
+    EXPECT_EQ(area.Text(), "abcdtext");
+}
+
+TEST_F(HeldTextTest, AClickMovesTheCaretAfterwards) {
+    area.Select(4, 0);
+    {
+        const CommandQueue::Hold hold(queue);
+        QTest::mouseClick(area.viewport(), Qt::LeftButton, {}, QPoint(1, 4));
+        EXPECT_EQ(area.SelStart(), 4);
+    }
+    letEventsRun();
+    EXPECT_EQ(area.SelStart(), 0);
+}
+
+TEST_F(HeldTextTest, DroppedTextIsRefusedMeanwhile) {
+    QMimeData data;
+    data.setText("dropped");
+    std::optional<CommandQueue::Hold> hold;
+    dropOnto(*area.viewport(), data, [&] { hold.emplace(queue); });
+    EXPECT_EQ(area.Text(), "text");
+    hold.reset();
+    letEventsRun();
+    dropOnto(*area.viewport(), data);
+    EXPECT_EQ(area.Length(), 11);
+}
+
+TEST_F(HeldTextTest, KeysForATextThatIsGoneAreDropped) {
+    auto* gone = new RichTextBox;
+    {
+        const CommandQueue::Hold hold(queue);
+        QTest::keyClick(gone, 'a');
+        delete gone;
+        queue.submit(Origin::User, note("a"));
+    }
+    letEventsRun();
+    EXPECT_THAT(done, ElementsAre("a"));
+}
+
+}  // namespace

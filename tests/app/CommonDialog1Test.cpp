@@ -1,0 +1,150 @@
+#include "app/CommonDialog1.h"
+
+#include <gmock/gmock.h>
+
+#include <QDialogButtonBox>
+#include <QListView>
+#include <QPushButton>
+#include <filesystem>
+
+#include "support/EditorFixture.h"
+
+using namespace klt;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class CommonDialog1Test : public EditorFixture {
+protected:
+    CommonDialog1Test() {
+        fs::create_directories(home / "one");
+        fs::create_directories(home / "two");
+        dialog().DialogTitle = "Select Data File to Open";
+        dialog().InitDir(home / "one");
+    }
+    CommonDialog1& dialog() { return window().fileDialog(); }
+    static std::string folderOf(const QFileDialog& dialog) { return dialog.directory().path().toStdString(); }
+    static bool okEnabled(const QFileDialog& dialog) {
+        return dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->isEnabled();
+    }
+};
+
+TEST_F(CommonDialog1Test, TheFolderUsedLastStaysAlsoAfterAFullPath) {
+    std::string seen;
+    answerNext<QFileDialog>([&](QFileDialog& shown) {
+        seen = folderOf(shown);
+        shown.reject();
+    });
+    EXPECT_THAT(dialog().ShowOpen(), IsEmpty());
+    EXPECT_EQ(dialog().FileName, "");
+    EXPECT_EQ(seen, home / "one");
+
+    dialog().Flags = kOverwritePrompt | kPathMustExist;
+    answerFileDialog(home / "two/a.klt");
+    EXPECT_THAT(dialog().ShowSave(), ElementsAre(home / "two/a.klt"));
+    EXPECT_EQ(dialog().FileName, home / "two/a.klt");
+
+    dialog().FileName.clear();
+    answerNext<QFileDialog>([&](QFileDialog& shown) {
+        seen = folderOf(shown);
+        EXPECT_EQ(shown.findChild<QLineEdit*>("fileNameEdit")->text(), "");
+        EXPECT_EQ(shown.nameFilters(), QStringList("TVM Data Files (*.klt)"));
+        shown.reject();
+    });
+    dialog().ShowOpen();
+    EXPECT_EQ(seen, home / "two");
+}
+
+TEST_F(CommonDialog1Test, AFolderThatDoesNotExistIsRefused) {
+    dialog().Flags = kPathMustExist;
+    answerFileDialog(home / "none/a.klt");
+    answerNext<QMessageBox>([&](QMessageBox& box) {
+        asked.push_back(box.text().toStdString());
+        box.accept();
+        answerNext<QFileDialog>([](QFileDialog& shown) { shown.reject(); });
+    });
+    EXPECT_THAT(dialog().ShowSave(), IsEmpty());
+    EXPECT_EQ(asked.at(0), "The folder " + home / "none/" + " does not exist.");
+}
+
+TEST_F(CommonDialog1Test, UnderTheMergersTitleOnlyDataFilesCanBeChosenAndNoBaseFiles) {
+    const struct {
+        const char* title;
+        const char* name;
+        bool enabled;
+    } rows[] = {
+        {"Select Data File", "a.klt", true},
+        {"Select Data File", "A.KLT", true},
+        {"Select Data File", "a.txt", false},
+        {"Select Data File", "Zbase.klt", false},
+        {"Select Data File", "BASE.KLT", false},
+        {"Select Data File", "a.klt.txt", false},
+        {"Select Data File to Open", "base.klt", true},
+        {"Select Data File to Open", "a.txt", true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.title) + " " + row.name);
+        dialog().DialogTitle = row.title;
+        answerNext<QFileDialog>([&](QFileDialog& shown) {
+            QTest::keyClicks(shown.findChild<QLineEdit*>("fileNameEdit"), row.name);
+            EXPECT_EQ(okEnabled(shown), row.enabled);
+            shown.reject();
+        });
+        dialog().ShowOpen();
+    }
+}
+
+TEST_F(CommonDialog1Test, ASelectionInTheListIsPolicedToo) {
+    file("one/a.klt", "");
+    file("one/base.klt", "");
+    dialog().DialogTitle = "Select Data File";
+    answerNext<QFileDialog>([&](QFileDialog& shown) {
+        auto* list = shown.findChild<QListView*>("listView");
+        for (const auto& [row, enabled] : {std::pair(0, true), {1, false}, {0, true}}) {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 2; }));
+            list->setCurrentIndex(list->model()->index(row, 0, list->rootIndex()));
+            EXPECT_EQ(okEnabled(shown), enabled) << row;
+        }
+        shown.reject();
+    });
+    dialog().ShowOpen();
+}
+
+TEST_F(CommonDialog1Test, ABaseFileIsRefusedByAnotherOwnersDialogAlone) {
+    file("one/base.klt", "");
+    QWidget other;
+    dialog().DialogTitle = "Select Data File";
+    for (QWidget* owner : {&other, static_cast<QWidget*>(&window())}) {
+        answerNext<QFileDialog>([&](QFileDialog& shown) {
+            shown.findChild<QLineEdit*>("fileNameEdit")->setText("base.klt");
+            QMetaObject::invokeMethod(&shown, "accept");
+            if (shown.isVisible()) shown.reject();
+        });
+        EXPECT_EQ(dialog().ShowOpen(owner).size(), owner == &other ? 0 : 1);
+    }
+}
+
+TEST_F(CommonDialog1Test, TheStoredFolderIsUsedUnlessItIsGone) {
+    SaveSetting(store, kSettingsApplication, "KLTEditor", "Data Files Path", home / "two");
+    restart();
+    std::string seen;
+    const auto look = [&](QFileDialog& shown) {
+        seen = folderOf(shown);
+        shown.reject();
+    };
+    answerNext<QFileDialog>(look);
+    dialog().ShowOpen();
+    EXPECT_EQ(seen, home / "two");
+
+    fs::remove(home / "two");
+    restart();
+    answerNext<QFileDialog>(look);
+    dialog().ShowOpen();
+    EXPECT_EQ(seen, QCoreApplication::applicationDirPath().toStdString());
+    EXPECT_EQ(setting("KLTEditor", "Data Files Path"), seen);
+}
+
+}  // namespace
