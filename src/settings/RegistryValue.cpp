@@ -17,6 +17,8 @@ template <class... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 std::string realText(double number) {
     std::array<char, 32> text{};
