@@ -1,0 +1,227 @@
+#include "checker/Scanners.h"
+#include "checker/ValueWalk.h"
+#include "language/CharTable.h"
+
+namespace klt {
+
+namespace {
+
+enum class Act : unsigned char {
+    Append,
+    Open,
+    Close,
+    Quote,
+    Separator,
+    Colon,
+    Function,
+    Math,
+    Division,
+    Bar,
+    Comma,
+    Forbidden,
+    Blank,
+    Break,
+    Underscore,
+};
+
+constexpr CharTable<Act> kValue(Act::Append, {
+                                                 {"(", Act::Open},
+                                                 {")", Act::Close},
+                                                 {"\"", Act::Quote},
+                                                 {" _\t\r\n", Act::Separator},
+                                                 {":", Act::Colon},
+                                                 {"@", Act::Function},
+                                                 {"=+-*", Act::Math},
+                                                 {"/", Act::Division},
+                                                 {"|", Act::Bar},
+                                             });
+constexpr CharTable<Act> kTarget(Act::Append, {
+                                                  {"(", Act::Open},
+                                                  {")", Act::Close},
+                                                  {":", Act::Colon},
+                                                  {",", Act::Comma},
+                                                  {"<>={}[]|", Act::Forbidden},
+                                                  {" ", Act::Blank},
+                                                  {"\t\r\n", Act::Break},
+                                                  {"_", Act::Underscore},
+                                                  {"@", Act::Function},
+                                              });
+
+class GivesWalk : public ValueWalk {
+public:
+    using ValueWalk::ValueWalk;
+
+    Place run();
+
+private:
+    // The parts of a bonus. True if the scanner ends in them.
+    bool value();
+    bool valueStep(Act act);
+    void to();
+    bool target();
+    bool targetStep(Act act);
+    bool upto();
+
+    bool separator();
+    void points();
+    bool closedInValue();
+
+    Place bonusStart_ = 0;
+    bool toSeen_ = false;
+    bool uptoSeen_ = false;
+    bool partEnds_ = false;
+};
+
+// A value may go on behind a blank or break; where it does not, its part ends here.
+bool GivesWalk::separator() {
+    if (separatorGoesOn()) return false;
+    const bool isPoints =
+        scan.at(i) == ' ' && equalsIgnoreCase(scan.span(i + 1, i + 4), "pts") && scan.at(i + 4) == ' ';
+    if (isPoints || scan.at(i - 1) == ',')
+        word.clear();
+    else
+        partEnds_ = true;
+    return false;
+}
+
+// The unit behind a number, when the characters just taken end in it.
+void GivesWalk::points() {
+    if (toLower(scan.at(i)) != 's' || scan.at(i + 1) != ' ') return;
+    if (equalsIgnoreCase(word.tail(), "pts"))
+        scan.recognise(scan.lineStart + i, word.tail(), "pts", StyleCategory::Keywords);
+}
+
+// At `)`: a bonus must not end before its target. The error begins at the first "gives(" of the text.
+bool GivesWalk::closedInValue() {
+    if (depth > 0) return close();
+    if (scan.firstGives < 0)
+        scan.firstGives = static_cast<Place>(findIgnoreCase(scan.text, tagWord(Tag::Gives)) + 1);
+    return failFrom(scan.lineStart + scan.firstGives - 1, ErrorReason::GivesNoTarget);
+}
+
+bool GivesWalk::valueStep(Act act) {
+    switch (act) {
+        case Act::Open:
+            ++depth;
+            return false;
+        case Act::Close:
+            return closedInValue();
+        case Act::Quote:
+            quote();
+            return false;
+        case Act::Separator:
+            return separator();
+        case Act::Colon:
+            prefixTest(scan, i, word);
+            return false;
+        case Act::Function:
+            return function(tagErrorStart(scan, start));
+        case Act::Division:
+            if (i == bonusStart_) return fail(ErrorReason::GivesDivision);
+            [[fallthrough]];
+        case Act::Math:
+            math();
+            return false;
+        case Act::Bar:
+            return fail(ErrorReason::GivesBar);
+        default:
+            append(kValue, Act::Append);
+            points();
+            return false;
+    }
+}
+
+bool GivesWalk::value() {
+    partEnds_ = false;
+    for (; i <= scan.length(); ++i) {
+        if (valueStep(kValue[scan.at(i)])) return true;
+        if (partEnds_) break;
+    }
+    word.clear();
+    skipBlank();
+    return false;
+}
+
+void GivesWalk::to() {
+    const auto look = scan.span(i, i + 2);
+    if (!equalsIgnoreCase(look, "to")) return;
+    word.append(look);
+    i += 2;
+    endWord(scan, i, word);
+    toSeen_ = true;
+}
+
+// At a blank of the target.
+bool GivesWalk::upto() {
+    endWord(scan, i, word);
+    const auto next = scan.span(i + 1, i + 5);
+    if (!equalsIgnoreCase(next, "upto")) return false;
+    if (!toSeen_) return fail(ErrorReason::GivesUptoWithoutTo);
+    if (uptoSeen_) return fail(ErrorReason::GivesSecondUpto);
+    word.append(next);
+    i += 4;
+    endWord(scan, i + 1, word);
+    uptoSeen_ = true;
+    return false;
+}
+
+bool GivesWalk::targetStep(Act act) {
+    switch (act) {
+        case Act::Open:
+            ++depth;
+            return false;
+        case Act::Close:
+            return close();
+        case Act::Colon:
+            prefixTest(scan, i, word);
+            return false;
+        case Act::Comma:
+            partEnds_ = true;
+            return false;
+        case Act::Forbidden:
+            return fail(ErrorReason::GivesTargetCharacter);
+        case Act::Blank:
+            return upto();
+        case Act::Break:
+            word.clear();
+            return false;
+        case Act::Underscore:
+            if (!word.empty()) word.append(scan.span(i, i + 1));
+            return false;
+        case Act::Function:
+            return function(tagErrorStart(scan, start));
+        default:
+            append(kTarget, Act::Append);
+            return false;
+    }
+}
+
+bool GivesWalk::target() {
+    partEnds_ = false;
+    for (; i <= scan.length(); ++i) {
+        if (targetStep(kTarget[scan.at(i)])) return true;
+        if (partEnds_) break;
+    }
+    endWord(scan, i, word);
+    return false;
+}
+
+Place GivesWalk::run() {
+    for (; i <= scan.length(); ++i) {
+        bonusStart_ = i;
+        word.clear();
+        inQuote = toSeen_ = uptoSeen_ = false;
+        if (value()) return result;
+        to();
+        if (target()) return result;
+    }
+    return scan.length() + 1;
+}
+
+}  // namespace
+
+Place CheckGives(Scan& scan, Place position) {
+    return GivesWalk(scan, position).run();
+}
+
+}  // namespace klt

@@ -1,0 +1,184 @@
+#include "checker/Scanners.h"
+#include "language/CharTable.h"
+#include "language/Vocabulary.h"
+
+namespace klt {
+
+namespace {
+
+enum class Plain : unsigned char { Other, Keep, Open, Close, Math, Separator };
+
+constexpr CharTable<Plain> kFreeText(Plain::Keep, {{"(", Plain::Open}, {")", Plain::Close}});
+constexpr CharTable<Plain> kCost(Plain::Other, {{"/.-+0123456789 ", Plain::Keep}});
+constexpr CharTable<Plain> kModValue(Plain::Other, {{"/.-%*+0123456789 ", Plain::Keep}});
+constexpr CharTable<Plain> kArithmetic(Plain::Keep, {
+                                                        {"(", Plain::Open},
+                                                        {")", Plain::Close},
+                                                        {"/-+*", Plain::Math},
+                                                        {",|", Plain::Separator},
+                                                    });
+
+// The place of the first character at or behind `i` that `table` does not keep.
+Place skipKept(const Scan& scan, const CharTable<Plain>& table, Place i) {
+    const auto from = static_cast<size_t>(std::min(i - 1, scan.length()));
+    return static_cast<Place>(table.skip(scan.text, from, Plain::Keep)) + 1;
+}
+
+Place closeTag(Scan& scan, Place i) {
+    scan.colourAt(i, StyleCategory::PackageItemsAndItemTags);
+    return i;
+}
+
+constexpr WordList kRoundingParts(std::to_array<std::string_view>({
+    "Up",
+    "U",
+    "P",
+    "Down",
+    "Dow",
+    "Do",
+    "D",
+    "Own",
+    "Ow",
+    "O",
+    "Wn",
+    "W",
+    "N",
+}));
+
+bool isPartOfRounding(std::string_view value) {
+    for (const auto word : kRoundings)
+        if (word.find(value) != std::string_view::npos) return true;
+    return false;
+}
+
+}  // namespace
+
+Place CheckFreeText(Scan& scan, Place position) {
+    Place depth = 0;
+    for (Place i = position;; ++i) {
+        i = skipKept(scan, kFreeText, i);
+        if (i > scan.length()) return scan.length() + 1;
+        if (scan.at(i) == '(') {
+            ++depth;
+        } else {
+            if (depth == 0) return closeTag(scan, i);
+            --depth;
+        }
+    }
+}
+
+Place CheckCost(Scan& scan, Place position, char terminator) {
+    const auto i = skipKept(scan, kCost, position);
+    if (i > scan.length()) return scan.length() + 1;
+    if (scan.at(i) == terminator) return terminator == ')' ? closeTag(scan, i) : i;
+    const auto errorStart = terminator == ')' ? tagErrorStart(scan, position) : scan.lineStart + position - 2;
+    return MarkErrorRun(scan, i, errorStart, terminator, ErrorReason::BadCost);
+}
+
+Place CheckModValue(Scan& scan, Place position) {
+    const auto i = skipKept(scan, kModValue, position);
+    scan.CurrentTag = Tag::None;
+    if (i > scan.length()) return scan.length() + 1;
+    if (scan.at(i) == ',') return i;
+    return MarkErrorRun(scan, i, scan.lineStart + position - 1, ',', ErrorReason::BadModValue);
+}
+
+Place CheckArithmetic(Scan& scan, Place position) {
+    Place depth = 0;
+    for (Place i = position;; ++i) {
+        i = skipKept(scan, kArithmetic, i);
+        if (i > scan.length()) return scan.length() + 1;
+        switch (kArithmetic[scan.at(i)]) {
+            case Plain::Open:
+                ++depth;
+                break;
+            case Plain::Close:
+                if (depth == 0) return closeTag(scan, i);
+                --depth;
+                break;
+            case Plain::Math:
+                scan.colourAt(i, StyleCategory::MathCharacters);
+                break;
+            default:
+                return MarkErrorRun(scan, i, tagErrorStart(scan, position), ')',
+                                    ErrorReason::ArithmeticSeparator);
+        }
+    }
+}
+
+Place CheckYesNo(Scan& scan, Place position) {
+    const auto close = scan.find(')', position);
+    const auto value = scan.span(position, close);
+    const int word = kYesNo.find(value);
+    if (word < 0)
+        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadYesNo);
+    scan.recognise(scan.lineStart + close - 1, value, kYesNo[word], StyleCategory::Keywords);
+    return closeTag(scan, close);
+}
+
+Place CheckStep(Scan& scan, Place position) {
+    const auto close = scan.find(')', position);
+    if (!isNumber(scan.span(position, close)))
+        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadStep);
+    return closeTag(scan, close);
+}
+
+Place CheckRounding(Scan& scan, Place position) {
+    const auto close = scan.find(')', position);
+    const auto end = scan.lineStart + close - 1;
+    const auto value = scan.span(position, close);
+    const int part = kRoundingParts.find(value);
+    const bool isNo = scan.state.section() == Section::Stats && equalsIgnoreCase(value, "No");
+    if (!isPartOfRounding(value) && part < 0 && !isNo)
+        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadRounding);
+    const bool isRewritten = part >= 0 && !isPartOfRounding(value);
+    scan.recognise(end, value, isRewritten ? kRoundingParts[part] : value, StyleCategory::Keywords);
+    return closeTag(scan, close);
+}
+
+Place CheckSkillType(Scan& scan, Place position, char terminator) {
+    const auto end = scan.find(terminator, position);
+    const auto value = scan.span(position, end);
+    const int type = kSkillTypes.find(value);
+    if (type < 0)
+        return MarkErrorRun(scan, position, tagErrorStart(scan, position), terminator,
+                            ErrorReason::BadSkillType);
+    scan.recognise(scan.lineStart + end - 1, value, kSkillTypes[type], StyleCategory::Keywords);
+    return terminator == ')' ? closeTag(scan, end) : end;
+}
+
+Place checkTagValue(Scan& scan, Place position) {
+    switch (scan.CurrentTag) {
+        case Tag::Needs:
+            return CheckNeeds(scan, position);
+        case Tag::Gives:
+            return CheckGives(scan, position);
+        case Tag::Default:
+            return CheckDefault(scan, position);
+        case Tag::BaseValue:
+        case Tag::Upto:
+            return CheckExpression(scan, position);
+        case Tag::Up:
+        case Tag::Down:
+        case Tag::Cost:
+            return CheckCost(scan, position, ')');
+        case Tag::MinScore:
+        case Tag::MaxScore:
+            return CheckArithmetic(scan, position);
+        case Tag::Value:
+            return CheckModValue(scan, position);
+        case Tag::Display:
+        case Tag::DoubleInPlay:
+            return CheckYesNo(scan, position);
+        case Tag::Step:
+            return CheckStep(scan, position);
+        case Tag::Round:
+            return CheckRounding(scan, position);
+        case Tag::Type:
+            return CheckSkillType(scan, position, ')');
+        default:
+            return CheckFreeText(scan, position);
+    }
+}
+
+}  // namespace klt

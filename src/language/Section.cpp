@@ -1,0 +1,33 @@
+#include "language/Section.h"
+
+#include "language/Ascii.h"
+
+namespace klt {
+
+namespace {
+
+constexpr std::string_view kSectionList =
+    " [AUTHOR] [ADS] [DISADS] [QUIRKS] [POWERS] [BONUS] [STATS] [SKILLS] [SPELLS] [GROUPS] [MODS] "
+    "[PACKAGES] ";
+
+static_assert(
+    [] {
+        size_t length = 1;
+        for (size_t i = 1; i < kSectionNames.size(); ++i) length += kSectionNames[i].size() + 1;
+        return length == kSectionList.size();
+    }(),
+    "the list holds each name once, with blanks around");
+
+}  // namespace
+
+Section sectionOf(std::string_view name) {
+    for (size_t i = 1; i < kSectionNames.size(); ++i)
+        if (equalsIgnoreCase(kSectionNames[i], name)) return static_cast<Section>(i);
+    return Section::Other;
+}
+
+bool isSectionHeader(std::string_view trimmed) {
+    return findIgnoreCase(kSectionList, trimmed) != std::string_view::npos;
+}
+
+}  // namespace klt
