@@ -136,12 +136,13 @@ DatabaseStatus Database::prepare(std::string_view sql, Statement& statement) {
 
 void Database::setWait(int milliseconds) {
     // SQLite's own waiting sleeps ever longer, and starves beside a process that writes without a pause.
-    const auto wait = [](void* most, int waited) -> int {
-        if (waited >= static_cast<int>(reinterpret_cast<std::intptr_t>(most))) return 0;
+    const auto wait = [](void* most, int waited) {
+        if (waited >= *static_cast<int*>(most)) return 0;
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
         return 1;
     };
-    sqlite3_busy_handler(database_.get(), wait, reinterpret_cast<void*>(std::intptr_t{milliseconds}));
+    *wait_ = milliseconds;
+    sqlite3_busy_handler(database_.get(), wait, wait_.get());
 }
 
 void Database::limitLength(int bytes) {

@@ -21,9 +21,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kPatience = 2000;                  // milliseconds that the first operation waits for a lock
-constexpr int kImpatience = 20;                  // and those behind one that waited in vain
-constexpr off_t kCheckedSize = 4 * 1024 * 1024;  // a larger file shows its damage when it is read
+constexpr int kPatience = 2000;                 // milliseconds that the first operation waits for a lock
+constexpr int kImpatience = 20;                 // and those behind one that waited in vain
+constexpr off_t kCheckedSize = off_t{4} << 20;  // a larger file shows its damage when it is read
 
 constexpr std::string_view kBranch =
     "WITH RECURSIVE branch(id) AS (SELECT ?1 UNION SELECT keys.id FROM keys JOIN branch "

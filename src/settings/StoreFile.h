@@ -3,11 +3,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "platform/Database.h"
@@ -38,7 +37,7 @@ struct StoreConnection {
     /// Whether `Database::changeCounter` tells of every commit: not so where a write-ahead log is kept.
     bool counted = false;
     /// What was read while the counter stood at `knownAt`.
-    std::map<std::string, std::optional<StoredValue>, std::less<>> known;
+    std::unordered_map<std::string, std::optional<StoredValue>> known;
     std::optional<std::uint32_t> knownAt;
 
     StatementUse use(StoreSql sql) { return StatementUse(statements[static_cast<size_t>(sql)]); }

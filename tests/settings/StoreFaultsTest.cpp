@@ -121,6 +121,7 @@ TEST_F(StoreFaultsTest, MovesAsideOnceInCompany) {
     for (int round = 0; round < 10; ++round) {
         writeBytes(path_, "no store " + std::to_string(round));
         std::vector<ChildProcess> children;
+        children.reserve(4);
         for (int child = 0; child < 4; ++child)
             children.emplace_back([&, child](const ChildProcess::Report& report) {
                 Store store(path_);
@@ -261,7 +262,7 @@ void saveUntilKilled(const std::string& path, int round, const ChildProcess::Rep
     for (int n = 0;; ++n) {
         const auto text = std::to_string(round) + "." + std::to_string(n);
         const auto key = "Key" + std::to_string((round + n) % 7);
-        if (save(store, key, text)) report(key + "=" + text);
+        if (save(store, key, text)) report(std::string(key).append("=").append(text));
         const bool both =
             store.together([&] { return save(store, "Left", text) && save(store, "Right", text); });
         if (both) report("Left=" + text);
