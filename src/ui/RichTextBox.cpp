@@ -33,6 +33,11 @@ RichTextBox::RichTextBox(Kind kind, QWidget* parent)
             [this](int place, int kindOfChange, const char*, int length) {
                 noteModification(place, kindOfChange, length);
             });
+    // For what no operation of ours stands around: a message sent to Scintilla by others, an assistive tool.
+    settlesLater_.setSingleShot(true);
+    connect(&settlesLater_, &QTimer::timeout, this, [this] {
+        if (running_ != Running::Code) settle();
+    });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::noteInterfaceUpdate);
 }
 

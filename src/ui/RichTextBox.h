@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QClipboard>
 #include <QString>
+#include <QTimer>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -163,7 +164,6 @@ private:
 
     void noteModification(int place, int kind, int length);
     void noteInterfaceUpdate(int what);
-    void settleLater();
     void settle();
 
     const Kind kind_;
@@ -174,13 +174,13 @@ private:
     Running running_ = Running::Nothing;
     int masks_ = 0;
     int freezes_ = 0;
-    bool changed_ = false;    // a notification is due
-    bool edited_ = false;     // the text was edited since it was last settled
-    bool composing_ = false;  // an input method's unfinished text stands in ours
-    bool stepEnds_ = false;   // the next edit begins an undo step
-    bool settlesLater_ = false;
+    bool changed_ = false;      // a notification is due
+    bool edited_ = false;       // the text was edited since it was last settled
+    bool composing_ = false;    // an input method's unfinished text stands in ours
+    bool stepEnds_ = false;     // the next edit begins an undo step
     bool caretPlaced_ = false;  // by code, so that the keys up and down have to look where it stands
     TextRange lastSelection_;   // as last notified
+    QTimer settlesLater_;
     InsertedText inserted_;
     std::optional<StyleByte> firstStyle_;  // of the first character, before it was deleted
     std::optional<PendingStyle> pendingStyle_;

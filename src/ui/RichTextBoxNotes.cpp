@@ -1,7 +1,5 @@
 // What the widget tells of changes, and when: noted inside Scintilla's callbacks, acted on when it is done.
 
-#include <QTimer>
-
 #include "ui/RichTextBox.h"
 #include "ui/RichTextBoxGuards.h"
 
@@ -19,7 +17,7 @@ void RichTextBox::noteModification(int place, int kind, int length) {
     }
     edited_ = true;
     changed_ = changed_ || masks_ == 0;
-    if (running_ == Running::Nothing) settleLater();
+    if (running_ == Running::Nothing) settlesLater_.start();
 }
 
 StyleByte RichTextBox::styleForInsertion(Position place) const {
@@ -34,17 +32,8 @@ void RichTextBox::styleInserted() {
 
 void RichTextBox::noteInterfaceUpdate(int what) {
     if ((what & SC_UPDATE_SELECTION) != 0 && running_ == Running::Nothing && selection() != lastSelection_) {
-        settleLater();
+        settlesLater_.start();
     }
-}
-
-/// For what no operation of ours stands around: a message sent to Scintilla by others, an assistive tool.
-void RichTextBox::settleLater() {
-    if (std::exchange(settlesLater_, true)) return;
-    QTimer::singleShot(0, this, [this] {
-        settlesLater_ = false;
-        if (running_ != Running::Code) settle();
-    });
 }
 
 void RichTextBox::settle() {
