@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QTimer>
 #include <algorithm>
 #include <memory>
 
@@ -85,8 +86,7 @@ void CommandQueue::watchEvents(bool on) {
 }
 
 void CommandQueue::carryOutLater() {
-    QMetaObject::invokeMethod(
-        this, [this] { carryOut(); }, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &CommandQueue::carryOut);
 }
 
 void CommandQueue::carryOut() {

@@ -141,7 +141,7 @@ std::vector<std::string> CommonDialog1::show(QWidget* owner, bool save) {
     if (!alive) return {};
     // An owner that goes takes its children along, and this object has to stay.
     dialog_->setParent(&mainWindow_, Qt::Dialog);
-    const auto paths = accepted ? alive->chosen() : std::vector<std::string>();
+    auto paths = accepted ? alive->chosen() : std::vector<std::string>();
     FileName = paths.empty() ? std::string() : paths.front();
     if (!paths.empty()) folder_ = paths.front().substr(0, std::max<size_t>(1, paths.front().rfind('/')));
     return paths;

@@ -81,9 +81,9 @@ void Documents::fillFromFile(frmKLTEditor& document, const std::string& path) {
     AddToRecent(path);
     document.Label2->setEnabled(true);
     for (const auto& copy : leftoverCopies(path)) {
-        mainWindow_().notices().tell(
-            "A save of " + path + " did not come to its end; what stood there before is kept in " + copy,
-            [copy] { std::ignore = dismissKeptFile(copy); });
+        std::string told = "A save of " + path;
+        told += " did not come to its end; what stood there before is kept in " + copy;
+        mainWindow_().notices().tell(told, [copy] { std::ignore = dismissKeptFile(copy); });
     }
 }
 

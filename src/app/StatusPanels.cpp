@@ -36,6 +36,9 @@ StatusPanels::StatusPanels(QStatusBar& bar)
       panel3_(makePanel("Panel3", caretText(999999, 9999), &bar)) {
     const int size = bar.style()->pixelMetric(QStyle::PM_SmallIconSize);
     panel1Icon_->setFixedSize(size, size);
+    QSizePolicy policy = panel1Icon_->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    panel1Icon_->setSizePolicy(policy);
     auto* first = new QWidget(&bar);
     auto* row = new QHBoxLayout(first);
     row->setContentsMargins(4, 0, 12, 0);

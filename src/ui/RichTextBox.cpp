@@ -123,9 +123,8 @@ std::string_view RichTextBox::Slice(Position start, Position end) const {
 }
 
 Position RichTextBox::CharacterCount() const {
-    // In two parts, so that the text's gap stays where it is.
-    const Position gap = send(SCI_GETGAPPOSITION);
-    return static_cast<Position>(countCharacters(Slice(0, gap)) + countCharacters(Slice(gap, Length())));
+    // In two parts where it has to be counted, so that the text's gap stays where it is.
+    return tally_.count(*this, send(SCI_GETGAPPOSITION));
 }
 
 void RichTextBox::replaceAll(std::string_view text) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/TextArea.h"
+#include "ui/CharacterTally.h"
 #include "ui/InsertedText.h"
 #include "ui/Protection.h"
 #include "ui/TextFormats.h"
@@ -168,6 +169,7 @@ private:
 
     const Kind kind_;
     Protection protection_;
+    mutable CharacterTally tally_;
     TextFont font_;
     StyleFormats formats_;
 

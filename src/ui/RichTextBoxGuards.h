@@ -54,6 +54,7 @@ public:
     ~Unrecorded() {
         box_.send(SCI_SETUNDOCOLLECTION, 1);
         box_.send(SCI_SETMODEVENTMASK, mask_);
+        box_.tally_.forget();
     }
     Unrecorded(const Unrecorded&) = delete;
     Unrecorded& operator=(const Unrecorded&) = delete;

@@ -8,10 +8,12 @@ namespace klt {
 void RichTextBox::noteModification(int place, int kind, int length) {
     if ((kind & SC_MOD_BEFOREDELETE) != 0) {
         if (place == 0 && !firstStyle_) firstStyle_ = StyleAt(0);
+        tally_.textDeleted(*this, place, length);
         protection_.textDeleted(place, length);
         inserted_.textDeleted(place, length);
     } else {
         const StyleByte style = styleForInsertion(place);
+        tally_.textInserted(*this, place, length);
         protection_.textInserted(place, length);
         inserted_.textInserted(place, length, style);
     }
