@@ -6,7 +6,6 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
-#include <QTimer>
 #include <algorithm>
 #include <memory>
 
@@ -57,6 +56,11 @@ bool isFileDrag(const QEvent& event) {
 
 }  // namespace
 
+CommandQueue::CommandQueue() {
+    later_.setSingleShot(true);
+    connect(&later_, &QTimer::timeout, this, &CommandQueue::carryOut);
+}
+
 CommandQueue::~CommandQueue() {
     watchEvents(false);
 }
@@ -77,7 +81,7 @@ void CommandQueue::hold() {
 }
 
 void CommandQueue::release() {
-    if (--holds_ == 0) carryOutLater();
+    if (--holds_ == 0) later_.start();
 }
 
 void CommandQueue::watchEvents(bool on) {
@@ -85,14 +89,10 @@ void CommandQueue::watchEvents(bool on) {
     on ? qApp->installEventFilter(this) : qApp->removeEventFilter(this);
 }
 
-void CommandQueue::carryOutLater() {
-    QTimer::singleShot(0, this, &CommandQueue::carryOut);
-}
-
 void CommandQueue::carryOut() {
     while (auto command = takeNext()) {
         // A dialog of this command lets the rest come through its own event loop.
-        if (!waiting_.empty()) carryOutLater();
+        if (!waiting_.empty()) later_.start();
         (*command)();
     }
     if (!isHeld() && waiting_.empty()) watchEvents(false);
@@ -112,7 +112,7 @@ std::optional<CommandQueue::Command> CommandQueue::takeNext() {
 
 bool CommandQueue::eventFilter(QObject* receiver, QEvent* event) {
     // A dialog has ended: what waited for it alone can go on.
-    if (event->type() == QEvent::WindowUnblocked) carryOutLater();
+    if (event->type() == QEvent::WindowUnblocked) later_.start();
     if (!isHeld() && waiting_.empty()) return false;
     const Handling handling = handlingOf(*event);
     if (handling == Handling::Pass || receiver == delivering_ || !documentArea(receiver)) return false;

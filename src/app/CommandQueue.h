@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -18,7 +19,7 @@ class CommandQueue : public QObject {
 public:
     using Command = std::function<void()>;
 
-    CommandQueue() = default;
+    CommandQueue();
     ~CommandQueue() override;
 
     /// Commands that are still waiting when the queue goes are destroyed uncalled.
@@ -48,12 +49,13 @@ private:
     void hold();
     void release();
     void watchEvents(bool on);
-    void carryOutLater();
     void carryOut();
     std::optional<Command> takeNext();
     void keepForLater(QObject* receiver, const QEvent& event);
 
     std::deque<Waiting> waiting_;
+    /// Carries out when control is back in the event loop.
+    QTimer later_;
     int holds_ = 0;
     bool watching_ = false;
     const QObject* delivering_ = nullptr;

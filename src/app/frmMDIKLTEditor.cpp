@@ -63,7 +63,10 @@ frmMDIKLTEditor::frmMDIKLTEditor(modVariables& variables, Store& store, CommandQ
     connect(&timer1_, &QTimer::timeout, this, &frmMDIKLTEditor::giveFocusBack);
 }
 
-frmMDIKLTEditor::~frmMDIKLTEditor() = default;
+frmMDIKLTEditor::~frmMDIKLTEditor() {
+    // The documents that go below with the area activate each other.
+    area_->disconnect(this);
+}
 
 void frmMDIKLTEditor::Load() {
     buildMenus();
