@@ -1,0 +1,165 @@
+#include "cli/Arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace klt {
+
+namespace {
+
+template <typename Value, size_t count>
+using Choices = std::array<std::pair<std::string_view, Value>, count>;
+
+constexpr Choices<ReportFormat, 4> kFormats = {{
+    {"text", ReportFormat::Text},
+    {"json", ReportFormat::Json},
+    {"sarif", ReportFormat::Sarif},
+    {"runs", ReportFormat::Runs},
+}};
+constexpr Choices<ColourChoice, 3> kColours = {{
+    {"auto", ColourChoice::Auto},
+    {"always", ColourChoice::Always},
+    {"never", ColourChoice::Never},
+}};
+
+template <typename Value, size_t count>
+void addChoice(CLI::App& app, const char* name, const char* help, const Choices<Value, count>& choices,
+               Value& chosen) {
+    std::vector<std::string> names;
+    for (const auto& choice : choices) names.emplace_back(choice.first);
+    const auto choose = [&choices, &chosen](const std::string& text) {
+        for (const auto& choice : choices)
+            if (choice.first == text) chosen = choice.second;
+    };
+    app.add_option_function<std::string>(name, choose, help)->check(CLI::IsMember(names))->type_name("WHAT");
+}
+
+// The library takes "[a,b]" among several values for a list of two. In front of this no argument is one: it
+// stands in none that the system hands over.
+constexpr char kGuard = '\0';
+
+std::string guarded(const std::string& argument) {
+    return argument.starts_with('[') ? kGuard + argument : argument;
+}
+
+std::string unguarded(std::string argument) {
+    if (argument.starts_with(kGuard)) argument.erase(0, 1);
+    return argument;
+}
+
+std::vector<std::string> unguarded(std::vector<std::string> arguments) {
+    for (auto& argument : arguments) argument = unguarded(std::move(argument));
+    return arguments;
+}
+
+class Parser {
+public:
+    Parser() {
+        app_.require_subcommand(1);
+        app_.set_version_flag("--version", "klt " KLT_VERSION, "Say the version and exit");
+        app_.set_help_flag("-h,--help", "Say this and exit");
+        addChoice(app_, "--color",
+                  "Colour the findings: auto (on a terminal, unless NO_COLOR is set), always, never",
+                  kColours, checkArguments_.colour);
+        app_.footer(
+            "Exit status: 0 clean, 1 errors found (or a text that would change), 2 something could not "
+            "be done.\n\"-\" as FILE is standard input. See klt(1).");
+        describeCheck();
+        describeFormat();
+    }
+
+    Arguments parse(const std::vector<std::string>& arguments) {
+        std::vector<std::string> reversed;
+        std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(reversed), guarded);
+        try {
+            app_.parse(std::move(reversed));
+        } catch (const CLI::CallForHelp&) {
+            return Answer{app_.help()};
+        } catch (const CLI::CallForVersion& version) {
+            return Answer{std::string(version.what()) + "\n"};
+        } catch (const CLI::ParseError& error) {
+            return BadArguments{error.what()};
+        }
+        if (format_->parsed()) return formatArguments();
+        return checkArguments();
+    }
+
+private:
+    void describeCheck() {
+        check_ = app_.add_subcommand("check", "Find the errors in data files");
+        check_->fallthrough();
+        addChoice(*check_, "--format", "What to write: text, json, sarif, runs", kFormats,
+                  checkArguments_.format);
+        check_->add_flag("-q,--quiet", checkArguments_.quiet, "Write no findings, only give the exit status");
+        auto* preview = check_->add_option("--preview", preview_, "Check each FILE as a preview box does")
+                            ->type_name("SECTION");
+        field_ = check_->add_option("--field", tag_, "Check TEXT as the value of TAG, as a field does")
+                     ->type_name("TAG")
+                     ->excludes(preview);
+        check_->add_option("--section", section_, "The section that the field belongs to")
+            ->type_name("SECTION")
+            ->needs(field_);
+        check_->add_flag("--pass-has-run", passHasRun_, "Check the field as after a pass over a document")
+            ->needs(field_);
+        check_->add_option("FILE", files_, "Data files; with --field the one TEXT")
+            ->type_name("")
+            ->required();
+    }
+
+    void describeFormat() {
+        format_ = app_.add_subcommand("format", "Put the case of words and the line ends right");
+        format_->fallthrough();
+        auto* inPlace = format_->add_flag("-i,--in-place", inPlace_, "Write each FILE that changes");
+        format_->add_flag("--check", checkOnly_, "Write nothing; exit with 1 if something would change")
+            ->excludes(inPlace);
+        format_->add_option("FILE", files_, "Data files")->type_name("")->required();
+    }
+
+    Arguments checkArguments() {
+        auto files = unguarded(std::move(files_));
+        if (field_->count() == 0) {
+            std::optional<std::string> section;
+            if (preview_) section = unguarded(std::move(*preview_));
+            checkArguments_.subject = CheckFiles{std::move(files), std::move(section)};
+        } else if (files.size() == 1) {
+            checkArguments_.subject = CheckOneField{std::move(files.front()), unguarded(std::move(tag_)),
+                                                    unguarded(std::move(section_)), passHasRun_};
+        } else {
+            return BadArguments{"--field takes one TEXT"};
+        }
+        return std::move(checkArguments_);
+    }
+
+    Arguments formatArguments() {
+        using Goal = FormatArguments::Goal;
+        return FormatArguments{checkOnly_ ? Goal::Check
+                               : inPlace_ ? Goal::InPlace
+                                          : Goal::Print,
+                               unguarded(std::move(files_))};
+    }
+
+    CLI::App app_{"Checks and formats .klt data files.", "klt"};
+    CLI::App* check_ = nullptr;
+    CLI::App* format_ = nullptr;
+    CLI::Option* field_ = nullptr;
+
+    CheckArguments checkArguments_;
+    std::optional<std::string> preview_;
+    std::string tag_;
+    std::string section_;
+    bool passHasRun_ = false;
+    bool inPlace_ = false;
+    bool checkOnly_ = false;
+    std::vector<std::string> files_;
+};
+
+}  // namespace
+
+Arguments parseArguments(const std::vector<std::string>& arguments) {
+    return Parser().parse(arguments);
+}
+
+}  // namespace klt

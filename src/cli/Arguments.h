@@ -1,0 +1,56 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace klt {
+
+enum class ReportFormat { Text, Json, Sarif, Runs };
+enum class ColourChoice { Auto, Always, Never };
+
+/// `klt check`: files, each as a whole document or, with `preview`, as the text of a preview box in that
+/// section.
+struct CheckFiles {
+    std::vector<std::string> files;
+    std::optional<std::string> preview;
+};
+
+/// `klt check --field`: the text of one wizard field.
+struct CheckOneField {
+    std::string text;
+    std::string tag;
+    std::string section;
+    bool passHasRun = false;
+};
+
+struct CheckArguments {
+    ReportFormat format = ReportFormat::Text;
+    ColourChoice colour = ColourChoice::Auto;
+    bool quiet = false;
+    std::variant<CheckFiles, CheckOneField> subject;
+};
+
+struct FormatArguments {
+    enum class Goal { Print, Check, InPlace };
+    Goal goal = Goal::Print;
+    std::vector<std::string> files;
+};
+
+/// Help or version, asked for.
+struct Answer {
+    std::string text;
+};
+
+/// The arguments make no sense.
+struct BadArguments {
+    std::string reason;
+};
+
+using Arguments = std::variant<CheckArguments, FormatArguments, Answer, BadArguments>;
+
+/// Reads the arguments behind the program's name.
+Arguments parseArguments(const std::vector<std::string>& arguments);
+
+}  // namespace klt

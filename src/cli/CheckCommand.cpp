@@ -1,0 +1,84 @@
+#include "cli/CheckCommand.h"
+
+#include <string>
+#include <string_view>
+
+#include "checker/DocumentPass.h"
+#include "cli/Report.h"
+#include "language/Section.h"
+#include "platform/Encoding.h"
+
+namespace klt {
+
+namespace {
+
+// Brackets are easily forgotten, and trouble in a shell.
+std::string headerOf(const std::string& section) {
+    auto bracketed = "[" + section + "]";
+    return sectionOf(bracketed) == Section::Other ? section : bracketed;
+}
+
+std::string tagOf(const std::string& tag) {
+    return tag.ends_with('(') ? tag : tag + "(";
+}
+
+class Check {
+public:
+    Check(Session& session, const CheckArguments& arguments)
+        : session_(session), report_(makeReport(arguments, session.out())) {}
+
+    void run(const CheckFiles& subject) {
+        session_.forEachFile(subject.files, [&](const std::string& path) {
+            auto failure = checkFile(path, subject.preview);
+            if (failure) report_->addFailure(shownName(path), *failure);
+            return failure;
+        });
+        report_->end();
+    }
+
+    void run(const CheckOneField& subject) {
+        StyledText field(decode(subject.text).text);
+        CheckerState state;
+        state.SetCurrentSection(headerOf(subject.section));
+        if (subject.passHasRun) state.functionStack.reset();
+        ErrorRuns errors;
+        CheckField(field, state, tagOf(subject.tag), &errors);
+        add({"field", field, std::move(errors), true});
+        report_->end();
+    }
+
+private:
+    Failure checkFile(const std::string& path, const std::optional<std::string>& preview) {
+        auto file = session_.read(path);
+        if (file.error) return file.error;
+        StyledText text(decode(std::move(file.bytes)).text);
+        CheckerState state;
+        ErrorRuns errors;
+        if (preview) {
+            state.functionStack.reset();
+            state.SetCurrentSection(headerOf(*preview));
+            CheckRange(text, state, 0, text.size(), &errors);
+        } else {
+            CheckDocument(text, state, nullptr, &errors);
+        }
+        add({shownName(path), text, std::move(errors)});
+        return {};
+    }
+
+    void add(Checked checked) {
+        if (!checked.errors.empty()) session_.note(ExitStatus::Found);
+        report_->add(std::move(checked));
+    }
+
+    Session& session_;
+    std::unique_ptr<Report> report_;
+};
+
+}  // namespace
+
+void runCheck(Session& session, const CheckArguments& arguments) {
+    Check check(session, arguments);
+    std::visit([&](const auto& subject) { check.run(subject); }, arguments.subject);
+}
+
+}  // namespace klt

@@ -1,0 +1,59 @@
+#include "cli/StandardInput.h"
+
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <new>
+#include <vector>
+
+#include "platform/LargePages.h"
+
+namespace klt {
+
+namespace {
+
+constexpr size_t kChunk = size_t{256} << 10;
+constexpr size_t kMost = (size_t{1} << 31) - 1;
+
+// 0 where nobody knows beforehand, as with a pipe.
+size_t expectedSize(int descriptor) {
+    struct stat info {};
+    if (fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode)) return 0;
+    return std::min(static_cast<size_t>(info.st_size), kMost);
+}
+
+int append(int descriptor, std::string& bytes) {
+    reserveLarge(bytes, expectedSize(descriptor));
+    std::vector<char> chunk(kChunk);
+    for (;;) {
+        const auto got = read(descriptor, chunk.data(), chunk.size());
+        if (got == 0) return 0;
+        if (got > 0) {
+            bytes.append(chunk.data(), static_cast<size_t>(got));
+            if (bytes.size() > kMost) return EFBIG;
+        } else if (errno == EAGAIN) {
+            pollfd ready{descriptor, POLLIN, 0};
+            poll(&ready, 1, -1);
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+}
+
+}  // namespace
+
+FileBytes readToEnd(int descriptor) {
+    FileBytes result;
+    try {
+        result.error = systemFailure(append(descriptor, result.bytes));
+    } catch (const std::bad_alloc&) {
+        result.error = systemFailure(ENOMEM);
+    }
+    if (result.error) result.bytes.clear();
+    return result;
+}
+
+}  // namespace klt
