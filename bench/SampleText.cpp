@@ -47,7 +47,7 @@ private:
         line("[SPELLS]");
         line("<Sea>");
         for (int i = 0; i < kItems; ++i)
-            line(name() + ", M/H, castingcost(" + std::to_string(number(9)) + "), needs(SP:" + name() +
+            line(name() + ", type(M/H), castingcost(" + std::to_string(number(9)) + "), needs(SP:" + name() +
                  "), page(HB" + std::to_string(number(200)) + ")");
         line("[PACKAGES]");
         for (int i = 0; i < kItems / 4; ++i) package();
@@ -71,7 +71,7 @@ private:
 
     void package() {
         line("{" + name() + " = \"For the ferry guild\"}");
-        line("ADD=\"AD:" + name() + "\" .AND. \"SK:" + name() + "\" .AT. 12");
+        line("ADD=SK:" + name() + " .AT. 12");
         line("CREATE=DI:" + name() + ", -" + std::to_string(number(30)) + ", page(HB7)");
     }
 
