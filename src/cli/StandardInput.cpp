@@ -26,12 +26,14 @@ size_t expectedSize(int descriptor) {
 }
 
 int append(int descriptor, std::string& bytes) {
-    reserveLarge(bytes, expectedSize(descriptor));
+    reserveLarge(bytes, std::max(expectedSize(descriptor), kChunk));
     std::vector<char> chunk(kChunk);
     for (;;) {
         const auto got = read(descriptor, chunk.data(), chunk.size());
         if (got == 0) return 0;
         if (got > 0) {
+            if (bytes.capacity() - bytes.size() < static_cast<size_t>(got))
+                reserveLarge(bytes, 2 * bytes.capacity());
             bytes.append(chunk.data(), static_cast<size_t>(got));
             if (bytes.size() > kMost) return EFBIG;
         } else if (errno == EAGAIN) {

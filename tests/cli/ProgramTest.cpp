@@ -55,6 +55,7 @@ TEST_F(Program, StatusAndStreams) {
         Row{"cat clean.klt | \"$klt\" check -", 0, "", ""},
         Row{"(cat clean.klt; sleep 0; echo '<a') | \"$klt\" check --color always - | cut -c 5-15", 0,
             "<stdin>:3:1\n", ""},
+        Row{"cat many.klt many.klt many.klt | \"$klt\" check - | wc -l", 0, "300000\n", ""},
         Row{"\"$klt\" check many.klt | head -n 1", 0,
             "many.klt:1:1: error: the subsection header does not end in >\n", ""},
         Row{"{ \"$klt\" check many.klt; echo $? >&2; } | true", 0, "", "2\n"},

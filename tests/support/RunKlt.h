@@ -6,7 +6,6 @@
 #include <memory>
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/Program.h"
@@ -28,7 +27,7 @@ inline std::ostream& operator<<(std::ostream& stream, const Ran& ran) {
 /// A file without a name, for one of the program's streams.
 class StreamFile {
 public:
-    explicit StreamFile(std::string_view bytes = {}) : file_(std::tmpfile(), &std::fclose) {
+    explicit StreamFile(const std::string& bytes = {}) : file_(std::tmpfile(), &std::fclose) {
         std::fwrite(bytes.data(), 1, bytes.size(), file_.get());
         std::rewind(file_.get());
     }
@@ -46,7 +45,7 @@ private:
 };
 
 /// Runs the program in this process.
-inline Ran runKlt(const std::vector<std::string>& arguments, std::string_view input = {}) {
+inline Ran runKlt(const std::vector<std::string>& arguments, const std::string& input = {}) {
     const StreamFile in(input), out, err;
     const int status = runProgram(arguments, {in.number(), out.number(), err.number()});
     return {status, out.bytes(), err.bytes()};
