@@ -65,7 +65,13 @@ CommandQueue::~CommandQueue() {
     watchEvents(false);
 }
 
+void CommandQueue::end() {
+    ended_ = true;
+    waiting_.clear();
+}
+
 void CommandQueue::submit(Origin origin, Command command) {
+    if (ended_) return;
     if (isHeld() || !waiting_.empty()) {
         waiting_.push_back({origin, std::move(command)});
         watchEvents(true);
@@ -111,6 +117,7 @@ std::optional<CommandQueue::Command> CommandQueue::takeNext() {
 }
 
 bool CommandQueue::eventFilter(QObject* receiver, QEvent* event) {
+    if (ended_) return false;
     // A dialog has ended: what waited for it alone can go on.
     if (event->type() == QEvent::WindowUnblocked) later_.start();
     if (!isHeld() && waiting_.empty()) return false;

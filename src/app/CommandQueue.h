@@ -25,6 +25,8 @@ public:
     /// Commands that are still waiting when the queue goes are destroyed uncalled.
     void submit(Origin origin, Command command);
     bool isHeld() const { return holds_ > 0; }
+    /// Nothing is carried out any more: what waits, and what still comes, is destroyed uncalled.
+    void end();
 
     /// Nothing is carried out while one stands: for what opens documents, from its first step to its last,
     /// and for the closing of the main window.
@@ -57,6 +59,7 @@ private:
     /// Carries out when control is back in the event loop.
     QTimer later_;
     int holds_ = 0;
+    bool ended_ = false;
     bool watching_ = false;
     const QObject* delivering_ = nullptr;
 };

@@ -216,11 +216,17 @@ bool Documents::keep(const frmKLTEditor& document, const std::string& failure) {
 }
 
 void Documents::AddToRecent(const std::string& path) {
-    variables_.RecentFiles.AddFile(path);
+    cMRUFileList& recent = variables_.RecentFiles;
     cRegistry registry(store_);
     registry.ClassKey(HKEY_CURRENT_USER);
     registry.SectionKey(recentFilesPath());
-    variables_.RecentFiles.Save(registry);
+    // Loaded anew: another editor may have added to the list, or it could not be read at start-up.
+    const bool stored = store_.together([&] {
+        recent.Load(registry);
+        recent.AddFile(path);
+        return recent.Save(registry);
+    });
+    if (!stored) recent.AddFile(path);
 }
 
 }  // namespace klt

@@ -19,7 +19,10 @@ Editor::Editor(Store& store, Instances* instances, std::string commandLine)
       instances_(instances),
       commandLine_(std::move(commandLine)) {}
 
-Editor::~Editor() = default;
+Editor::~Editor() {
+    // The window goes last and must not reach what is gone by then.
+    if (window_) window_->disconnect(this);
+}
 
 frmMDIKLTEditor& Editor::mainWindow() {
     if (window_) return *window_;
@@ -41,7 +44,11 @@ void Editor::wireWindow() {
         queue.submit(Origin::Outside, [this, paths] { documents.openFiles(paths); });
     });
     connect(&*window_, &frmMDIKLTEditor::unloading, this, [this] { server_.reset(); });
-    connect(&*window_, &frmMDIKLTEditor::unloaded, this, [] { QCoreApplication::exit(); });
+    connect(&*window_, &frmMDIKLTEditor::unloaded, this, [this] {
+        // Whoever waits for an answer then opens its files itself.
+        queue.end();
+        QCoreApplication::exit();
+    });
 }
 
 void Editor::listen() {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <system_error>
 #include <thread>
+#include <tuple>
 
 #include "app/Editor.h"
 #include "app/ProgramIcon.h"
@@ -62,7 +63,10 @@ bool handOverToEarlierInstance(Instances& instances, const std::string& commandL
     if (!instances.earlierInstanceExists()) return false;
     const auto window = waitForPreviousInstance(
         instances, [](std::chrono::milliseconds time) { std::this_thread::sleep_for(time); });
-    return window && ActivatePreviousInstance(*window, commandLine) == HandOver::delivered;
+    if (window && ActivatePreviousInstance(*window, commandLine) == HandOver::delivered) return true;
+    // It may have died over it, and the lock is free for us.
+    std::ignore = instances.earlierInstanceExists();
+    return false;
 }
 
 void reportingErrors(const std::function<void()>& step) {
@@ -80,6 +84,8 @@ void startUp(Editor& editor, const std::string& commandLine) {
     variables.AppVersion = kAppVersion;
     variables.AppIsActive = false;
     {
+        // Keys that come meanwhile wait until the flag is down, or they would count as a load.
+        const CommandQueue::Hold hold(editor.queue);
         const RaisedFlag loading(variables.LoadingDocuments);
         reportingErrors(
             [&] { commandLine.empty() ? editor.documents.OpenDocument("") : editor.ParseCommandLine(); });
@@ -87,7 +93,7 @@ void startUp(Editor& editor, const std::string& commandLine) {
         reportingErrors([&] { editor.mainWindow(); });
         reportingErrors(letEventsRun);
     }
-    reportingErrors(letEventsRun);
+    for (int i = 0; i < 3; ++i) reportingErrors(letEventsRun);
     if (editor.isOver()) return;
     variables.StartupComplete = true;
     variables.AppIsActive = true;

@@ -41,12 +41,16 @@ QRect placeOnScreens(QRect place, const std::vector<QRect>& screens) {
         *std::min_element(screens.begin(), screens.end(), [&place](const QRect& left, const QRect& right) {
             return distance(place, left) < distance(place, right);
         });
-    place.setSize(place.size().boundedTo(screen.size()).expandedTo(kSmallest));
+    QRect all;
+    for (const QRect& one : screens) all |= one;
+    const bool fits = place.width() <= all.width() && place.height() <= all.height();
+    place.setSize(place.size().boundedTo(fits ? all.size() : screen.size()).expandedTo(kSmallest));
     const auto reachable = [&place](const QRect& one) {
         const QRect shared = QRect(place.topLeft(), QSize(place.width(), kGrip.height())).intersected(one);
         return shared.width() >= kGrip.width() && shared.height() >= kGrip.height();
     };
     if (std::any_of(screens.begin(), screens.end(), reachable)) return place;
+    place.setSize(place.size().boundedTo(screen.size()).expandedTo(kSmallest));
     place.moveLeft(std::clamp(place.x(), screen.x(), screen.x() + screen.width() - place.width()));
     place.moveTop(std::clamp(place.y(), screen.y(), screen.y() + screen.height() - place.height()));
     return place;
@@ -70,8 +74,11 @@ void storePlace(const QWidget& window, Store& store) {
     store.together([&] {
         writeSetting(store, settings::kWindowState, state);
         if (state == Maximised) return true;
-        storePixels(store, settings::kTop, window.y());
-        storePixels(store, settings::kLeft, window.x());
+        // Wayland gives no positions; 0 would stand for every place.
+        if (!QGuiApplication::platformName().startsWith("wayland")) {
+            storePixels(store, settings::kTop, window.y());
+            storePixels(store, settings::kLeft, window.x());
+        }
         storePixels(store, settings::kHeight, window.height());
         storePixels(store, settings::kWidth, window.width());
         return true;

@@ -14,6 +14,7 @@
 #include <QStatusBar>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <filesystem>
 
 #include "app/WindowPlace.h"
 #include "app/frmKLTEditor.h"
@@ -94,7 +95,7 @@ void frmMDIKLTEditor::buildStatusBar() {
 void frmMDIKLTEditor::prepareFileDialog() {
     fileDialog_ = new CommonDialog1(*this);
     std::string folder = readSetting(store_, settings::kDataFilesPath, programFolder());
-    if (!PathExists(folder)) {
+    if (std::error_code unknown; !std::filesystem::is_directory(folder, unknown)) {
         folder = programFolder();
         writeSetting(store_, settings::kDataFilesPath, folder);
     }
@@ -181,7 +182,7 @@ void frmMDIKLTEditor::updateMenus() {
 
 void frmMDIKLTEditor::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (closing_) return;
+    if (closing_ || unloaded_) return;
     if (queue_.isHeld()) {
         queue_.submit(Origin::User, [this] { close(); });
         return;
@@ -233,8 +234,10 @@ void frmMDIKLTEditor::giveFocusBack() {
 }
 
 bool frmMDIKLTEditor::event(QEvent* event) {
-    if (event->type() == QEvent::WindowActivate) variables_.AppIsActive = true;
-    if (event->type() == QEvent::WindowDeactivate) variables_.AppIsActive = false;
+    if (variables_.StartupComplete) {
+        if (event->type() == QEvent::WindowActivate) variables_.AppIsActive = true;
+        if (event->type() == QEvent::WindowDeactivate) variables_.AppIsActive = false;
+    }
     return QMainWindow::event(event);
 }
 

@@ -38,7 +38,9 @@ std::string quoted(std::string_view text) {
 
 /// A "\" counts as "/", here too. An empty path stays what it is: a new document.
 std::string absolutePath(std::string_view path, std::string_view folder) {
-    if (path.empty() || path[0] == '/' || path[0] == '\\') return std::string(path);
+    const bool isFull = !path.empty() && (path[0] == '/' || path[0] == '\\');
+    // With no folder known, "/a" would be another file.
+    if (path.empty() || folder.empty() || isFull) return std::string(path);
     return std::string(folder) + (folder.ends_with('/') ? "" : "/") + std::string(path);
 }
 

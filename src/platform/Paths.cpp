@@ -52,8 +52,8 @@ std::string withoutDots(std::string_view path) {
     std::string result;
     for (const auto part : partsOf(path)) {
         if (part == ".") continue;
-        const bool canGoBack = result.empty() || (isFolder(result) && !isLink(result));
-        if (part == ".." && canGoBack)
+        const auto canGoBack = [&] { return result.empty() || (isFolder(result) && !isLink(result)); };
+        if (part == ".." && canGoBack())
             result.resize(result.empty() ? 0 : result.rfind('/'));
         else
             result.append("/").append(part);

@@ -27,8 +27,9 @@ std::string CRegSettings::path(std::string_view section) const {
 
 bool CRegSettings::DeleteSetting(std::string_view Section, std::string_view Key) {
     if (!Key.empty()) return store_.removeValue({HKEY_CURRENT_USER, path(Section)}, valueName(Key));
-    // An empty section would be the whole application.
-    return !Section.empty() && store_.removeKey({HKEY_CURRENT_USER, path(Section)});
+    // A section without a name would be the whole application.
+    return Section.find_first_not_of('\\') != Section.npos &&
+           store_.removeKey({HKEY_CURRENT_USER, path(Section)});
 }
 
 std::string CRegSettings::GetSetting(std::string_view Section, std::string_view Key,

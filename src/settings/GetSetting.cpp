@@ -6,10 +6,15 @@ namespace klt {
 
 namespace {
 
+/// Empty names are passed over in a path.
+bool namesNothing(std::string_view name) {
+    return name.find_first_not_of('\\') == name.npos;
+}
+
 /// The path of a section, or of an application when `section` is empty; empty for no application at all,
 /// so that nobody removes every application by a slip.
 std::string sectionPath(std::string_view application, std::string_view section) {
-    if (application.empty()) return {};
+    if (namesNothing(application)) return {};
     std::string path;
     path.reserve(kSettingsFolder.size() + application.size() + section.size() + 2);
     path.append(kSettingsFolder).append("\\").append(application);
@@ -46,7 +51,7 @@ bool DeleteSetting(Store& store, std::string_view application) {
 }
 
 bool DeleteSetting(Store& store, std::string_view application, std::string_view section) {
-    return !section.empty() && store.removeKey({HKEY_CURRENT_USER, sectionPath(application, section)});
+    return !namesNothing(section) && store.removeKey({HKEY_CURRENT_USER, sectionPath(application, section)});
 }
 
 bool DeleteSetting(Store& store, std::string_view application, std::string_view section,

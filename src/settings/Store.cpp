@@ -108,7 +108,7 @@ bool Store::write(NodePath key, std::string_view name, const StoredValue& value)
 }
 
 bool Store::canHold(std::string_view name, const StoredValue& value) {
-    return lengthOf(value) <= kLongestEntry && name.size() <= kLongestName;
+    return lengthOf(value) <= kLongestEntry && name.size() <= kLongestName && name.find('\0') == name.npos;
 }
 
 bool Store::removeValue(NodePath key, std::string_view name) {
@@ -176,7 +176,7 @@ Store::Fate Store::attempt(StoreConnection& connection, const std::function<bool
     }
     {
         const Running running(*this, connection);
-        if (!work()) return Fate::Dropped;
+        if (!work() || failure_ != DatabaseStatus::Done) return Fate::Dropped;
     }
     if (const auto status = transaction.commit(); status != DatabaseStatus::Done) {
         failure_ = status;
@@ -199,6 +199,8 @@ void Store::reading(const std::function<void(StoreConnection&)>& work) {
 }
 
 DatabaseStatus Store::step(const StatementUse& statement) {
+    // After a failure the transaction may be rolled back already, and what came now would be kept alone.
+    if (running_ && failure_ != DatabaseStatus::Done) return failure_;
     const auto status = statement->step();
     if (status != DatabaseStatus::Done && status != DatabaseStatus::Row && status != DatabaseStatus::TooBig)
         failure_ = status;

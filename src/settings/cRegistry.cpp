@@ -2,6 +2,7 @@
 
 #include <errno.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "settings/Conversions.h"
@@ -66,29 +67,37 @@ RegistryValue cRegistry::Value() {
 }
 
 RegistryOutcome cRegistry::Value(const RegistryValue& value) {
-    if (!store_.createKey(node())) return writeFailed();
-    bool stored = true;
-    if (valueType_ == REG_SZ || valueType_ == REG_EXPAND_SZ) {
-        auto text = asText(value);
-        const auto type = holdsReference(text) ? REG_EXPAND_SZ : REG_SZ;
-        stored = put({type, std::move(text)});
-    } else if (valueType_ == REG_BINARY) {
-        const auto* bytes = std::get_if<Bytes>(&value);
-        if (!bytes) return raise(kFailed, {});
-        // One short of the difference of the array's bounds: the count is settled so.
-        if (bytes->size() >= 2) stored = put({REG_BINARY, Bytes(bytes->begin(), bytes->end() - 2)});
-    } else if (valueType_ == REG_DWORD || valueType_ == REG_DWORD_BIG_ENDIAN) {
-        if (std::holds_alternative<std::int16_t>(value) || std::holds_alternative<std::int32_t>(value))
-            stored = put({REG_DWORD, std::int64_t{asNumber(value)}});
-    }
-    if (!stored) return writeFailed();
+    const bool isWrongBytes = valueType_ == REG_BINARY && !std::holds_alternative<Bytes>(value);
+    bool opened = false;
+    store_.together([&] {
+        opened = store_.createKey(node());
+        const auto stored = opened && !isWrongBytes ? toStored(value) : std::nullopt;
+        if (stored) store_.write(node(), valueKey_, *stored);
+        return opened;
+    });
+    if (!opened) return writeFailed();
+    if (isWrongBytes) return raise(kFailed, {});
+    // Whatever became of the value itself: that stops no caller.
     lastValue_ = value;
     return {true, {}};
 }
 
-/// False where the key can't be written. A value that can't be held is passed over: that stops no caller.
-bool cRegistry::put(const StoredValue& value) {
-    return !Store::canHold(valueKey_, value) || store_.write(node(), valueKey_, value);
+/// What is stored of a value under the current type; nothing where it does not fit the type.
+std::optional<StoredValue> cRegistry::toStored(const RegistryValue& value) const {
+    if (valueType_ == REG_SZ || valueType_ == REG_EXPAND_SZ) {
+        auto text = asText(value);
+        const auto type = holdsReference(text) ? REG_EXPAND_SZ : REG_SZ;
+        return StoredValue{type, std::move(text)};
+    }
+    if (valueType_ == REG_BINARY) {
+        const auto& bytes = std::get<Bytes>(value);
+        // One short of the difference of the array's bounds: the count is settled so.
+        if (bytes.size() >= 2) return StoredValue{REG_BINARY, Bytes(bytes.begin(), bytes.end() - 2)};
+    } else if (valueType_ == REG_DWORD || valueType_ == REG_DWORD_BIG_ENDIAN) {
+        if (std::holds_alternative<std::int16_t>(value) || std::holds_alternative<std::int32_t>(value))
+            return StoredValue{REG_DWORD, std::int64_t{asNumber(value)}};
+    }
+    return std::nullopt;
 }
 
 /// Names the value that was written last, not the one that failed.
@@ -106,6 +115,7 @@ bool cRegistry::EnumerateValues(std::vector<std::string>& names, std::int32_t& c
 
 bool cRegistry::EnumerateSections(std::vector<std::string>& names, std::int32_t& count) {
     names = store_.keyNames(node());
+    for (auto& name : names) name.resize(std::min(name.size(), name.find('\0')));
     count = static_cast<std::int32_t>(names.size());
     return true;
 }

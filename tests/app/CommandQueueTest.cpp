@@ -100,6 +100,17 @@ TEST_F(CommandQueueTest, WaitingCommandsGoWithTheQueue) {
     EXPECT_EQ(token.use_count(), 1);
 }
 
+TEST_F(CommandQueueTest, AfterItsEndNothingIsCarriedOut) {
+    {
+        const CommandQueue::Hold hold(queue);
+        queue.submit(Origin::Outside, note("waiting"));
+        queue.end();
+    }
+    queue.submit(Origin::User, note("late"));
+    letEventsRun();
+    EXPECT_THAT(done, ElementsAre());
+}
+
 class HeldTextTest : public CommandQueueTest {
 protected:
     HeldTextTest() {

@@ -145,4 +145,14 @@ TEST_F(DocumentsTest, ACopyLeftByAKilledSaveIsToldOfAtTheNextOpen) {
     EXPECT_EQ(notice(), "");
 }
 
+TEST_F(DocumentsTest, TwoEditorsKeepEachOthersRecentFiles) {
+    open(file("a.klt", "a"));
+    {
+        Editor other(store, nullptr, "");
+        other.documents.openFiles({file("b.klt", "b")});
+    }
+    open(file("c.klt", "c"));
+    EXPECT_EQ(variables().RecentFiles.FileCount(), 3);
+}
+
 }  // namespace

@@ -73,6 +73,29 @@ TEST_F(MainTest, AWindowClosedDuringTheStartEndsIt) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return editor().isOver(); }));
 }
 
+TEST_F(MainTest, KeysTypedDuringTheStartAreAnEditAfterIt) {
+    restart();
+    duringOpening([this] { QTest::keyClick(active().RichTextBox1, Qt::Key_X); });
+    startUp(editor(), "");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return active().Modified(); }));
+    EXPECT_TRUE(textOf(active()).starts_with("xVersion=2"));
+}
+
+TEST_F(MainTest, WhatCameDuringAShutdownIsNotCarriedOutAfterIt) {
+    const auto path = file("late.klt", "late");
+    openNew();
+    type("x");
+    answerNext<QMessageBox>([&](QMessageBox& box) {
+        emit window().filesDropped({path});
+        QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+    });
+    action("F6")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return editor().isOver(); }));
+    letEventsRun();
+    EXPECT_EQ(window().ActiveForm(), nullptr);
+    EXPECT_EQ(variables().RecentFiles.FileCount(), 0);
+}
+
 TEST_F(MainTest, AnotherProcessesFilesAreOpenedWhileItWaits) {
     Instances here(home / "run"), there(home / "run");
     Editor first(store, &here, "");

@@ -161,6 +161,7 @@ TEST(WindowPlaceTest, APlaceIsBroughtOntoTheScreens) {
         {"right of all", {9000, 20, 600, 400}, {1400, 20, 600, 400}},
         {"below", {1100, 9000, 600, 400}, {1100, 400, 600, 400}},
         {"title above", {100, -200, 600, 400}, {100, 0, 600, 400}},
+        {"over two screens", {0, 0, 1900, 700}, {0, 0, 1900, 700}},
         {"too large", {0, 0, 90000, 90000}, {0, 0, 1000, 800}},
     };
     for (const auto& row : rows) EXPECT_EQ(placeOnScreens(row.place, screens), row.expected) << row.name;
