@@ -67,6 +67,24 @@ TEST_F(MainTest, AnErrorIsShownAndTheStartGoesOn) {
     EXPECT_EQ(lastIcon, QMessageBox::NoIcon);
 }
 
+// After this one the program has ended once in this process: no dialog comes up any more.
+
+TEST_F(MainTest, WhatCameDuringAShutdownIsNotCarriedOutAfterIt) {
+    const auto path = file("late.klt", "late");
+    openNew();
+    type("x");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return active().Modified(); }));
+    answerNext<QMessageBox>([&](QMessageBox& box) {
+        emit window().filesDropped({path});
+        QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+    });
+    action("F6")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return editor().isOver(); }));
+    letEventsRun();
+    EXPECT_EQ(window().ActiveForm(), nullptr);
+    EXPECT_EQ(variables().RecentFiles.FileCount(), 0);
+}
+
 TEST_F(MainTest, AWindowClosedDuringTheStartEndsIt) {
     duringOpening([this] { window().close(); });
     start("");
@@ -79,21 +97,6 @@ TEST_F(MainTest, KeysTypedDuringTheStartAreAnEditAfterIt) {
     startUp(editor(), "");
     EXPECT_TRUE(QTest::qWaitFor([this] { return active().Modified(); }));
     EXPECT_TRUE(textOf(active()).starts_with("xVersion=2"));
-}
-
-TEST_F(MainTest, WhatCameDuringAShutdownIsNotCarriedOutAfterIt) {
-    const auto path = file("late.klt", "late");
-    openNew();
-    type("x");
-    answerNext<QMessageBox>([&](QMessageBox& box) {
-        emit window().filesDropped({path});
-        QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
-    });
-    action("F6")->trigger();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return editor().isOver(); }));
-    letEventsRun();
-    EXPECT_EQ(window().ActiveForm(), nullptr);
-    EXPECT_EQ(variables().RecentFiles.FileCount(), 0);
 }
 
 TEST_F(MainTest, AnotherProcessesFilesAreOpenedWhileItWaits) {
