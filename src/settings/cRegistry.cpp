@@ -71,8 +71,7 @@ RegistryOutcome cRegistry::Value(const RegistryValue& value) {
     bool opened = false;
     store_.together([&] {
         opened = store_.createKey(node());
-        const auto stored = opened && !isWrongBytes ? toStored(value) : std::nullopt;
-        if (stored) store_.write(node(), valueKey_, *stored);
+        if (opened && !isWrongBytes) put(value);
         return opened;
     });
     if (!opened) return writeFailed();
@@ -82,22 +81,21 @@ RegistryOutcome cRegistry::Value(const RegistryValue& value) {
     return {true, {}};
 }
 
-/// What is stored of a value under the current type; nothing where it does not fit the type.
-std::optional<StoredValue> cRegistry::toStored(const RegistryValue& value) const {
+/// Writes a value in the form of the current type; nothing where it does not fit the type.
+void cRegistry::put(const RegistryValue& value) {
+    const auto write = [this](const StoredValue& stored) { store_.write(node(), valueKey_, stored); };
     if (valueType_ == REG_SZ || valueType_ == REG_EXPAND_SZ) {
         auto text = asText(value);
         const auto type = holdsReference(text) ? REG_EXPAND_SZ : REG_SZ;
-        return StoredValue{type, std::move(text)};
-    }
-    if (valueType_ == REG_BINARY) {
+        write({type, std::move(text)});
+    } else if (valueType_ == REG_BINARY) {
         const auto& bytes = std::get<Bytes>(value);
         // One short of the difference of the array's bounds: the count is settled so.
-        if (bytes.size() >= 2) return StoredValue{REG_BINARY, Bytes(bytes.begin(), bytes.end() - 2)};
+        if (bytes.size() >= 2) write({REG_BINARY, Bytes(bytes.begin(), bytes.end() - 2)});
     } else if (valueType_ == REG_DWORD || valueType_ == REG_DWORD_BIG_ENDIAN) {
         if (std::holds_alternative<std::int16_t>(value) || std::holds_alternative<std::int32_t>(value))
-            return StoredValue{REG_DWORD, std::int64_t{asNumber(value)}};
+            write({REG_DWORD, std::int64_t{asNumber(value)}});
     }
-    return std::nullopt;
 }
 
 /// Names the value that was written last, not the one that failed.

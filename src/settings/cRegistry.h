@@ -86,7 +86,7 @@ private:
     NodePath node() const { return {classKey_, sectionKey_}; }
     RegistryOutcome writeFailed() const;
     RegistryOutcome writeDefault(std::string_view section, std::string_view text);
-    std::optional<StoredValue> toStored(const RegistryValue& value) const;
+    void put(const RegistryValue& value);
 
     Store& store_;
     std::int32_t classKey_ = 0;
