@@ -136,14 +136,15 @@ std::vector<std::string> CommonDialog1::ShowSave(QWidget* owner) {
 std::vector<std::string> CommonDialog1::show(QWidget* owner, bool save) {
     if (!dialog_) dialog_ = new Dialog(*this);
     dialog_->prepare(owner ? owner : &mainWindow_, save);
-    const QPointer<Dialog> alive = dialog_;
     const bool accepted = dialog_->exec() == QDialog::Accepted;
-    if (!alive) return {};
+    FileName.clear();
+    if (!dialog_) return {};
     // An owner that goes takes its children along, and this object has to stay.
     dialog_->setParent(&mainWindow_, Qt::Dialog);
-    auto paths = accepted ? alive->chosen() : std::vector<std::string>();
-    FileName = paths.empty() ? std::string() : paths.front();
-    if (!paths.empty()) folder_ = paths.front().substr(0, std::max<size_t>(1, paths.front().rfind('/')));
+    auto paths = accepted ? dialog_->chosen() : std::vector<std::string>();
+    if (paths.empty()) return paths;
+    FileName = paths.front();
+    folder_ = FileName.substr(0, std::max<size_t>(1, FileName.rfind('/')));
     return paths;
 }
 

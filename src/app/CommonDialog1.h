@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <string>
 #include <vector>
 
@@ -52,7 +53,7 @@ private:
     QWidget& mainWindow_;
     std::string folder_;
     /// Made at its first use, since that takes its time.
-    Dialog* dialog_ = nullptr;
+    QPointer<Dialog> dialog_;
 };
 
 }  // namespace klt

@@ -2,10 +2,12 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <algorithm>
 
 #include "app/frmKLTEditor.h"
 #include "app/frmMDIKLTEditor.h"
 #include "app/modVariables.h"
+#include "platform/FileCalls.h"
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
 #include "platform/KeptCopies.h"
@@ -158,7 +160,10 @@ void Documents::saved(frmKLTEditor& document) {
 /// Writes the document to `CurrentFilePath`. A failure leaves the document as it is.
 Failure Documents::write(frmKLTEditor& document) {
     const std::string& path = variables_.CurrentFilePath;
-    const bool keepsOld = document.unread && path == document.Caption();
+    const auto& all = mainWindow_().forms().documents();
+    const bool keepsOld = std::any_of(all.begin(), all.end(), [&path](const frmKLTEditor* other) {
+        return other->unread && linkTarget(other->Caption()) == linkTarget(path);
+    });
     const auto written = writeTextFile(path, document.RichTextBox1->Text(), document.encoding,
                                        keepsOld ? OldFile::KeptBeside : OldFile::Replaced);
     if (written.error) return path + " could not be saved: " + *written.error;
@@ -221,12 +226,15 @@ void Documents::AddToRecent(const std::string& path) {
     registry.ClassKey(HKEY_CURRENT_USER);
     registry.SectionKey(recentFilesPath());
     // Loaded anew: another editor may have added to the list, or it could not be read at start-up.
+    const cMRUFileList before = recent;
     const bool stored = store_.together([&] {
         recent.Load(registry);
         recent.AddFile(path);
         return recent.Save(registry);
     });
-    if (!stored) recent.AddFile(path);
+    if (stored) return;
+    recent = before;
+    recent.AddFile(path);
 }
 
 }  // namespace klt

@@ -6,8 +6,6 @@ namespace klt {
 
 void OpenForms::add(frmKLTEditor& document) {
     documents_.push_back(&document);
-    // Not active yet, but before those that are.
-    byActivation_.insert(byActivation_.begin(), &document);
 }
 
 void OpenForms::remove(const frmKLTEditor& document) {

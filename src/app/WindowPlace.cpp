@@ -73,7 +73,8 @@ void storePlace(const QWidget& window, Store& store) {
     const State state = window.isMinimized() ? Minimised : window.isMaximized() ? Maximised : Normal;
     store.together([&] {
         writeSetting(store, settings::kWindowState, state);
-        if (state == Maximised) return true;
+        // One that was minimised from its maximised state has that geometry still.
+        if ((window.windowState() & Qt::WindowMaximized) != 0) return true;
         // Wayland gives no positions; 0 would stand for every place.
         if (!QGuiApplication::platformName().startsWith("wayland")) {
             storePixels(store, settings::kTop, window.y());

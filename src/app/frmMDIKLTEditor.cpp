@@ -197,8 +197,8 @@ void frmMDIKLTEditor::closeEvent(QCloseEvent* event) {
 bool frmMDIKLTEditor::queryUnload() {
     // Each is asked, whatever has become of the others meanwhile.
     for (auto* form : std::vector(forms_.documents())) {
-        const QPointer<frmKLTEditor> document(form);
         if (!forms_.contains(form)) continue;
+        const QPointer<frmKLTEditor> document(form);
         variables_.CurrentFilePath = document->Caption();
         const bool stays = closeCheck_ && closeCheck_(*document);
         if (!document) continue;

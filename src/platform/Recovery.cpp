@@ -43,7 +43,7 @@ Recovered keep(const std::string& documentName, std::string_view bytes) {
     int error = file.error();
     if (error == 0) error = file.write(bytes);
     if (error == 0) error = flush(file.number());
-    if (error != 0) return {{}, systemFailure(error)};
+    if (error != 0) return {folder, systemFailure(error)};
     std::string path;
     error = EEXIST;
     for (int number = 1; error == EEXIST && number < kMostNames; ++number) {

@@ -86,7 +86,11 @@ void RichTextBox::setUpKeys() {
     std::for_each(kMovementsAmongLines.begin(), kMovementsAmongLines.end(), assignMovement);
     std::for_each(kChordsAmongLines.begin(), kChordsAmongLines.end(), assignChord);
     if (kind_ == Kind::Preview) return;
-    std::for_each(kZoomChords.begin(), kZoomChords.end(), assignChord);
+    for (const Chord& row : kZoomChords) {
+        assignChord(row);
+        // Where "+" or a digit is typed with Shift.
+        assign(row.key, kCtrl | kShift, row.message);
+    }
 }
 
 bool RichTextBox::handleEditingKey(const QKeyEvent& event) {

@@ -37,6 +37,14 @@ TEST_F(MainWindowTest, PanelsTellOfTheActiveDocument) {
     EXPECT_EQ(panel(2), "198 bytes") << "another one's closing says nothing of this one";
 }
 
+TEST_F(MainWindowTest, TheFirstDocumentIsActivatedThoughItsFileIsMissing) {
+    answerMessage(QMessageBox::Ok);
+    open(home / "missing.klt");
+    EXPECT_EQ(panel(2), "0 bytes");
+    EXPECT_EQ(variables().CurrentFilePath, "Untitled");
+    EXPECT_TRUE(window().Timer1().isActive());
+}
+
 TEST_F(MainWindowTest, TheLastClosingClearsThePanels) {
     openNew();
     auto& second = openNew();
