@@ -65,9 +65,11 @@ Place FieldWalk::behindCharacter(Place i) const {
     return i;
 }
 
+// Bytes that belong to no character stand for themselves, or the walk could come back in front of a comma.
 Place FieldWalk::frontOfCharacter(Place i) const {
-    while (i > 1 && isContinuation(scan_.at(i))) --i;
-    return i;
+    Place front = i;
+    while (front > 1 && isContinuation(scan_.at(front))) --front;
+    return (scan_.at(front) & 0x80) != 0 ? front : i;
 }
 
 // The item name, up to the first comma outside parentheses.
