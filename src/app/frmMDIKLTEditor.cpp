@@ -214,7 +214,7 @@ void frmMDIKLTEditor::unload() {
     emit unloading();
     storePlace(*this, store_);
     hide();
-    DeleteSetting(store_, kSettingsApplication, "Special", "frmAboutBox Easter Egg");
+    deleteSetting(store_, settings::kAboutBoxEasterEgg);
     unloaded_ = true;
     emit unloaded();
 }

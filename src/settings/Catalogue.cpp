@@ -35,6 +35,10 @@ bool isStored(Store& store, const TextSetting& setting) {
     return HasSetting(store, setting.application, setting.section, setting.key);
 }
 
+bool deleteSetting(Store& store, const TextSetting& setting) {
+    return DeleteSetting(store, setting.application, setting.section, setting.key);
+}
+
 bool writeSetting(Store& store, const NumberSetting& setting, std::int32_t value) {
     return SaveSetting(store, setting.application, setting.section, setting.key, std::to_string(value));
 }
@@ -45,6 +49,14 @@ bool writeSetting(Store& store, const TruthSetting& setting, bool value) {
 
 bool writeSetting(Store& store, const TextSetting& setting, std::string_view value) {
     return SaveSetting(store, setting.application, setting.section, setting.key, value);
+}
+
+bool resetAllSettings(Store& store) {
+    return store.together([&] {
+        for (const auto application : {kSettingsApplication, kAuthorsApplication})
+            DeleteSetting(store, application);
+        return true;
+    });
 }
 
 }  // namespace klt

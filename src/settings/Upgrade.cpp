@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "settings/AuthorProfiles.h"
 #include "settings/Catalogue.h"
 #include "settings/MakerProfile.h"
 #include "settings/cMRUFileList.h"
@@ -14,20 +15,9 @@ namespace {
 
 using settings::kVersion;
 
-void correctMakerProfile(Store& store, std::string_view address) {
-    const auto count = readSetting(store, settings::kAuthorCount);
-    for (std::int32_t index = 0; index < count; ++index) {
-        const auto profile = std::to_string(index);
-        if (GetSetting(store, kAuthorsApplication, profile, "Name") != kMakerName) continue;
-        SaveSetting(store, kAuthorsApplication, profile, "E-Mail 2", address);
-        return;
-    }
-}
-
 /// The recent-files list kept its numbers as texts.
 void convertRecentFiles(Store& store) {
-    if (!isStored(store, settings::kMaxMRUFiles))
-        SaveSetting(store, kSettingsApplication, "MRU", "MaxCount", "4");
+    if (!isStored(store, settings::kMaxMRUFiles)) writeSetting(store, settings::kMRUMaxCount, "4");
     const auto path = recentFilesPath();
     if (!store.read({HKEY_CURRENT_USER, path}, "RecentFile1")) return;
     cRegistry registry(store);
@@ -62,7 +52,7 @@ struct Step {
 constexpr std::array<Step, 3> kSteps = {{
     {"1.53.0002", [](Store& store) { convertOldForms(store); }},
     {"1.60.0050", [](Store& store) { moveBands(store); }},
-    {"1.60.0053", [](Store& store) { correctMakerProfile(store, kMakerAddress); }},
+    {"1.60.0053", [](Store& store) { correctSecondAddress(store, kMakerName, kMakerAddress); }},
 }};
 
 /// Each step is for what was found, so an empty store goes through all but the first. Versions are compared
@@ -71,7 +61,7 @@ void upgradeFrom(Store& store, std::string version) {
     if (version.size() > kAppVersion.size()) {
         version = "1.52.0000";
         writeSetting(store, kVersion, version);
-        correctMakerProfile(store, kMakerFormerAddress);
+        correctSecondAddress(store, kMakerName, kMakerFormerAddress);
     }
     for (const auto& step : kSteps) {
         if (version >= step.below) continue;

@@ -1,6 +1,10 @@
 #include "settings/Catalogue.h"
 
+#include <set>
+
+#include "settings/AuthorProfiles.h"
 #include "settings/Conversions.h"
+#include "settings/EditorFormat.h"
 #include "support/Scratch.h"
 
 namespace klt {
@@ -62,7 +66,13 @@ TEST_F(CatalogueTest, ClampsNumbersAndKeepsDefaults) {
                         {"2147483647", settings::kTop, settings::kPlace.most},
                         {"-300", settings::kTop, -300},
                         {"7", settings::kWindowState, 2},
-                        {"2147483647", settings::kAuthorCount, 1000}};
+                        {"2147483647", settings::kAuthorCount, 1000},
+                        {"-2", settings::kLastAuthor, -1},
+                        {"2147483647", settings::kMaximumNested, 100},
+                        {"-1", settings::kLineBreakerMaximum, 0},
+                        {"-1", settings::kMenubarWidth, 0},
+                        {"2", settings::kShowKLTCheckerWindow, 2},
+                        {"-2147483648", settings::windowPosition("frmModWizard")->left, -500'000}};
     for (const auto& row : rows) {
         SaveSetting(store_, row.setting.application, row.setting.section, row.setting.key, row.stored);
         EXPECT_EQ(readSetting(store_, row.setting), row.read) << row.setting.key << " " << row.stored;
@@ -81,6 +91,35 @@ TEST_F(CatalogueTest, ReadsBackWhatItWrites) {
     EXPECT_TRUE(writeSetting(store_, settings::kDataFilesPath, "/files"));
     EXPECT_EQ(readSetting(store_, settings::kDataFilesPath, "/of the program"), "/files");
     EXPECT_TRUE(isStored(store_, settings::kDataFilesPath));
+}
+
+TEST_F(CatalogueTest, HasOneRowForEachWindowThatKeepsItsPlace) {
+    std::set<std::string_view> windows;
+    for (const auto& row : settings::kWindowPositions) {
+        EXPECT_TRUE(windows.insert(row.top.section).second && row.top.section == row.left.section);
+        EXPECT_NE(row.top.key, row.left.key);
+    }
+    EXPECT_EQ(readSetting(store_, settings::windowPosition("frmFind")->top), 2160);
+    EXPECT_EQ(readSetting(store_, settings::windowPosition("frmFind")->left), 1725);
+    EXPECT_EQ(settings::windowPosition("frmTip"), nullptr);
+}
+
+TEST_F(CatalogueTest, ResetsWhatItIsAskedTo) {
+    auto styles = editorFormatSettings(store_);
+    const auto fill = [&] {
+        writeSetting(store_, settings::kTvmVersionChosen, "1");
+        SaveSetting(store_, kAuthorsApplication, "9", "Name", "Somebody");
+        styles.SaveSetting("Comments", "Color", "7");
+    };
+    fill();
+    EXPECT_TRUE(resetEditorFormat(store_));
+    EXPECT_EQ(styles.GetSetting("Comments", "Color", "none"), "none");
+    EXPECT_TRUE(isStored(store_, settings::kTvmVersionChosen));
+    fill();
+    EXPECT_TRUE(resetAllSettings(store_));
+    EXPECT_FALSE(isStored(store_, settings::kTvmVersionChosen));
+    EXPECT_EQ(readAuthorProfile(store_, 9), AuthorProfile{});
+    EXPECT_EQ(styles.GetSetting("Comments", "Color", "none"), "none");
 }
 
 }  // namespace

@@ -1,0 +1,57 @@
+#include "settings/AuthorProfiles.h"
+
+#include <algorithm>
+
+#include "settings/Catalogue.h"
+#include "settings/MakerProfile.h"
+#include "support/Scratch.h"
+
+namespace klt {
+namespace {
+
+class AuthorProfilesTest : public testing::Test {
+protected:
+    ScratchFolder folder_;
+    Store store_{folder_ / "store.sqlite3"};
+};
+
+TEST_F(AuthorProfilesTest, SeedsOnceAndAgainAfterAReset) {
+    EXPECT_EQ(readAuthorProfiles(store_), std::vector<AuthorProfile>(8)) << "eight, whatever is stored";
+    EXPECT_TRUE(seedAuthorProfilesOnce(store_));
+    EXPECT_EQ(GetSetting(store_, "KLTEdit", "frmAuthorWizard", "First Time"), "False");
+    EXPECT_FALSE(HasSetting(store_, "Authors", "Number", "Value"));
+    const auto stock = readAuthorProfiles(store_);
+    EXPECT_FALSE(std::ranges::any_of(stock, &std::string::empty, &AuthorProfile::name));
+
+    const AuthorProfile mine{"Me", {"1", "", "3"}};
+    EXPECT_TRUE(writeAuthorProfile(store_, 0, mine));
+    EXPECT_TRUE(writeAuthorProfile(store_, 8, mine));
+    EXPECT_TRUE(writeSetting(store_, settings::kAuthorCount, 9));
+    EXPECT_TRUE(seedAuthorProfilesOnce(store_));
+    auto expected = stock;
+    expected.front() = mine;
+    expected.push_back(mine);
+    EXPECT_EQ(readAuthorProfiles(store_), expected) << "a second seeding writes nothing";
+
+    EXPECT_TRUE(resetAuthorProfiles(store_));
+    EXPECT_EQ(readAuthorProfiles(store_), stock);
+    EXPECT_EQ(readAuthorProfile(store_, 8), AuthorProfile{});
+    writeAuthorProfile(store_, 0, mine);
+    EXPECT_TRUE(resetAllSettings(store_));
+    EXPECT_TRUE(seedAuthorProfilesOnce(store_));
+    EXPECT_EQ(readAuthorProfiles(store_), stock);
+}
+
+TEST_F(AuthorProfilesTest, HasTheMakersAmongTheStock) {
+    seedAuthorProfilesOnce(store_);
+    auto expected = readAuthorProfiles(store_);
+    const auto maker = std::ranges::find(expected, kMakerName, &AuthorProfile::name);
+    ASSERT_NE(maker, expected.end());
+    EXPECT_EQ(maker->addresses[1], kMakerAddress);
+    correctSecondAddress(store_, kMakerName, "new");
+    maker->addresses[1] = "new";
+    EXPECT_EQ(readAuthorProfiles(store_), expected);
+}
+
+}  // namespace
+}  // namespace klt
