@@ -1,9 +1,9 @@
 #include "app/Editor.h"
 
 #include <QCoreApplication>
-#include <array>
 #include <utility>
 
+#include "app/Commands.h"
 #include "platform/CommandLine.h"
 #include "platform/KeptCopies.h"
 #include "platform/Paths.h"
@@ -95,16 +95,7 @@ void Editor::ParseCommandLine(std::string_view commandLine) {
 }
 
 void Editor::MenuClick(const QString& key) {
-    static constexpr std::array<std::pair<const char*, void (Documents::*)()>, 5> kCommands = {{
-        {"F1", &Documents::New},
-        {"F2", &Documents::Open},
-        {"F3", &Documents::Close},
-        {"F4", &Documents::SaveDocument},
-        {"F5", &Documents::SaveDocumentAs},
-    }};
-    for (const auto& [name, command] : kCommands)
-        if (key == QLatin1String(name)) return (documents.*command)();
-    if (key == "F6") mainWindow().close();
+    runCommand(*this, key.toStdString());
 }
 
 }  // namespace klt
