@@ -63,6 +63,7 @@ AuthorProfile readAuthorProfile(Store& store, std::int32_t index) {
 std::vector<AuthorProfile> readAuthorProfiles(Store& store) {
     std::vector<AuthorProfile> profiles;
     const auto count = readSetting(store, settings::kAuthorCount);
+    profiles.reserve(static_cast<size_t>(count));
     for (std::int32_t index = 0; index < count; ++index) profiles.push_back(readAuthorProfile(store, index));
     return profiles;
 }
