@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "ui/DroppedFiles.h"
 #include "ui/RichTextBox.h"
 
 namespace klt {
@@ -25,6 +26,7 @@ Handling handlingOf(const QEvent& event) {
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
+        case QEvent::ContextMenu:
             return Handling::Keep;
         case QEvent::MouseMove:
             return static_cast<const QMouseEvent&>(event).buttons() == Qt::NoButton ? Handling::Pass
@@ -51,7 +53,7 @@ RichTextBox* documentArea(QObject* receiver) {
 
 bool isFileDrag(const QEvent& event) {
     const auto* drop = dynamic_cast<const QDropEvent*>(&event);
-    return drop && drop->mimeData() && drop->mimeData()->hasUrls();
+    return drop && drop->mimeData() && !localFiles(*drop->mimeData()).empty();
 }
 
 }  // namespace

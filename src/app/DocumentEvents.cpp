@@ -9,18 +9,22 @@
 #include "platform/TextAreaGuards.h"
 #include "platform/Unicode.h"
 #include "ui/BaseFormats.h"
+#include "ui/CloseParenthesis.h"
 
 namespace klt {
 
-DocumentEvents::DocumentEvents(modVariables& variables, frmMDIKLTEditor& window)
-    : variables_(variables), window_(window) {
+DocumentEvents::DocumentEvents(modVariables& variables, Store& store, frmMDIKLTEditor& window)
+    : variables_(variables), store_(store), window_(window) {
     connect(&window, &frmMDIKLTEditor::documentLoaded, this, [this](frmKLTEditor* it) { attach(*it); });
     connect(&window, &frmMDIKLTEditor::documentActivated, this, [this](frmKLTEditor* it) { activate(*it); });
 }
 
 void DocumentEvents::attach(frmKLTEditor& document) {
     connect(document.RichTextBox1, &RichTextBox::Change, this, [this, &document] { change(document); });
-    connect(document.RichTextBox1, &RichTextBox::SelChange, this, [this, &document] { selChange(document); });
+    connect(document.RichTextBox1, &RichTextBox::SelChange, this, [this, &document] {
+        if (!variables_.SuppressCaretUpdate) selChange(document);
+    });
+    closeParentheses(*document.RichTextBox1, store_);
 }
 
 bool DocumentEvents::isActive(const frmKLTEditor& document) const {

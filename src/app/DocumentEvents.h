@@ -6,12 +6,13 @@ namespace klt {
 
 class frmKLTEditor;
 class frmMDIKLTEditor;
+class Store;
 struct modVariables;
 
 /// What the documents' events do: the load step and the noting of edits, the status panels, activation.
 class DocumentEvents : public QObject {
 public:
-    DocumentEvents(modVariables& variables, frmMDIKLTEditor& window);
+    DocumentEvents(modVariables& variables, Store& store, frmMDIKLTEditor& window);
 
 private:
     void attach(frmKLTEditor& document);
@@ -23,6 +24,7 @@ private:
     bool isActive(const frmKLTEditor& document) const;
 
     modVariables& variables_;
+    Store& store_;
     frmMDIKLTEditor& window_;
 };
 

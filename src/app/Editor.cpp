@@ -27,7 +27,7 @@ Editor::~Editor() {
 frmMDIKLTEditor& Editor::mainWindow() {
     if (window_) return *window_;
     window_ = std::make_unique<frmMDIKLTEditor>(variables, store_, queue);
-    events_ = std::make_unique<DocumentEvents>(variables, *window_);
+    events_ = std::make_unique<DocumentEvents>(variables, store_, *window_);
     wireWindow();
     window_->Load();
     listen();

@@ -12,7 +12,7 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QStatusBar>
-#include <QUrl>
+#include <QToolBar>
 #include <QVBoxLayout>
 #include <filesystem>
 
@@ -23,21 +23,16 @@
 #include "settings/Catalogue.h"
 #include "settings/Upgrade.h"
 #include "settings/cRegistry.h"
+#include "ui/DroppedFiles.h"
 
 namespace klt {
 namespace {
 
 constexpr int kTimer1Milliseconds = 100;
+constexpr int kTimer2Milliseconds = 50;
 
 std::string programFolder() {
     return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
-}
-
-std::vector<std::string> localFiles(const QMimeData& data) {
-    std::vector<std::string> paths;
-    for (const auto& url : data.urls())
-        if (url.isLocalFile()) paths.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
-    return paths;
 }
 
 }  // namespace
@@ -62,6 +57,9 @@ frmMDIKLTEditor::frmMDIKLTEditor(modVariables& variables, Store& store, CommandQ
     timer1_.setObjectName("Timer1");
     timer1_.setInterval(kTimer1Milliseconds);
     connect(&timer1_, &QTimer::timeout, this, &frmMDIKLTEditor::giveFocusBack);
+    timer2_.setObjectName("Timer2");
+    timer2_.setInterval(kTimer2Milliseconds);
+    connect(&timer2_, &QTimer::timeout, this, &frmMDIKLTEditor::refreshBars);
 }
 
 frmMDIKLTEditor::~frmMDIKLTEditor() {
@@ -207,6 +205,7 @@ bool frmMDIKLTEditor::queryUnload() {
         closeDocument(*document);
     }
     timer1_.stop();
+    timer2_.stop();
     return true;
 }
 
@@ -233,10 +232,20 @@ void frmMDIKLTEditor::giveFocusBack() {
     if (auto* document = ActiveForm()) document->RichTextBox1->setFocus();
 }
 
+/// The bars change their look with the window's activation.
+void frmMDIKLTEditor::refreshBars() {
+    menuBar()->update();
+    for (auto* bar : findChildren<QToolBar*>()) bar->update();
+    timer2_.stop();
+    if (!variables_.AppIsActive || QApplication::activeModalWidget()) return;
+    if (auto* document = ActiveForm()) document->RichTextBox1->setFocus();
+}
+
 bool frmMDIKLTEditor::event(QEvent* event) {
-    if (variables_.StartupComplete) {
-        if (event->type() == QEvent::WindowActivate) variables_.AppIsActive = true;
-        if (event->type() == QEvent::WindowDeactivate) variables_.AppIsActive = false;
+    const bool activates = event->type() == QEvent::WindowActivate;
+    if (activates || event->type() == QEvent::WindowDeactivate) {
+        if (variables_.StartupComplete) variables_.AppIsActive = activates;
+        timer2_.start();
     }
     return QMainWindow::event(event);
 }

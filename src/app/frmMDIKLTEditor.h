@@ -85,6 +85,7 @@ private:
     bool queryUnload();
     void unload();
     void giveFocusBack();
+    void refreshBars();
 
     modVariables& variables_;
     Store& store_;
@@ -97,6 +98,7 @@ private:
     std::optional<FileMenu> fileMenu_;
     CommonDialog1* fileDialog_ = nullptr;
     QTimer timer1_;
+    QTimer timer2_;
     bool closing_ = false;
     bool unloaded_ = false;
 };

@@ -15,6 +15,8 @@ struct modVariables {
     bool LoadingDocuments = false;
     /// While true, a document window is being activated, and the focus is not yet moved.
     bool ActivatingDocument = false;
+    /// While true, code moves the caret of a document, and nobody takes note of it.
+    bool SuppressCaretUpdate = false;
     /// The path that open, save or close is working on.
     std::string CurrentFilePath;
     /// The program owns the foreground.

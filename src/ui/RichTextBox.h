@@ -83,6 +83,11 @@ public:
     Q_INVOKABLE QString StyleRuns() const;
 
 signals:
+    /// A character is about to be typed over the selection. What handlers put in is one step of undo with it.
+    void KeyPress(QChar character);
+    /// The popup is wanted at this point of the screen: the right button was released there, or the keyboard
+    /// asked for it, and the point is below the caret.
+    void popupWanted(QPoint global);
     /// The text was edited.
     void Change();
     /// Caret or selection moved.
@@ -97,6 +102,7 @@ protected:
 
     QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
     void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -150,9 +156,13 @@ private:
     void styleInserted();
     void protectionChanged(bool grown);
 
+    template <typename Action>
+    bool typeCharacter(const QString& text, Action action);
+    void wantPopupAtCaret();
     bool handleEditingKey(const QKeyEvent& event);
     bool leavesToWindow(const QKeyEvent& event) const;
     void pasteFrom(QClipboard::Mode mode);
+    void dropLink(QDropEvent& event, Position at);
     void deleteBack();
     void deleteForward();
     void deleteWordBack();
@@ -186,6 +196,7 @@ private:
     InsertedText inserted_;
     std::optional<StyleByte> firstStyle_;  // of the first character, before it was deleted
     std::optional<PendingStyle> pendingStyle_;
+    std::optional<UndoStep>* stepOfCharacter_ = nullptr;  // begun by an edit before the character is in
 };
 
 }  // namespace klt

@@ -82,6 +82,7 @@ bool RichTextBox::edit(TextRange range, bool inserts, Action action) {
     if (!protection_.permit(range, inserts)) return false;
     const Gate gate(*this);
     if (std::exchange(stepEnds_, false)) const UndoStep end(*this);
+    if (stepOfCharacter_ && !*stepOfCharacter_) stepOfCharacter_->emplace(*this);
     action();
     return true;
 }

@@ -6,6 +6,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <array>
 
@@ -144,6 +145,8 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
+    // The menu key makes an event of its own; this chord makes none on every desktop.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) return wantPopupAtCaret();
     const Operation operation(*this, Running::Event);
     if (std::exchange(caretPlaced_, false)) send(SCI_CHOOSECARETX);
     if (handleEditingKey(*event)) {
@@ -156,15 +159,27 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
     } else if (event->text().isEmpty()) {
         QsciScintillaBase::keyPressEvent(event);
     } else {
-        edit(selection(), true, [&] { QsciScintillaBase::keyPressEvent(event); });
+        typeCharacter(event->text(), [&] { QsciScintillaBase::keyPressEvent(event); });
         event->accept();
     }
 }
 
+template <typename Action>
+bool RichTextBox::typeCharacter(const QString& text, Action action) {
+    std::optional<UndoStep> step;
+    {
+        const QScopedValueRollback joined(stepOfCharacter_, &step);
+        emit KeyPress(text.front());
+    }
+    return edit(selection(), true, action);
+}
+
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
     const Operation operation(*this, Running::Event);
-    composing_ = !event->preeditString().isEmpty();
-    if (edit(selection(), true, [&] { QsciScintillaBase::inputMethodEvent(event); })) return;
+    const bool wasComposing = std::exchange(composing_, !event->preeditString().isEmpty());
+    const auto take = [&] { QsciScintillaBase::inputMethodEvent(event); };
+    const bool types = !wasComposing && !composing_ && event->commitString().size() == 1;
+    if (types ? typeCharacter(event->commitString(), take) : edit(selection(), true, take)) return;
     composing_ = false;
     QGuiApplication::inputMethod()->reset();
     event->accept();

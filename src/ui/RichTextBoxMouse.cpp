@@ -1,10 +1,12 @@
 // What the mouse brings: clicks, the middle button's paste, drags and drops, the wheel.
 
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include "ui/DroppedFiles.h"
 #include "ui/RichTextBox.h"
 #include "ui/RichTextBoxGuards.h"
 
@@ -42,6 +44,9 @@ void RichTextBox::mousePressEvent(QMouseEvent* event) {
     }
     QMouseEvent press = plain(*event);
     QsciScintillaBase::mousePressEvent(&press);
+    // A selection stays, so that the popup works on it.
+    const bool movesCaret = event->button() == Qt::RightButton && kind_ == Kind::Document && SelLength() == 0;
+    if (movesCaret) SetSelStart(placeAt(event->position()));
 }
 
 void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
@@ -54,9 +59,26 @@ void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
-    const Operation operation(*this, Running::Event);
-    QMouseEvent release = plain(*event);
-    QsciScintillaBase::mouseReleaseEvent(&release);
+    {
+        const Operation operation(*this, Running::Event);
+        QMouseEvent release = plain(*event);
+        QsciScintillaBase::mouseReleaseEvent(&release);
+    }
+    if (event->button() == Qt::RightButton) emit popupWanted(event->globalPosition().toPoint());
+}
+
+void RichTextBox::contextMenuEvent(QContextMenuEvent* event) {
+    // The right button's popup comes with its release.
+    if (event->reason() != QContextMenuEvent::Mouse) wantPopupAtCaret();
+    event->accept();
+}
+
+void RichTextBox::wantPopupAtCaret() {
+    ScrollCaret();
+    const Position caret = send(SCI_GETCURRENTPOS);
+    const auto x = static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, caret));
+    const Position y = send(SCI_POINTYFROMPOSITION, 0, caret) + send(SCI_TEXTHEIGHT, 0);
+    emit popupWanted(viewport()->mapToGlobal(QPoint(x, static_cast<int>(y))));
 }
 
 void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -77,31 +99,41 @@ void RichTextBox::wheelEvent(QWheelEvent* event) {
     }
 }
 
-// Files are for the main window: an ignored drag goes on to the parents.
+// Files are for the main window: an ignored drag goes on to the parents. A web link is text, which the base
+// would not take.
 
 void RichTextBox::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls()) return event->ignore();
+    if (!localFiles(*event->mimeData()).empty()) return event->ignore();
     const Gate gate(*this);
     QsciScintillaBase::dragEnterEvent(event);
 }
 
 void RichTextBox::dragMoveEvent(QDragMoveEvent* event) {
-    if (event->mimeData()->hasUrls()) return event->ignore();
+    if (!localFiles(*event->mimeData()).empty()) return event->ignore();
     const Gate gate(*this);
     QsciScintillaBase::dragMoveEvent(event);
 }
 
 void RichTextBox::dropEvent(QDropEvent* event) {
-    if (event->mimeData()->hasUrls()) return event->ignore();
+    if (!localFiles(*event->mimeData()).empty()) return event->ignore();
     const Operation operation(*this, Running::Event);
     const Position at = placeAt(event->position());
     const bool takesSelection = event->source() == this && event->dropAction() == Qt::MoveAction;
-    if ((!takesSelection || protection_.permit(selection(), false)) &&
-        edit({at, at}, true, [&] { QsciScintillaBase::dropEvent(event); })) {
-        return;
-    }
+    const auto take = [&] {
+        event->mimeData()->hasUrls() ? dropLink(*event, at) : QsciScintillaBase::dropEvent(event);
+    };
+    if ((!takesSelection || protection_.permit(selection(), false)) && edit({at, at}, true, take)) return;
     event->setDropAction(Qt::IgnoreAction);
     event->ignore();
+    QsciScintillaBase::dragLeaveEvent(nullptr);
+}
+
+void RichTextBox::dropLink(QDropEvent& event, Position at) {
+    bool isRectangular = false;
+    const QByteArray text = fromMimeData(event.mimeData(), isRectangular);
+    SetSelStart(at);
+    setSelTextBytes(text);
+    event.acceptProposedAction();
     QsciScintillaBase::dragLeaveEvent(nullptr);
 }
 

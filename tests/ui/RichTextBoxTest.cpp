@@ -8,17 +8,15 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDialog>
-#include <QDropEvent>
-#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <functional>
 
+#include "Box.h"
 #include "platform/TextAreaGuards.h"
 
 using namespace klt;
@@ -27,60 +25,6 @@ using testing::ElementsAre;
 using Kind = RichTextBox::Kind;
 
 namespace {
-
-constexpr auto kCtrl = Qt::ControlModifier;
-constexpr auto kShift = Qt::ShiftModifier;
-
-/// A box on the screen that counts its notifications.
-class Box : public RichTextBox {
-public:
-    explicit Box(Kind kind = Kind::Document, std::string_view text = {}) : RichTextBox(kind) {
-        resize(400, 200);
-        SetText(text);
-        show();
-        QCoreApplication::processEvents();
-        connect(this, &RichTextBox::Change, this, [this] { ++changes; });
-        connect(this, &RichTextBox::SelChange, this, [this] { ++selChanges; });
-    }
-
-    void key(int code, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(this, static_cast<Qt::Key>(code), modifiers);
-    }
-    QPoint pointOf(Position place) const {
-        const auto at = [&](unsigned message) {
-            return static_cast<int>(SendScintilla(message, 0UL, static_cast<long>(place)));
-        };
-        return {at(SCI_POINTXFROMPOSITION), at(SCI_POINTYFROMPOSITION) + 2};
-    }
-    bool dropText(const QString& text, Position place) {
-        QMimeData dragged;
-        dragged.setText(text);
-        return drop(dragged, place);
-    }
-    /// Whether the drop was taken.
-    bool drop(const QMimeData& dragged, Position place) {
-        constexpr auto kActions = Qt::CopyAction | Qt::MoveAction;
-        QDragEnterEvent enter(pointOf(place), kActions, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(viewport(), &enter);
-        QDropEvent event(pointOf(place), kActions, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(viewport(), &event);
-        return event.isAccepted();
-    }
-    void commit(const QString& text, const QString& preedit = {}) {
-        QInputMethodEvent event(preedit, {});
-        event.setCommitString(text);
-        QApplication::sendEvent(this, &event);
-    }
-    std::string shown() const { return std::string(Text()); }
-    std::string styles() const {
-        std::string digits;
-        for (Position place = 0; place < Length(); ++place) digits += static_cast<char>('0' + StyleAt(place));
-        return digits;
-    }
-
-    int changes = 0;
-    int selChanges = 0;
-};
 
 void setClipboard(const QString& text) {
     QGuiApplication::clipboard()->setText(text);
@@ -451,21 +395,6 @@ TEST(RichTextBox, PastesPlainTextByLengthWithCrLf) {
         box.Select(0, 3);
         box.Paste();
         EXPECT_EQ(box.shown(), row.out);
-    }
-}
-
-TEST(RichTextBox, FilesAreLeftToTheWindow) {
-    for (const bool isProtected : {false, true}) {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile("/a.klt")});
-        data.setText("/a.klt");
-        Box box(Kind::Document, "text");
-        if (isProtected) box.ColourRun(0, 2, 1, true);
-        EXPECT_FALSE(box.drop(data, 3));
-        QDragEnterEvent enter({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(box.viewport(), &enter);
-        EXPECT_FALSE(enter.isAccepted());
-        EXPECT_EQ(box.shown(), "text");
     }
 }
 
