@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/Commands.h"
+#include "app/ErrorWalk.h"
 #include "platform/CommandLine.h"
 #include "platform/KeptCopies.h"
 #include "platform/Paths.h"
@@ -43,6 +44,7 @@ void Editor::wireWindow() {
     connect(&*window_, &frmMDIKLTEditor::filesDropped, this, [this](const std::vector<std::string>& paths) {
         queue.submit(Origin::Outside, [this, paths] { documents.openFiles(paths); });
     });
+    addErrorWalk(*window_, queue);
     connect(&*window_, &frmMDIKLTEditor::unloading, this, [this] { server_.reset(); });
     connect(&*window_, &frmMDIKLTEditor::unloaded, this, [this] {
         // Whoever waits for an answer then opens its files itself.

@@ -68,6 +68,20 @@ TEST_F(MainWindowTest, AnActivationMakesTheDocumentsPathCurrentAndBringsTheFocus
     EXPECT_FALSE(window().Timer1().isActive());
 }
 
+TEST_F(MainWindowTest, TheFocusComesBackWhenTheWindowsActivationChanges) {
+    auto& text = *openNew().RichTextBox1;
+    variables().StartupComplete = true;
+    for (const auto change : {QEvent::WindowActivate, QEvent::WindowDeactivate}) {
+        window().Timer1().stop();
+        window().menuBar()->setFocus();
+        QEvent event(change);
+        QCoreApplication::sendEvent(&window(), &event);
+        EXPECT_FALSE(text.hasFocus());
+        const bool comesBack = QTest::qWaitFor([&] { return text.hasFocus(); }, 150);
+        EXPECT_EQ(comesBack, change == QEvent::WindowActivate);
+    }
+}
+
 TEST_F(MainWindowTest, Timer1WaitsForADialogAndForTheActivationsEnd) {
     auto& document = openNew();
     QDialog dialog(&window());
