@@ -1,7 +1,6 @@
 #include "app/Main.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -45,7 +44,6 @@ void setUpApplication() {
     QApplication::setDesktopFileName("klteditor");
     // The program ends when the main window has been taken down, not with the last dialog.
     QApplication::setQuitOnLastWindowClosed(false);
-    QIcon::setFallbackThemeName("breeze");
     QApplication::setWindowIcon(programIcon());
 }
 

@@ -51,12 +51,15 @@ StatusPanels::StatusPanels(QStatusBar& bar)
 }
 
 void StatusPanels::showModified(bool modified) {
-    // Made at its first use: icons are slow to find.
-    if (modified && panel1Icon_->pixmap(Qt::ReturnByValue).isNull()) {
-        panel1Icon_->setPixmap(QIcon::fromTheme("document-edit").pixmap(panel1Icon_->size()));
-    }
     panel1Icon_->setVisible(modified);
+    // Made at its first use: icons are slow to find.
+    if (modified && panel1Icon_->pixmap(Qt::ReturnByValue).isNull()) refreshIcon();
     panel1_->setText(modified ? "Modified" : "");
+}
+
+void StatusPanels::refreshIcon() {
+    if (panel1Icon_->isHidden()) return panel1Icon_->clear();
+    panel1Icon_->setPixmap(QIcon::fromTheme("document-edit").pixmap(panel1Icon_->size()));
 }
 
 void StatusPanels::showLength(Position characters) {

@@ -21,6 +21,8 @@ public:
     void showLength(Position characters);
     /// Panel 3: line and column, from 1.
     void showCaret(Position line, Position column);
+    /// Has the icon of panel 1 come from the icons in use.
+    void refreshIcon();
     /// As it is when no document is left.
     void clear();
 

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 #include <filesystem>
 
+#include "app/CommandIcons.h"
 #include "app/WindowPlace.h"
 #include "app/frmKLTEditor.h"
 #include "app/modVariables.h"
@@ -75,6 +76,8 @@ void frmMDIKLTEditor::Load() {
     prepareFileDialog();
     upgradeSettings(store_);
     loadRecentFiles();
+    buildToolbars();
+    SetGradient();
     updateMenus();
 }
 
@@ -88,6 +91,12 @@ void frmMDIKLTEditor::buildStatusBar() {
     panels_.emplace(*statusBar());
     panels_->showCaret(1, 1);
     statusBar()->setVisible(readSetting(store_, settings::kShowStatusBar));
+}
+
+void frmMDIKLTEditor::buildToolbars() {
+    toolbars_ = new Toolbars(*this);
+    connect(toolbars_, &Toolbars::MenuClick, this, &frmMDIKLTEditor::MenuClick);
+    toolbars_->restore(store_);
 }
 
 void frmMDIKLTEditor::prepareFileDialog() {
@@ -119,6 +128,7 @@ frmKLTEditor& frmMDIKLTEditor::loadDocument() {
     subWindow->setSystemMenu(nullptr);
     if (maximised) subWindow->setWindowState(Qt::WindowMaximized);
     forms_.add(*document);
+    if (forms_.count() == 2) toolbars_->SetDocumentButtons(true);
     emit documentLoaded(document);
     showDocument(*document);
     return *document;
@@ -167,7 +177,10 @@ bool frmMDIKLTEditor::documentQueryUnload(frmKLTEditor& document) {
     const bool wasActive = ActiveForm() == &document;
     forms_.remove(document);
     auto* next = forms_.active();
-    if (!next) panels_->clear();
+    if (!next) {
+        toolbars_->SetDocumentButtons(false);
+        panels_->clear();
+    }
     if (next && wasActive) emit documentActivated(next);
     updateMenus();
     return false;
@@ -211,9 +224,12 @@ bool frmMDIKLTEditor::queryUnload() {
 
 void frmMDIKLTEditor::unload() {
     emit unloading();
+    toolbars_->storeVisibility(store_);
     storePlace(*this, store_);
+    const auto bands = toolbars_->places();
     hide();
     deleteSetting(store_, settings::kAboutBoxEasterEgg);
+    Toolbars::storePlaces(store_, bands);
     unloaded_ = true;
     emit unloaded();
 }
@@ -241,12 +257,19 @@ void frmMDIKLTEditor::refreshBars() {
     if (auto* document = ActiveForm()) document->RichTextBox1->setFocus();
 }
 
+/// The title bar is the desktop's; the icons of the bars follow its palette.
+void frmMDIKLTEditor::SetGradient() {
+    useIconsFor(palette());
+    panels_->refreshIcon();
+}
+
 bool frmMDIKLTEditor::event(QEvent* event) {
     const bool activates = event->type() == QEvent::WindowActivate;
     if (activates || event->type() == QEvent::WindowDeactivate) {
         if (variables_.StartupComplete) variables_.AppIsActive = activates;
         timer2_.start();
     }
+    if (event->type() == QEvent::PaletteChange && toolbars_) SetGradient();
     return QMainWindow::event(event);
 }
 

@@ -7,11 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "app/ClipboardState.h"
 #include "app/CommandQueue.h"
 #include "app/CommonDialog1.h"
 #include "app/FileMenu.h"
 #include "app/OpenForms.h"
 #include "app/StatusPanels.h"
+#include "app/Toolbars.h"
 #include "ui/NoticeBar.h"
 
 class QMdiArea;
@@ -54,6 +56,8 @@ public:
     void bringForward();
 
     StatusPanels& panels() { return *panels_; }
+    Toolbars& toolbars() { return *toolbars_; }
+    const ClipboardState& clipboard() const { return clipboard_; }
     NoticeBar& notices() { return *notices_; }
     CommonDialog1& fileDialog() { return *fileDialog_; }
     QTimer& Timer1() { return timer1_; }
@@ -76,6 +80,7 @@ protected:
 private:
     void buildMenus();
     void buildStatusBar();
+    void buildToolbars();
     void prepareFileDialog();
     void loadRecentFiles();
     void activated(QMdiSubWindow* window);
@@ -86,6 +91,7 @@ private:
     void unload();
     void giveFocusBack();
     void refreshBars();
+    void SetGradient();
 
     modVariables& variables_;
     Store& store_;
@@ -96,6 +102,8 @@ private:
     QMdiArea* area_;
     std::optional<StatusPanels> panels_;
     std::optional<FileMenu> fileMenu_;
+    Toolbars* toolbars_ = nullptr;
+    ClipboardState clipboard_;
     CommonDialog1* fileDialog_ = nullptr;
     QTimer timer1_;
     QTimer timer2_;
