@@ -27,10 +27,12 @@ function(klt_folder name)
     target_link_libraries(klt_${name} PUBLIC ${ARG_USES} PRIVATE klt_warnings)
 endfunction()
 
-# klt_test(FOLDER/NAME USES TARGET... [WINDOW])
-# One test program from tests/FOLDER/NAME.cpp, labelled with its folder. WINDOW gives it an offscreen Qt.
+# klt_test(FOLDER/NAME USES TARGET... [WINDOW] [PATHS])
+# One test program from tests/FOLDER/NAME.cpp, labelled with its folder. WINDOW gives it an offscreen Qt, PATHS
+# tells it where the sources, the test data and the programs are. The others are the same wherever they are
+# built, so that a compiler cache serves several checkouts.
 function(klt_test path)
-    cmake_parse_arguments(ARG "WINDOW" "TIMEOUT" "USES" ${ARGN})
+    cmake_parse_arguments(ARG "WINDOW;PATHS" "TIMEOUT" "USES" ${ARGN})
     get_filename_component(folder ${path} DIRECTORY)
     get_filename_component(name ${path} NAME)
     add_executable(${name} ${CMAKE_SOURCE_DIR}/tests/${path}.cpp)
@@ -42,9 +44,13 @@ function(klt_test path)
     else()
         target_link_libraries(${name} PRIVATE GTest::gtest_main)
     endif()
-    target_compile_definitions(${name} PRIVATE
-        KLT_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data" KLT_SOURCE="${CMAKE_SOURCE_DIR}"
-        KLT_BIN="${CMAKE_BINARY_DIR}/bin")
+    # What is tested is optimised; optimising the tests takes longer than running them.
+    target_compile_options(${name} PRIVATE -O0 -g1)
+    if(ARG_PATHS)
+        target_compile_definitions(${name} PRIVATE
+            KLT_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data" KLT_SOURCE="${CMAKE_SOURCE_DIR}"
+            KLT_BIN="${CMAKE_BINARY_DIR}/bin")
+    endif()
     add_test(NAME ${path} COMMAND ${name})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 120)
