@@ -57,16 +57,19 @@ QToolBar* Toolbars::build(const ToolbarRow& row) {
     bar->setFloatable(false);
     bar->setIconSize(kIconSize);
     for (int index = 0; const ToolbarButton& button : row.buttons) {
-        QAction* action = button.isSeparator() ? bar->addSeparator() : bar->addAction(toQString(button.tip));
+        QAction* action = button.isSeparator() ? bar->addSeparator() : addButton(*bar, button);
         action->setObjectName(name + '.' + QString::number(index++));
-        if (button.isSeparator()) continue;
-        const QString key = toQString(button.key);
-        action->setToolTip(action->text());
-        action->setIcon(commandIcon(key));
-        action->setEnabled(commandIsThere(button.key));
-        connect(action, &QAction::triggered, this, [this, key] { emit MenuClick(key); });
     }
     return bar;
+}
+
+QAction* Toolbars::addButton(QToolBar& bar, const ToolbarButton& button) {
+    const QString key = toQString(button.key);
+    const QString tip = toQString(button.tip);
+    auto* action = bar.addAction(commandIcon(key), tip, this, [this, key] { emit MenuClick(key); });
+    action->setToolTip(tip);
+    action->setEnabled(commandIsThere(button.key));
+    return action;
 }
 
 void Toolbars::SetDocumentButtons(bool enabled) {

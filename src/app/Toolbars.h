@@ -7,6 +7,7 @@
 
 #include "app/ToolbarTable.h"
 
+class QAction;
 class QMainWindow;
 class QToolBar;
 
@@ -57,6 +58,7 @@ protected:
 
 private:
     QToolBar* build(const ToolbarRow& row);
+    QAction* addButton(QToolBar& bar, const ToolbarButton& button);
     QToolBar* bandAt(std::string_view band) const;
     bool isOnBars(const QPoint& place) const;
 

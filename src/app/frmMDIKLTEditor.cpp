@@ -69,6 +69,8 @@ frmMDIKLTEditor::~frmMDIKLTEditor() {
 }
 
 void frmMDIKLTEditor::Load() {
+    // Bars take their buttons' sizes from the icons.
+    SetGradient();
     buildMenus();
     buildStatusBar();
     restorePlace(*this, store_);
@@ -77,7 +79,6 @@ void frmMDIKLTEditor::Load() {
     upgradeSettings(store_);
     loadRecentFiles();
     buildToolbars();
-    SetGradient();
     updateMenus();
 }
 
@@ -260,7 +261,7 @@ void frmMDIKLTEditor::refreshBars() {
 /// The title bar is the desktop's; the icons of the bars follow its palette.
 void frmMDIKLTEditor::SetGradient() {
     useIconsFor(palette());
-    panels_->refreshIcon();
+    if (panels_) panels_->refreshIcon();
 }
 
 bool frmMDIKLTEditor::event(QEvent* event) {
@@ -269,7 +270,7 @@ bool frmMDIKLTEditor::event(QEvent* event) {
         if (variables_.StartupComplete) variables_.AppIsActive = activates;
         timer2_.start();
     }
-    if (event->type() == QEvent::PaletteChange && toolbars_) SetGradient();
+    if (event->type() == QEvent::PaletteChange) SetGradient();
     return QMainWindow::event(event);
 }
 
