@@ -1,6 +1,7 @@
 #include "app/CommandIcons.h"
 
 #include <QPalette>
+#include <QStandardPaths>
 #include <algorithm>
 #include <array>
 
@@ -62,6 +63,15 @@ constexpr std::array kImages = {
 
 constexpr int kMiddleLightness = 128;
 
+/// Not every platform of Qt knows where the desktop's icons are.
+void addIconFolders() {
+    QStringList folders = QIcon::themeSearchPaths();
+    folders += QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, "icons",
+                                         QStandardPaths::LocateDirectory);
+    folders.removeDuplicates();
+    QIcon::setThemeSearchPaths(folders);
+}
+
 }  // namespace
 
 QIcon commandIcon(QStringView key) {
@@ -72,6 +82,7 @@ QIcon commandIcon(QStringView key) {
 
 void useIconsFor(const QPalette& palette) {
     const bool dark = palette.color(QPalette::Window).lightness() < kMiddleLightness;
+    addIconFolders();
     QIcon::setThemeName(dark ? "breeze-dark" : "breeze");
 }
 

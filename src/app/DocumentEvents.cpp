@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "app/EditButtons.h"
 #include "app/ModifiedStamp.h"
 #include "app/frmKLTEditor.h"
 #include "app/frmMDIKLTEditor.h"
@@ -17,6 +18,10 @@ DocumentEvents::DocumentEvents(modVariables& variables, Store& store, frmMDIKLTE
     : variables_(variables), store_(store), window_(window) {
     connect(&window, &frmMDIKLTEditor::documentLoaded, this, [this](frmKLTEditor* it) { attach(*it); });
     connect(&window, &frmMDIKLTEditor::documentActivated, this, [this](frmKLTEditor* it) { activate(*it); });
+    connect(&window.clipboard(), &ClipboardState::changed, this, [this] {
+        if (const auto* document = window_.ActiveForm())
+            enablePaste(window_.toolbars(), *document->RichTextBox1, window_.clipboard().hasText());
+    });
 }
 
 void DocumentEvents::attach(frmKLTEditor& document) {
@@ -37,6 +42,7 @@ void DocumentEvents::change(frmKLTEditor& document) {
 
 void DocumentEvents::edited(frmKLTEditor& document) {
     if (isActive(document)) {
+        window_.toolbars().setEnabled(kDefaultBar, kUndoButton, true);
         window_.panels().showModified(true);
         window_.panels().showLength(document.RichTextBox1->CharacterCount());
     }
@@ -55,6 +61,7 @@ void DocumentEvents::loaded(frmKLTEditor& document) {
         text.EmptyUndoBuffer();
     }
     if (!isActive(document)) return;
+    disableAfterLoad(window_.toolbars());
     window_.panels().showModified(false);
     window_.panels().showLength(text.CharacterCount());
 }
@@ -62,6 +69,7 @@ void DocumentEvents::loaded(frmKLTEditor& document) {
 void DocumentEvents::selChange(const frmKLTEditor& document) {
     if (!isActive(document)) return;
     const RichTextBox& text = *document.RichTextBox1;
+    enableForCaret(window_.toolbars(), text, window_.clipboard().hasText());
     const Position line = text.GetLineFromChar(text.SelStart());
     const std::string_view before = text.Slice(text.LineIndex(line), text.SelStart());
     window_.panels().showCaret(line + 1, static_cast<Position>(countCharacters(before)) + 1);
@@ -69,6 +77,7 @@ void DocumentEvents::selChange(const frmKLTEditor& document) {
 
 void DocumentEvents::activate(const frmKLTEditor& document) {
     const RaisedFlag activating(variables_.ActivatingDocument);
+    window_.toolbars().setEnabled(kDefaultBar, kUndoButton, document.Modified());
     window_.panels().showModified(document.Modified());
     window_.panels().showLength(document.RichTextBox1->CharacterCount());
     variables_.CurrentFilePath = document.Caption();

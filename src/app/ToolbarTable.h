@@ -83,7 +83,7 @@ struct ToolbarRow {
 
 inline constexpr int kDefaultBar = 0;
 inline constexpr int kWizardsBar = 1;
-inline constexpr std::array kToolbars = {
+inline constexpr std::array kToolbarRows = {
     ToolbarRow{"A1", "ctbrToolbar(0)", "Default", kDefaultButtons},
     ToolbarRow{"A2", "ctbrToolbar(1)", "Wizards", kWizardsButtons},
 };

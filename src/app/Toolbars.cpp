@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QToolBar>
@@ -23,13 +24,13 @@ struct BandSettings {
     NumberSetting top;
     NumberSetting width;
 };
-constexpr std::array<BandSettings, 1 + kToolbars.size()> kBands = {{
+constexpr std::array<BandSettings, 1 + kToolbarRows.size()> kBands = {{
     {settings::kMenubarLeft, settings::kMenubarTop, settings::kMenubarWidth},
     {settings::kDefaultLeft, settings::kDefaultTop, settings::kDefaultWidth},
     {settings::kWizardsLeft, settings::kWizardsTop, settings::kWizardsWidth},
 }};
-constexpr std::array<TruthSetting, kToolbars.size()> kVisible = {settings::kDefaultVisible,
-                                                                 settings::kWizardsVisible};
+constexpr std::array<TruthSetting, kToolbarRows.size()> kVisible = {settings::kDefaultVisible,
+                                                                    settings::kWizardsVisible};
 
 QString toQString(std::string_view text) {
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
@@ -42,7 +43,7 @@ QRect placeOnScreen(const QWidget& bar) {
 }  // namespace
 
 Toolbars::Toolbars(QMainWindow& window) : QObject(&window), window_(window) {
-    std::transform(kToolbars.begin(), kToolbars.end(), bars_.begin(),
+    std::transform(kToolbarRows.begin(), kToolbarRows.end(), bars_.begin(),
                    [this](const ToolbarRow& row) { return build(row); });
     SetDocumentButtons(false);
     window.installEventFilter(this);
@@ -69,6 +70,8 @@ QAction* Toolbars::addButton(QToolBar& bar, const ToolbarButton& button) {
     auto* action = bar.addAction(commandIcon(key), tip, this, [this, key] { emit MenuClick(key); });
     action->setToolTip(tip);
     action->setEnabled(commandIsThere(button.key));
+    // A disabled one would keep a right click to itself.
+    bar.widgetForAction(action)->installEventFilter(this);
     return action;
 }
 
@@ -79,14 +82,14 @@ void Toolbars::SetDocumentButtons(bool enabled) {
 }
 
 void Toolbars::setEnabled(int bar, int index, bool enabled) {
-    const auto& button = kToolbars[static_cast<std::size_t>(bar)].buttons[static_cast<std::size_t>(index)];
+    const auto& button = kToolbarRows[static_cast<std::size_t>(bar)].buttons[static_cast<std::size_t>(index)];
     auto* action = bars_[static_cast<std::size_t>(bar)]->actions()[index];
     if (!button.isSeparator()) action->setEnabled(enabled && commandIsThere(button.key));
 }
 
 QToolBar* Toolbars::bandAt(std::string_view band) const {
     for (std::size_t bar = 0; bar < bars_.size(); ++bar)
-        if (kToolbars[bar].band == band) return bars_[bar];
+        if (kToolbarRows[bar].band == band) return bars_[bar];
     return nullptr;
 }
 
@@ -105,7 +108,7 @@ void Toolbars::restore(Store& store) {
         int left;
         std::size_t bar;
     };
-    std::array<Stored, kToolbars.size()> order{};
+    std::array<Stored, kToolbarRows.size()> order{};
     for (std::size_t bar = 0; bar < order.size(); ++bar) {
         const BandSettings& band = kBands[bar + 1];
         order[bar] = {readSetting(store, band.top), readSetting(store, band.left), bar};
@@ -131,6 +134,8 @@ void Toolbars::storeVisibility(Store& store) const {
 }
 
 Toolbars::Places Toolbars::places() const {
+    // A change may not be laid out yet.
+    window_.layout()->activate();
     Places places;
     places[0] = placeOnScreen(*window_.menuBar());
     for (std::size_t bar = 0; bar < bars_.size(); ++bar)
@@ -159,9 +164,9 @@ bool Toolbars::isOnBars(const QPoint& place) const {
 }
 
 bool Toolbars::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != &window_ || event->type() != QEvent::ContextMenu) return false;
+    if (event->type() != QEvent::ContextMenu) return false;
     const auto& asked = static_cast<const QContextMenuEvent&>(*event);
-    if (!isOnBars(asked.pos())) return false;
+    if (watched == &window_ && !isOnBars(asked.pos())) return false;
     emit popupWanted(asked.globalPos());
     return true;
 }

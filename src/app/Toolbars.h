@@ -42,7 +42,7 @@ public:
     void storeVisibility(Store& store) const;
     /// Screen rectangles, in pixels, of the bands "A0" to "A2"; null for a hidden one. To be taken while the
     /// window is shown.
-    using Places = std::array<QRect, 1 + kToolbars.size()>;
+    using Places = std::array<QRect, 1 + kToolbarRows.size()>;
     Places places() const;
     /// Remembers the places of the bands that have one.
     static void storePlaces(Store& store, const Places& places);
@@ -63,7 +63,7 @@ private:
     bool isOnBars(const QPoint& place) const;
 
     QMainWindow& window_;
-    std::array<QToolBar*, kToolbars.size()> bars_{};
+    std::array<QToolBar*, kToolbarRows.size()> bars_{};
 };
 
 }  // namespace klt

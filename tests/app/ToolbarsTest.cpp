@@ -1,0 +1,216 @@
+#include "app/Toolbars.h"
+
+#include <gmock/gmock.h>
+
+#include <QClipboard>
+#include <QImage>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "app/CommandIcons.h"
+#include "app/CommandTable.h"
+#include "app/Commands.h"
+#include "settings/Catalogue.h"
+#include "support/EditorFixture.h"
+
+using namespace klt;
+
+namespace {
+
+class ToolbarsTest : public EditorFixture {
+protected:
+    ToolbarsTest() { QGuiApplication::clipboard()->setText("taken"); }
+
+    QToolBar& bar(int number) {
+        return *window().findChild<QToolBar*>("ctbrToolbar(" + QString::number(number) + ")");
+    }
+    QAction& button(int number, int index) {
+        return *window().findChild<QAction*>(bar(number).objectName() + '.' + QString::number(index));
+    }
+    /// The buttons of the bar that are enabled, by index.
+    std::string enabled(int number) {
+        std::string all;
+        for (int index = 0; index < bar(number).actions().size(); ++index) {
+            if (button(number, index).isSeparator() || !button(number, index).isEnabled()) continue;
+            all.append(all.empty() ? "" : " ").append(std::to_string(index));
+        }
+        return all;
+    }
+    /// Which of these are to be enabled as far as their commands are there.
+    static std::string there(int number, const std::vector<int>& indexes) {
+        std::string all;
+        for (const int index : indexes) {
+            const auto& bar = kToolbarRows[static_cast<std::size_t>(number)];
+            if (!commandIsThere(bar.buttons[static_cast<std::size_t>(index)].key)) continue;
+            all.append(all.empty() ? "" : " ").append(std::to_string(index));
+        }
+        return all;
+    }
+    void press(const char* keys) { QTest::keySequence(active().RichTextBox1, QKeySequence(keys)); }
+    void closeAndStartAgain() {
+        window().close();
+        restart();
+        letEventsRun();
+    }
+    /// The bars from top left to bottom right, rows apart by "/".
+    std::string order() {
+        letEventsRun();
+        const QPoint first = bar(0).pos();
+        const QPoint second = bar(1).pos();
+        const bool isFirst = std::pair(first.y(), first.x()) < std::pair(second.y(), second.x());
+        return std::string(isFirst ? "0" : "1") + (first.y() == second.y() ? "" : "/") +
+               (isFirst ? "1" : "0");
+    }
+};
+
+TEST_F(ToolbarsTest, EveryButtonIsACommandOfTheMenuWithAnImageAndATip) {
+    for (std::size_t number = 0; number < kToolbarRows.size(); ++number) {
+        const ToolbarRow& row = kToolbarRows[number];
+        for (std::size_t index = 0; index < row.buttons.size(); ++index) {
+            const ToolbarButton& it = row.buttons[index];
+            const QAction& action = button(static_cast<int>(number), static_cast<int>(index));
+            SCOPED_TRACE(action.objectName().toStdString());
+            EXPECT_EQ(action.isSeparator(), it.isSeparator());
+            if (it.isSeparator()) continue;
+            const MenuRow* command = menuRow(it.key);
+            ASSERT_NE(command, nullptr);
+            EXPECT_EQ(action.toolTip().toStdString(), it.tip);
+            EXPECT_FALSE(action.icon().isNull());
+            const std::string shortcut = " (" + std::string(command->shortcut) + ")";
+            EXPECT_EQ(it.tip.ends_with(shortcut), !command->shortcut.empty()) << it.tip;
+        }
+    }
+    EXPECT_EQ(button(1, 11).toolTip(), "Insert Comment");
+    EXPECT_EQ(kWizardsButtons[11].key, "I11");
+}
+
+TEST_F(ToolbarsTest, TheButtonsThatNeedADocumentFollowTheFirstAndTheLast) {
+    EXPECT_EQ(enabled(0), there(0, {0, 1, 13, 14, 15, 16, 18}));
+    EXPECT_EQ(enabled(1), there(1, {17}));
+    openNew();
+    openNew();
+    action("F3")->trigger();
+    EXPECT_EQ(enabled(0), there(0, {0, 1, 2, 11, 13, 14, 15, 16, 18}));
+    EXPECT_EQ(enabled(1), there(1, {0, 1, 2, 3, 4, 5, 6, 8, 9, 11, 12, 14, 15, 17}));
+    action("F3")->trigger();
+    EXPECT_EQ(enabled(0), there(0, {0, 1, 13, 14, 15, 16, 18}));
+}
+
+TEST_F(ToolbarsTest, TheEditingButtonsFollowCaretSelectionEditAndClipboard) {
+    struct Row {
+        const char* keys;
+        std::vector<int> on;  // of 4 Undo, 6 Cut, 7 Copy, 8 Paste, 9 Delete
+    };
+    const std::vector<Row> rows = {
+        {"Shift+Right", {}},       {"End", {9}},
+        {"Shift+Left", {6, 7, 9}},  // behind the ninth character, though in the first line
+        {"Shift+Left", {6, 7, 9}}, {"Shift+Left", {}},
+        {"Down", {8, 9}},          {"Shift+Home", {6, 7, 8, 9}},
+        {"z", {4, 8, 9}},          {"Ctrl+Home", {4}},
+        {"Ctrl+Shift+End", {4}},
+    };
+    open(file("a.klt", "Version=2xyz\r\nabcdefghijkl"));
+    for (const Row& row : rows) {
+        press(row.keys);
+        std::vector<int> on = {0, 1, 2};
+        on.insert(on.end(), row.on.begin(), row.on.end());
+        on.insert(on.end(), {11, 13, 14, 15, 16, 18});
+        EXPECT_EQ(enabled(0), there(0, on)) << row.keys;
+    }
+    press("Ctrl+End");
+    QGuiApplication::clipboard()->clear();
+    EXPECT_FALSE(button(0, kPasteButton).isEnabled());
+    QGuiApplication::clipboard()->setText("text");
+    EXPECT_EQ(button(0, kPasteButton).isEnabled(), commandIsThere("E4"));
+    openNew();
+    EXPECT_FALSE(button(0, kUndoButton).isEnabled()) << "the new document has no change";
+}
+
+TEST_F(ToolbarsTest, AClickRunsTheCommandAndLeavesTheFocusInTheText) {
+    auto& first = openNew();
+    QTest::mouseClick(bar(0).widgetForAction(&button(0, 0)), Qt::LeftButton);
+    letEventsRun();
+    EXPECT_NE(&active(), &first);
+    EXPECT_TRUE(active().RichTextBox1->hasFocus());
+    for (const auto* one : bar(1).findChildren<QToolButton*>()) EXPECT_EQ(one->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(ToolbarsTest, TheBarsComeBackWhereTheUserLeftThem) {
+    EXPECT_EQ(order(), "0/1");
+    window().removeToolBarBreak(&bar(1));
+    EXPECT_EQ(order(), "01");
+    closeAndStartAgain();
+    EXPECT_EQ(order(), "01");
+    window().insertToolBar(&bar(0), &bar(1));
+    closeAndStartAgain();
+    EXPECT_EQ(order(), "10");
+    window().insertToolBarBreak(&bar(0));
+    closeAndStartAgain();
+    EXPECT_EQ(order(), "1/0");
+    EXPECT_EQ(setting("Toolbar", "MenubarWidth"), std::to_string(window().menuBar()->width()));
+    const std::string top = setting("Toolbar", "WizardsTop");
+    window().toolbars().showBand("A2", false);
+    window().move(0, 333);
+    closeAndStartAgain();
+    EXPECT_FALSE(bar(1).isVisible());
+    EXPECT_TRUE(bar(0).isVisible());
+    EXPECT_EQ(setting("Toolbar", "WizardsVisible"), "False");
+    EXPECT_EQ(setting("Toolbar", "WizardsTop"), top) << "a hidden bar keeps its place";
+}
+
+TEST_F(ToolbarsTest, AbsurdPlacesAreOnlyAnOrder) {
+    for (const char* key : {"DefaultLeft", "DefaultTop", "DefaultWidth"})
+        SaveSetting(store, kSettingsApplication, "Toolbar", key, "2147483647");
+    SaveSetting(store, kSettingsApplication, "Toolbar", "WizardsTop", "-2147483648");
+    SaveSetting(store, kSettingsApplication, "Toolbar", "DefaultVisible", "perhaps");
+    EXPECT_EQ(order(), "1/0");
+    EXPECT_TRUE(window().rect().contains(bar(0).geometry()));
+}
+
+TEST_F(ToolbarsTest, ARightClickOnTheBarsAsksForTheirPopupAndNoOtherDoes) {
+    QSignalSpy wanted(&window().toolbars(), &Toolbars::popupWanted);
+    const auto rightClick = [](QWidget& on) {
+        const QPoint centre = on.rect().center();
+        QContextMenuEvent click(QContextMenuEvent::Mouse, centre, on.mapToGlobal(centre));
+        QApplication::sendEvent(&on, &click);
+    };
+    openNew();
+    const std::vector<QWidget*> bars = {&bar(0), bar(1).widgetForAction(&button(1, 0)), window().menuBar()};
+    for (auto* on : bars) {
+        QTimer::singleShot(0, qApp, [] {
+            if (auto* popup = QApplication::activePopupWidget()) popup->close();
+        });
+        rightClick(*on);
+        ASSERT_EQ(wanted.size(), 1) << on->metaObject()->className();
+        EXPECT_EQ(wanted.takeFirst().front().toPoint(), on->mapToGlobal(on->rect().center()));
+        letEventsRun();
+    }
+    rightClick(*active().RichTextBox1->viewport());
+    rightClick(*window().findChild<QWidget*>("Panel3"));
+    EXPECT_EQ(wanted.size(), 0);
+}
+
+TEST_F(ToolbarsTest, TheIconsFollowThePalette) {
+    const QPalette before = QApplication::palette();
+    openNew();
+    const auto brightest = [this] {
+        const QImage image = button(0, 0).icon().pixmap(22).toImage();
+        int most = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y).alpha() > 200)
+                    most = std::max(most, image.pixelColor(x, y).lightness());
+        return most;
+    };
+    EXPECT_LT(brightest(), 100);
+    QApplication::setPalette(QPalette(QColor(40, 44, 48)));
+    letEventsRun();
+    EXPECT_GT(brightest(), 200);
+    QApplication::setPalette(before);
+    letEventsRun();
+    EXPECT_LT(brightest(), 100);
+}
+
+}  // namespace
