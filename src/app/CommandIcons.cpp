@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "app/DimmableIcon.h"
+
 namespace klt {
 namespace {
 
@@ -36,22 +38,22 @@ constexpr std::array kImages = {
     Image{"I7", "format-number-percent"},
     Image{"I8", "user-identity"},
     Image{"I9", "package"},
-    Image{"I10", "insert-horizontal-rule"},
+    Image{"I10", "insert-footnote"},
     Image{"I11", "edit-comment"},
     Image{"T1", "configure"},
     Image{"T2", "document-open-folder"},
-    Image{"T3", "system-users"},
+    Image{"T3", "user-group-properties"},
     Image{"T4", "format-text-color"},
     Image{"T5", "merge"},
     Image{"T6", "tools-check-spelling"},
     Image{"W1", "view-split-top-bottom"},
     Image{"W2", "view-split-left-right"},
-    Image{"W3", "window-duplicate"},
+    Image{"W3", "view-pages-overview"},
     Image{"W5", "go-previous"},
     Image{"W6", "go-next"},
     Image{"W7", "tools-check-spelling"},
     Image{"H1", "help-contents"},
-    Image{"H2", "edit-find"},
+    Image{"H2", "help-whatsthis"},
     Image{"H3", "help-hint"},
     Image{"H4", "globe"},
     Image{"H5", "globe"},
@@ -77,7 +79,7 @@ void addIconFolders() {
 QIcon commandIcon(QStringView key) {
     const auto* image = std::find_if(kImages.begin(), kImages.end(),
                                      [key](const Image& it) { return key == QLatin1String(it.key); });
-    return image == kImages.end() ? QIcon() : QIcon::fromTheme(image->icon);
+    return image == kImages.end() ? QIcon() : dimmableIcon(image->icon);
 }
 
 void useIconsFor(const QPalette& palette) {

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QImage>
 #include <QMenuBar>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QToolBar>
 #include <QToolButton>
@@ -195,19 +196,20 @@ TEST_F(ToolbarsTest, ARightClickOnTheBarsAsksForTheirPopupAndNoOtherDoes) {
 TEST_F(ToolbarsTest, TheIconsFollowThePalette) {
     const QPalette before = QApplication::palette();
     openNew();
-    const auto brightest = [this] {
-        const QImage image = button(0, 0).icon().pixmap(22).toImage();
+    const auto brightest = [this](QIcon::Mode mode = QIcon::Normal) {
+        QImage onBlack(22, 22, QImage::Format_RGB32);
+        onBlack.fill(Qt::black);
+        QPainter(&onBlack).drawPixmap(0, 0, button(0, 0).icon().pixmap(QSize(22, 22), mode));
         int most = 0;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y).alpha() > 200)
-                    most = std::max(most, image.pixelColor(x, y).lightness());
+        for (int at = 0; at < 22 * 22; ++at)
+            most = std::max(most, onBlack.pixelColor(at % 22, at / 22).lightness());
         return most;
     };
     EXPECT_LT(brightest(), 100);
     QApplication::setPalette(QPalette(QColor(40, 44, 48)));
     letEventsRun();
     EXPECT_GT(brightest(), 200);
+    EXPECT_LT(brightest(QIcon::Disabled), 128);
     QApplication::setPalette(before);
     letEventsRun();
     EXPECT_LT(brightest(), 100);
