@@ -31,23 +31,20 @@ protected:
         return *window().findChild<QAction*>(bar(number).objectName() + '.' + QString::number(index));
     }
     /// The buttons of the bar that are enabled, by index.
-    std::string enabled(int number) {
-        std::string all;
-        for (int index = 0; index < bar(number).actions().size(); ++index) {
-            if (button(number, index).isSeparator() || !button(number, index).isEnabled()) continue;
-            all.append(all.empty() ? "" : " ").append(std::to_string(index));
-        }
+    std::vector<int> enabled(int number) {
+        std::vector<int> all;
+        for (int index = 0; index < bar(number).actions().size(); ++index)
+            if (!button(number, index).isSeparator() && button(number, index).isEnabled())
+                all.push_back(index);
         return all;
     }
-    /// Which of these are to be enabled as far as their commands are there.
-    static std::string there(int number, const std::vector<int>& indexes) {
-        std::string all;
-        for (const int index : indexes) {
-            const auto& bar = kToolbarRows[static_cast<std::size_t>(number)];
-            if (!commandIsThere(bar.buttons[static_cast<std::size_t>(index)].key)) continue;
-            all.append(all.empty() ? "" : " ").append(std::to_string(index));
-        }
-        return all;
+    /// Those of them whose commands are there.
+    static std::vector<int> there(int number, std::vector<int> indexes) {
+        const auto& buttons = kToolbarRows[static_cast<std::size_t>(number)].buttons;
+        std::erase_if(indexes, [&buttons](int index) {
+            return !commandIsThere(buttons[static_cast<std::size_t>(index)].key);
+        });
+        return indexes;
     }
     void press(const char* keys) { QTest::keySequence(active().RichTextBox1, QKeySequence(keys)); }
     void closeAndStartAgain() {
