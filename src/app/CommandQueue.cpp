@@ -4,7 +4,6 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <memory>
@@ -17,7 +16,7 @@ namespace {
 
 enum class Handling { Pass, Keep, Refuse };
 
-/// What happens to an event for a document's text area while commands wait.
+/// What happens to an event for a widget that has to wait.
 Handling handlingOf(const QEvent& event) {
     switch (event.type()) {
         case QEvent::KeyPress:
@@ -49,6 +48,13 @@ RichTextBox* documentArea(QObject* receiver) {
         if (parent && parent->viewport() == receiver) box = parent;
     }
     return box && box->kind() == RichTextBox::Kind::Document ? box : nullptr;
+}
+
+/// A press that is sent again brings no focus by itself.
+void giveClickFocus(QObject* receiver) {
+    auto* widget = qobject_cast<QWidget*>(receiver);
+    if (auto* area = documentArea(receiver)) widget = area;
+    if (widget && (widget->focusPolicy() & Qt::ClickFocus) != 0) widget->setFocus(Qt::MouseFocusReason);
 }
 
 bool isFileDrag(const QEvent& event) {
@@ -118,13 +124,20 @@ std::optional<CommandQueue::Command> CommandQueue::takeNext() {
     return command;
 }
 
+bool CommandQueue::holdsBack(QObject* receiver) const {
+    if (receiver == delivering_) return false;
+    if (!passes_) return documentArea(receiver) != nullptr;
+    const auto* widget = qobject_cast<QWidget*>(receiver);
+    return widget != nullptr && (spared_ == nullptr || widget->window() != spared_);
+}
+
 bool CommandQueue::eventFilter(QObject* receiver, QEvent* event) {
     if (ended_) return false;
     // A dialog has ended: what waited for it alone can go on.
     if (event->type() == QEvent::WindowUnblocked) later_.start();
     if (!isHeld() && waiting_.empty()) return false;
     const Handling handling = handlingOf(*event);
-    if (handling == Handling::Pass || receiver == delivering_ || !documentArea(receiver)) return false;
+    if (handling == Handling::Pass || !holdsBack(receiver)) return false;
     if (handling == Handling::Refuse) {
         if (isFileDrag(*event)) return false;
         event->ignore();
@@ -137,12 +150,16 @@ bool CommandQueue::eventFilter(QObject* receiver, QEvent* event) {
 
 void CommandQueue::keepForLater(QObject* receiver, const QEvent& event) {
     const std::shared_ptr<QEvent> copy(event.clone());
-    waiting_.push_back({Origin::User, [this, copy, target = QPointer<QObject>(receiver)] {
+    const auto* modal = QApplication::activeModalWidget();
+    const auto* widget = qobject_cast<const QWidget*>(receiver);
+    // What is meant for the dialog that is up must not wait for its end.
+    const Origin origin = modal && widget && widget->window() == modal ? Origin::Outside : Origin::User;
+    waiting_.push_back({origin, [this, copy, target = QPointer<QObject>(receiver)] {
                             if (!target) return;
                             const QScopedValueRollback guard(delivering_,
                                                              static_cast<const QObject*>(target.data()));
                             if (copy->type() == QEvent::MouseButtonPress) {
-                                documentArea(target)->setFocus(Qt::MouseFocusReason);
+                                giveClickFocus(target);
                             }
                             QCoreApplication::sendEvent(target, copy.get());
                         }});

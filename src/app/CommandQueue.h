@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
+#include <QWidget>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -14,7 +16,8 @@ enum class Origin { User, Outside };
 
 /// Carries out commands, closing, quitting, dropped files and other processes' messages in their order, at
 /// once where nothing stands against it. While a `Hold` stands they wait, and keys and clicks for the text
-/// areas of documents wait among them: an edit would fall into the middle of a load.
+/// areas of documents wait among them: an edit would fall into the middle of a load. While a `Pass` stands
+/// they wait for whatever window they were meant for.
 class CommandQueue : public QObject {
 public:
     using Command = std::function<void()>;
@@ -41,6 +44,23 @@ public:
         CommandQueue& queue_;
     };
 
+    /// A hold that keeps keys and clicks back from everything but one window: for a pass over a document.
+    class Pass {
+    public:
+        /// `spared` may be null.
+        Pass(CommandQueue& queue, const QWidget* spared) : hold_(queue), queue_(queue) {
+            queue_.passes_ = true;
+            queue_.spared_ = spared;
+        }
+        ~Pass() { queue_.passes_ = false; }
+        Pass(const Pass&) = delete;
+        Pass& operator=(const Pass&) = delete;
+
+    private:
+        Hold hold_;
+        CommandQueue& queue_;
+    };
+
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
@@ -53,12 +73,15 @@ private:
     void watchEvents(bool on);
     void carryOut();
     std::optional<Command> takeNext();
+    bool holdsBack(QObject* receiver) const;
     void keepForLater(QObject* receiver, const QEvent& event);
 
     std::deque<Waiting> waiting_;
     /// Carries out when control is back in the event loop.
     QTimer later_;
     int holds_ = 0;
+    bool passes_ = false;
+    QPointer<const QWidget> spared_;
     bool ended_ = false;
     bool watching_ = false;
     const QObject* delivering_ = nullptr;

@@ -9,13 +9,14 @@
 #include "app/modVariables.h"
 #include "platform/TextAreaGuards.h"
 #include "platform/Unicode.h"
-#include "ui/BaseFormats.h"
 #include "ui/CloseParenthesis.h"
+#include "ui/modKLTSyntaxHighlighter.h"
 
 namespace klt {
 
-DocumentEvents::DocumentEvents(modVariables& variables, Store& store, frmMDIKLTEditor& window)
-    : variables_(variables), store_(store), window_(window) {
+DocumentEvents::DocumentEvents(modVariables& variables, Store& store, modKLTSyntaxHighlighter& highlighter,
+                               frmMDIKLTEditor& window)
+    : variables_(variables), store_(store), highlighter_(highlighter), window_(window) {
     connect(&window, &frmMDIKLTEditor::documentLoaded, this, [this](frmKLTEditor* it) { attach(*it); });
     connect(&window, &frmMDIKLTEditor::documentActivated, this, [this](frmKLTEditor* it) { activate(*it); });
     connect(&window.clipboard(), &ClipboardState::changed, this, [this] {
@@ -55,7 +56,7 @@ void DocumentEvents::loaded(frmKLTEditor& document) {
         const RedrawFreeze freeze(text);
         const NotificationMask mask(text);
         QCoreApplication::processEvents();
-        SetDocumentFormat(text);
+        highlighter_.SetDocumentFormat(text);
         stampModified(text);
         text.Select(0, 0);
         text.EmptyUndoBuffer();

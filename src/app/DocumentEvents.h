@@ -7,12 +7,14 @@ namespace klt {
 class frmKLTEditor;
 class frmMDIKLTEditor;
 class Store;
+class modKLTSyntaxHighlighter;
 struct modVariables;
 
 /// What the documents' events do: the load step and the noting of edits, the status panels, activation.
 class DocumentEvents : public QObject {
 public:
-    DocumentEvents(modVariables& variables, Store& store, frmMDIKLTEditor& window);
+    DocumentEvents(modVariables& variables, Store& store, modKLTSyntaxHighlighter& highlighter,
+                   frmMDIKLTEditor& window);
 
 private:
     void attach(frmKLTEditor& document);
@@ -25,6 +27,7 @@ private:
 
     modVariables& variables_;
     Store& store_;
+    modKLTSyntaxHighlighter& highlighter_;
     frmMDIKLTEditor& window_;
 };
 

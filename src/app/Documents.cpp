@@ -7,6 +7,7 @@
 #include "app/frmKLTEditor.h"
 #include "app/frmMDIKLTEditor.h"
 #include "app/modVariables.h"
+#include "language/NewDocument.h"
 #include "platform/FileCalls.h"
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
@@ -14,6 +15,7 @@
 #include "platform/Paths.h"
 #include "platform/Recovery.h"
 #include "platform/TextOperations.h"
+#include "settings/Catalogue.h"
 #include "settings/Names.h"
 #include "settings/cRegistry.h"
 #include "ui/MessageBox.h"
@@ -21,8 +23,6 @@
 namespace klt {
 namespace {
 
-constexpr std::string_view kNewText =
-    "Version=2\r\n* The version information above MUST be the first line of the data file";
 constexpr const char* kOpenTitle = "Select Data File to Open";
 constexpr unsigned kSaveFlags = kOverwritePrompt | kHideReadOnly | kPathMustExist | kExplorer | kLongNames;
 constexpr unsigned kOpenFlags = kHideReadOnly | kAllowMultiselect | kFileMustExist | kExplorer | kLongNames;
@@ -41,10 +41,15 @@ std::string displayName(const frmKLTEditor& document) {
 }  // namespace
 
 Documents::Documents(modVariables& variables, Store& store, CommandQueue& queue,
-                     std::function<frmMDIKLTEditor&()> mainWindow)
-    : variables_(variables), store_(store), queue_(queue), mainWindow_(std::move(mainWindow)) {}
+                     std::function<frmMDIKLTEditor&()> mainWindow,
+                     std::function<void(frmKLTEditor&)> ColourDocument)
+    : variables_(variables),
+      store_(store),
+      queue_(queue),
+      mainWindow_(std::move(mainWindow)),
+      ColourDocument_(std::move(ColourDocument)) {}
 
-void Documents::OpenDocument(std::string_view path) {
+void Documents::OpenDocument(std::string_view path, bool checkNow) {
     const CommandQueue::Hold hold(queue_);
     ++variables_.DocumentCounter;
     frmMDIKLTEditor& window = mainWindow_();
@@ -61,12 +66,13 @@ void Documents::OpenDocument(std::string_view path) {
     window.panels().showCaret(1, 1);
     window.showDocument(document);
     letEventsRun();
+    if (checkNow && readSetting(store_, settings::kAutoSyntaxCheck)) ColourDocument_(document);
     window.updateMenus();
 }
 
 void Documents::fillNew(frmKLTEditor& document) {
     document.setCaption("KLT" + std::to_string(variables_.DocumentCounter));
-    document.RichTextBox1->SetText(kNewText);
+    document.RichTextBox1->SetText(kNewDocumentText);
 }
 
 void Documents::fillFromFile(frmKLTEditor& document, const std::string& path) {
@@ -93,14 +99,14 @@ void Documents::openFiles(const std::vector<std::string>& paths) {
     const CommandQueue::Hold hold(queue_);
     const RaisedFlag loading(variables_.LoadingDocuments);
     for (const auto& path : paths) {
-        OpenDocument(path);
+        OpenDocument(path, true);
         letEventsRun();
     }
 }
 
 void Documents::New() {
     const RaisedFlag loading(variables_.LoadingDocuments);
-    OpenDocument("");
+    OpenDocument("", true);
 }
 
 void Documents::Open() {

@@ -18,14 +18,15 @@ struct modVariables;
 /// Making, opening, saving and closing documents. What fails is told in the main window's bar of notices.
 class Documents {
 public:
-    /// `mainWindow` gives the main window, which is loaded at its first call.
+    /// `mainWindow` gives the main window, which is loaded at its first call. `ColourDocument` runs the pass.
     Documents(modVariables& variables, Store& store, CommandQueue& queue,
-              std::function<frmMDIKLTEditor&()> mainWindow);
+              std::function<frmMDIKLTEditor&()> mainWindow,
+              std::function<void(frmKLTEditor&)> ColourDocument);
 
     /// Opens the file in a new window, which is the active one then; a path of blanks makes a new document. A
     /// file that does not exist is told of in a message, and one that can't be read in a notice: the window
-    /// stays all the same, empty.
-    void OpenDocument(std::string_view path);
+    /// stays all the same, empty. `checkNow` permits the check that the setting "AutoSyntaxCheck" asks for.
+    void OpenDocument(std::string_view path, bool checkNow);
     /// Opens each in turn and lets events run in between.
     void openFiles(const std::vector<std::string>& paths);
 
@@ -57,6 +58,7 @@ private:
     Store& store_;
     CommandQueue& queue_;
     std::function<frmMDIKLTEditor&()> mainWindow_;
+    std::function<void(frmKLTEditor&)> ColourDocument_;
 };
 
 }  // namespace klt

@@ -15,7 +15,12 @@
 namespace klt {
 
 Editor::Editor(Store& store, Instances* instances, std::string commandLine)
-    : documents(variables, store, queue, [this]() -> frmMDIKLTEditor& { return mainWindow(); }),
+    : variables(store),
+      highlighter(variables.Settings),
+      colouring(store, queue, highlighter, [this]() -> frmMDIKLTEditor& { return mainWindow(); }),
+      documents(
+          variables, store, queue, [this]() -> frmMDIKLTEditor& { return mainWindow(); },
+          [this](frmKLTEditor& document) { colouring.ColourDocument(document); }),
       store_(store),
       instances_(instances),
       commandLine_(std::move(commandLine)) {}
@@ -28,7 +33,7 @@ Editor::~Editor() {
 frmMDIKLTEditor& Editor::mainWindow() {
     if (window_) return *window_;
     window_ = std::make_unique<frmMDIKLTEditor>(variables, store_, queue);
-    events_ = std::make_unique<DocumentEvents>(variables, store_, *window_);
+    events_ = std::make_unique<DocumentEvents>(variables, store_, highlighter, *window_);
     wireWindow();
     window_->Load();
     listen();
@@ -91,7 +96,7 @@ void Editor::ParseCommandLine(std::string_view commandLine) {
         MessageBox(&mainWindow(), describe(split.error), MessageIcon::Exclamation, kTitle);
     }
     for (const auto& path : split.paths) {
-        documents.OpenDocument(CanonicalPath(path));
+        documents.OpenDocument(CanonicalPath(path), true);
         QCoreApplication::processEvents();
     }
 }

@@ -7,11 +7,13 @@
 #include <string_view>
 
 #include "app/CommandQueue.h"
+#include "app/DocumentColouring.h"
 #include "app/DocumentEvents.h"
 #include "app/Documents.h"
 #include "app/InstanceServer.h"
 #include "app/frmMDIKLTEditor.h"
 #include "app/modVariables.h"
+#include "ui/modKLTSyntaxHighlighter.h"
 
 namespace klt {
 
@@ -37,6 +39,8 @@ public:
 
     modVariables variables;
     CommandQueue queue;
+    modKLTSyntaxHighlighter highlighter;
+    DocumentColouring colouring;
     Documents documents;
 
 private:

@@ -85,8 +85,9 @@ void startUp(Editor& editor, const std::string& commandLine) {
         // Keys that come meanwhile wait until the flag is down, or they would count as a load.
         const CommandQueue::Hold hold(editor.queue);
         const RaisedFlag loading(variables.LoadingDocuments);
-        reportingErrors(
-            [&] { commandLine.empty() ? editor.documents.OpenDocument("") : editor.ParseCommandLine(); });
+        reportingErrors([&] {
+            commandLine.empty() ? editor.documents.OpenDocument("", true) : editor.ParseCommandLine();
+        });
         // A command line may name no file.
         reportingErrors([&] { editor.mainWindow(); });
         reportingErrors(letEventsRun);

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "language/StyleCategory.h"
 #include "platform/TextArea.h"
@@ -16,6 +17,10 @@ public:
     StyledText() = default;
     /// Takes the text over, all of it in `Normal Text`.
     explicit StyledText(std::string text);
+    /// Takes over both, `styles` being as long as the text.
+    StyledText(std::string text, std::string styles) : text_(std::move(text)), styles_(std::move(styles)) {
+        styles_.resize(text_.size());
+    }
 
     std::string_view text() const { return text_; }
     /// As long as the text.

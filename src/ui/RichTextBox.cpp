@@ -58,13 +58,11 @@ void RichTextBox::setUpText() {
 }
 
 void RichTextBox::setTextFont(const TextFont& font) {
-    font_ = font;
-    applyFormats();
+    if (std::exchange(font_, font) != font) applyFormats();
 }
 
 void RichTextBox::setStyleFormats(const StyleFormats& formats) {
-    formats_ = formats;
-    applyFormats();
+    if (std::exchange(formats_, formats) != formats) applyFormats();
 }
 
 void RichTextBox::applyFormats() {
@@ -137,6 +135,8 @@ void RichTextBox::replaceAll(std::string_view text) {
         send(SCI_CLEARALL);
         sendText(SCI_APPENDTEXT, text);
     }
+    tally_.forget();
+    isStyled_ = false;
     send(SCI_EMPTYUNDOBUFFER);
     place({0, 0}, false);
     send(SCI_SETXOFFSET, 0);
@@ -208,8 +208,7 @@ bool RichTextBox::replaceSelection(std::string_view text, std::optional<std::str
         sendText(SCI_REPLACETARGET, text);
         styleInserted();
         if (styles) {
-            send(SCI_STARTSTYLING, range.start);
-            sendText(SCI_SETSTYLINGEX, *styles);
+            LayStyles(range.start, *styles);
         }
         const Position end = range.start + static_cast<Position>(text.size());
         place(snapped(end, 0), false);
@@ -255,8 +254,31 @@ StyleByte RichTextBox::StyleAt(Position place) const {
     return static_cast<StyleByte>(send(SCI_GETSTYLEAT, place));
 }
 
+std::string RichTextBox::Styles() const {
+    constexpr Position kBlock = 65536;
+    std::string styles(static_cast<size_t>(Length()), '\0');
+    std::string cells(2 * kBlock + 2, '\0');
+    for (Position start = 0; start < Length(); start += kBlock) {
+        const Position end = std::min(start + kBlock, Length());
+        SendScintilla(SCI_GETSTYLEDTEXT, start, end, cells.data());
+        for (Position at = start; at < end; ++at) {
+            styles[static_cast<size_t>(at)] = cells[static_cast<size_t>(2 * (at - start) + 1)];
+        }
+    }
+    return styles;
+}
+
+void RichTextBox::SetBaseStyle(StyleByte style) {
+    baseStyle_ = style;
+    protection_.clear();
+    protectionChanged(false);
+    if (isStyled_ || style != 0) layStyle({0, Length()}, style);
+    isStyled_ = style != 0;
+}
+
 void RichTextBox::layStyle(TextRange range, StyleByte style) {
     if (range.start >= range.end) return;
+    isStyled_ = isStyled_ || style != 0;
     send(SCI_STARTSTYLING, range.start);
     send(SCI_SETSTYLING, range.end - range.start, style);
 }
@@ -277,8 +299,7 @@ void RichTextBox::ColourRun(Position start, Position end, StyleByte style, bool 
 
 void RichTextBox::SetStyles(std::string_view styles, const std::vector<TextRange>& runs) {
     if (static_cast<Position>(styles.size()) != Length()) return;
-    send(SCI_STARTSTYLING, 0);
-    sendText(SCI_SETSTYLINGEX, styles);
+    LayStyles(0, styles);
     protection_.clear();
     for (const TextRange& run : runs) {
         if (run.start < run.end) protection_.protect(snapped(run.start, run.end - run.start));
@@ -286,8 +307,19 @@ void RichTextBox::SetStyles(std::string_view styles, const std::vector<TextRange
     protectionChanged(!runs.empty());
 }
 
+void RichTextBox::setLocked(bool locked) {
+    isLocked_ = locked;
+    protectionChanged(false);
+}
+
+void RichTextBox::LayStyles(Position start, std::string_view styles) {
+    isStyled_ = true;
+    send(SCI_STARTSTYLING, start);
+    sendText(SCI_SETSTYLINGEX, styles);
+}
+
 void RichTextBox::protectionChanged(bool grown) {
-    send(SCI_SETREADONLY, protection_.empty() ? 0 : 1);
+    send(SCI_SETREADONLY, isClosed() ? 1 : 0);
     if (grown) send(SCI_EMPTYUNDOBUFFER);
 }
 
@@ -303,8 +335,7 @@ void RichTextBox::RewriteRun(Position start, std::string_view text) {
     const Unrecorded unrecorded(*this);
     send(SCI_SETTARGETRANGE, start, end);
     sendText(SCI_REPLACETARGET, text);
-    send(SCI_STARTSTYLING, start);
-    sendText(SCI_SETSTYLINGEX, styles);
+    LayStyles(start, styles);
     if (send(SCI_GETANCHOR) != anchor) send(SCI_SETANCHOR, anchor);
     if (send(SCI_GETCURRENTPOS) != caret) send(SCI_SETCURRENTPOS, caret);
 }

@@ -74,6 +74,16 @@ public:
     void Copy();
     void Paste();
 
+    /// While it is locked every edit is refused, whoever asks; styles and rewrites are laid all the same.
+    void setLocked(bool locked);
+
+    /// One style for all of the text, and for what is typed into an empty one; protection is gone.
+    void SetBaseStyle(StyleByte style);
+    /// Lays a style on each of as many bytes from `start`; protection stays.
+    void LayStyles(Position start, std::string_view styles);
+    /// The style of each byte.
+    std::string Styles() const;
+
     /// Takes one font for all styles; colours stay.
     void setTextFont(const TextFont& font);
     /// Takes the looks of all styles; the font stays.
@@ -155,6 +165,8 @@ private:
     void layStyle(TextRange range, StyleByte style);
     void styleInserted();
     void protectionChanged(bool grown);
+    /// Scintilla is to refuse what did not come through a gate.
+    bool isClosed() const { return isLocked_ || !protection_.empty(); }
 
     template <typename Action>
     bool typeCharacter(const QString& text, Action action);
@@ -182,6 +194,9 @@ private:
     mutable CharacterTally tally_;
     TextFont font_;
     StyleFormats formats_;
+    StyleByte baseStyle_ = 0;
+    bool isLocked_ = false;
+    bool isStyled_ = false;  // some byte may have another style than `Normal Text`
 
     Running running_ = Running::Nothing;
     int masks_ = 0;

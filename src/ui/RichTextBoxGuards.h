@@ -33,7 +33,7 @@ public:
     }
     ~Gate() {
         // Protection may have gone meanwhile.
-        if (wasClosed_ && !box_.protection_.empty()) box_.send(SCI_SETREADONLY, 1);
+        if (wasClosed_ && box_.isClosed()) box_.send(SCI_SETREADONLY, 1);
     }
     Gate(const Gate&) = delete;
     Gate& operator=(const Gate&) = delete;
@@ -54,7 +54,6 @@ public:
     ~Unrecorded() {
         box_.send(SCI_SETUNDOCOLLECTION, 1);
         box_.send(SCI_SETMODEVENTMASK, mask_);
-        box_.tally_.forget();
     }
     Unrecorded(const Unrecorded&) = delete;
     Unrecorded& operator=(const Unrecorded&) = delete;
@@ -79,7 +78,7 @@ private:
 
 template <typename Action>
 bool RichTextBox::edit(TextRange range, bool inserts, Action action) {
-    if (!protection_.permit(range, inserts)) return false;
+    if (isLocked_ || !protection_.permit(range, inserts)) return false;
     const Gate gate(*this);
     if (std::exchange(stepEnds_, false)) const UndoStep end(*this);
     if (stepOfCharacter_ && !*stepOfCharacter_) stepOfCharacter_->emplace(*this);

@@ -25,7 +25,8 @@ void RichTextBox::noteModification(int place, int kind, int length) {
 StyleByte RichTextBox::styleForInsertion(Position place) const {
     if (pendingStyle_ && place == pendingStyle_->selection.start) return pendingStyle_->style;
     if (protection_.endAt(place)) return 0;
-    return place > 0 ? StyleAt(place - 1) : firstStyle_.value_or(StyleAt(0));
+    if (place > 0) return StyleAt(place - 1);
+    return firstStyle_.value_or(Length() > 0 ? StyleAt(0) : baseStyle_);
 }
 
 void RichTextBox::styleInserted() {
@@ -84,12 +85,14 @@ bool RichTextBox::CanRedo() const {
 }
 
 void RichTextBox::Undo() {
+    if (isLocked_) return;
     const Operation operation(*this, Running::Code);
     const Gate gate(*this);
     send(SCI_UNDO);
 }
 
 void RichTextBox::Redo() {
+    if (isLocked_) return;
     const Operation operation(*this, Running::Code);
     const Gate gate(*this);
     send(SCI_REDO);

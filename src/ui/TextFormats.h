@@ -13,6 +13,7 @@ struct StyleFormat {
     QColor colour = Qt::black;
     bool bold = false;
     bool italic = false;
+    bool operator==(const StyleFormat&) const = default;
 };
 
 /// One format for each category, in the categories' order.
@@ -22,6 +23,7 @@ using StyleFormats = std::array<StyleFormat, kStyleCategoryNames.size()>;
 struct TextFont {
     QString family;
     int twips = 0;
+    bool operator==(const TextFont&) const = default;
 };
 
 TextFont documentFont();

@@ -1,0 +1,56 @@
+#include "app/DocumentColouring.h"
+
+#include <QApplication>
+#include <memory>
+
+#include "app/CommandQueue.h"
+#include "app/WindowPass.h"
+#include "app/frmKLTChecker.h"
+#include "app/frmKLTEditor.h"
+#include "app/frmMDIKLTEditor.h"
+#include "language/Ascii.h"
+#include "language/NewDocument.h"
+#include "settings/Catalogue.h"
+#include "ui/modKLTSyntaxHighlighter.h"
+
+namespace klt {
+namespace {
+
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+}  // namespace
+
+DocumentColouring::DocumentColouring(Store& store, CommandQueue& queue, modKLTSyntaxHighlighter& highlighter,
+                                     std::function<frmMDIKLTEditor&()> mainWindow)
+    : store_(store), queue_(queue), highlighter_(highlighter), mainWindow_(std::move(mainWindow)) {}
+
+bool DocumentColouring::showsProgress(const frmKLTEditor& document) const {
+    if (readSetting(store_, settings::kShowKLTCheckerWindow) != 1) return false;
+    const RichTextBox& box = *document.RichTextBox1;
+    return box.Length() != static_cast<Position>(kNewDocumentText.size()) ||
+           !equalsIgnoreCase(box.Text(), kNewDocumentText);
+}
+
+void DocumentColouring::ColourDocument(frmKLTEditor& document) {
+    std::unique_ptr<frmKLTChecker> progress;
+    if (showsProgress(document)) progress = std::make_unique<frmKLTChecker>(&mainWindow_());
+    const CommandQueue::Pass hold(queue_, progress.get());
+    const WaitCursor waiting;
+    if (progress) {
+        progress->show();
+        progress->repaint();
+    }
+    QCoreApplication::processEvents();
+    RichTextBox& box = *document.RichTextBox1;
+    WindowPass pass(box, highlighter_.state, progress.get());
+    highlighter_.LoadStyles(box);
+    pass.run();
+}
+
+}  // namespace klt

@@ -1,0 +1,87 @@
+#include "app/WindowPass.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include "app/frmKLTChecker.h"
+#include "ui/modKLTSyntaxHighlighter.h"
+
+namespace klt {
+namespace {
+
+// Between two slices events run: often enough for a button to answer, seldom enough to cost nothing.
+constexpr qint64 kSliceMilliseconds = 16;
+constexpr Position kLinesAtOnce = 200;
+// The check of a line may still colour the byte in front of it.
+constexpr Position kUnsettled = 8;
+
+}  // namespace
+
+WindowPass::WindowPass(RichTextBox& box, CheckerState& state, frmKLTChecker* progress)
+    : box_(box),
+      progress_(progress),
+      mask_(std::in_place, box),
+      freeze_(std::in_place, box),
+      text_(std::string(box.Text())),
+      pass_(text_, state, this) {
+    box_.setLocked(true);
+    if (!progress_) return;
+    connect(progress_, &frmKLTChecker::lockToggled, this, &WindowPass::setLocked);
+    progress_->SetProgressInfo(box_.LineCount());
+}
+
+WindowPass::~WindowPass() {
+    box_.setLocked(false);
+}
+
+void WindowPass::run() {
+    const Position firstVisible = box_.FirstVisibleLine();
+    QCoreApplication::processEvents();
+    while (slice()) {
+        tell();
+        if (!locked_) showFinishedPart();
+        QCoreApplication::processEvents();
+    }
+    layChecked(box_, text_);
+    box_.ScrollToLine(firstVisible);
+    box_.ScrollCaret();
+    box_.EmptyUndoBuffer();
+}
+
+/// False when the text has come to its end.
+bool WindowPass::slice() {
+    QElapsedTimer clock;
+    clock.start();
+    while (pass_.advance(kLinesAtOnce)) {
+        if (clock.elapsed() >= kSliceMilliseconds) return true;
+    }
+    return false;
+}
+
+void WindowPass::SetLblCaptions(std::string_view section, std::string_view subsection) {
+    section_ = section;
+    subsection_ = subsection;
+}
+
+void WindowPass::tell() {
+    if (!progress_) return;
+    progress_->SetLblCaptions(section_, subsection_);
+    if (step_) progress_->StepIt(*step_);
+}
+
+void WindowPass::setLocked(bool locked) {
+    if (std::exchange(locked_, locked) == locked) return;
+    if (locked) return freeze_.emplace(box_), void();
+    // What has not been checked yet shows none of the colours of an earlier pass.
+    if (shown_ == 0) box_.SetBaseStyle(static_cast<StyleByte>(StyleCategory::NormalText));
+    showFinishedPart();
+    freeze_.reset();
+}
+
+void WindowPass::showFinishedPart() {
+    const Position end = std::max(shown_, pass_.position() - kUnsettled);
+    layChecked(box_, text_, {shown_, end});
+    shown_ = end;
+}
+
+}  // namespace klt

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "checker/CheckerState.h"
+#include "language/StyleTable.h"
+#include "language/StyledText.h"
+#include "settings/CRegSettings.h"
+#include "ui/RichTextBox.h"
+
+namespace klt {
+
+/// What all documents and wizards share for colouring: `CurrentSection` and `FunctionStack`, and the table of
+/// styles, which is read anew whenever a text box takes a base format.
+class modKLTSyntaxHighlighter {
+public:
+    /// `settings` is the road to the styles, and must outlive this.
+    explicit modKLTSyntaxHighlighter(CRegSettings& settings) : settings_(settings) {}
+
+    CheckerState state;
+
+    /// The base formats: all of the text in one look, protection gone, and that look for what is typed next.
+    void SetDocumentFormat(RichTextBox& text);
+    void SetFieldFormat(RichTextBox& text);
+    void SetPreviewFormat(RichTextBox& text);
+    void SetErrorFieldFormat(RichTextBox& text);
+
+    /// Reads the styles and shows them in `text`, whose style bytes stay.
+    void LoadStyles(RichTextBox& text);
+
+    /// Colours the bytes [from, to) of a preview box under `CurrentSection`, line by line, and puts the case
+    /// of words right. Nothing happens unless `from` is less than `to`.
+    void ColourRange(RichTextBox& text, Position from, Position to);
+
+private:
+    void setBaseFormat(RichTextBox& text, const TextFont& font, StyleCategory category);
+
+    CRegSettings& settings_;
+};
+
+/// What a check made of the text of `box`: the rewritten letters and a style for each byte go into the box,
+/// and the version lines are protected. `checked` must have come from this very text, else nothing happens.
+void layChecked(RichTextBox& box, const StyledText& checked);
+/// The same for the bytes [start, end) alone, whose ends no character and no run crosses. Protection is left
+/// to the whole.
+void layChecked(RichTextBox& box, const StyledText& checked, TextRange part);
+
+}  // namespace klt
