@@ -21,6 +21,10 @@ constexpr auto kCommands = std::to_array<Command>({
     {"F4", [](Editor& editor) { editor.documents.SaveDocument(); }},
     {"F5", [](Editor& editor) { editor.documents.SaveDocumentAs(); }},
     {"F6", [](Editor& editor) { editor.mainWindow().close(); }},
+    {"T6",
+     [](Editor& editor) {
+         if (auto* document = editor.mainWindow().ActiveForm()) editor.colouring.ColourDocument(*document);
+     }},
 });
 
 const Command* commandOf(std::string_view key) {

@@ -50,10 +50,12 @@ void WindowPass::run() {
 
 /// False when the text has come to its end.
 bool WindowPass::slice() {
+    // The first one is short, so that the user sees something at once.
+    const qint64 most = pass_.lineIndex() == 0 ? 0 : kSliceMilliseconds;
     QElapsedTimer clock;
     clock.start();
     while (pass_.advance(kLinesAtOnce)) {
-        if (clock.elapsed() >= kSliceMilliseconds) return true;
+        if (clock.elapsed() >= most) return true;
     }
     return false;
 }
