@@ -48,9 +48,12 @@ void DocumentColouring::ColourDocument(frmKLTEditor& document) {
     }
     QCoreApplication::processEvents();
     RichTextBox& box = *document.RichTextBox1;
-    WindowPass pass(box, highlighter_.state, progress.get());
-    highlighter_.LoadStyles(box);
-    pass.run();
+    {
+        WindowPass pass(box, highlighter_.state, progress.get());
+        highlighter_.LoadStyles(box);
+        pass.run();
+    }
+    if (progress && progress->isActiveWindow()) mainWindow_().activateWindow();
 }
 
 }  // namespace klt
