@@ -82,10 +82,18 @@ void RichTextBox::applyFormats() {
     SendScintilla(SCI_SETCARETFORE, QColor(Qt::black));
     SendScintilla(SCI_SETSELBACK, 1UL, palette().color(QPalette::Highlight));
     SendScintilla(SCI_SETSELFORE, 1UL, palette().color(QPalette::HighlightedText));
-    if (kind_ == Kind::Field) {
-        const auto line = static_cast<int>(send(SCI_TEXTHEIGHT, 0)) + 2 * frameWidth();
-        setFixedHeight(std::max(line, QLineEdit().sizeHint().height()));
-    }
+    if (kind_ == Kind::Field) fitHeight();
+}
+
+/// As high as a line edit, with the line in the middle.
+void RichTextBox::fitHeight() {
+    send(SCI_SETEXTRAASCENT, 0);
+    send(SCI_SETEXTRADESCENT, 0);
+    const auto line = static_cast<int>(send(SCI_TEXTHEIGHT, 0)) + 2 * frameWidth();
+    const int height = std::max(line, QLineEdit().sizeHint().height());
+    send(SCI_SETEXTRAASCENT, (height - line) / 2);
+    send(SCI_SETEXTRADESCENT, (height - line) / 2);
+    setFixedHeight(height);
 }
 
 void RichTextBox::changeEvent(QEvent* event) {

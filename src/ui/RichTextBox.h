@@ -151,6 +151,7 @@ private:
     void setUpText();
     void setUpKeys();
     void applyFormats();
+    void fitHeight();
 
     TextRange selection() const;
     TextRange snapped(Position start, Position length) const;
