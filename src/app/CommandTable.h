@@ -3,10 +3,9 @@
 #include <array>
 #include <string_view>
 
-namespace klt {
+#include "app/EditRules.h"
 
-/// When a command can be used.
-enum class Rule : unsigned char { Always, Document, Undo, CutOrCopy, Paste, Delete };
+namespace klt {
 
 enum class MenuRowKind : unsigned char { Command, CheckMark, Menu, Separator };
 

@@ -1,12 +1,42 @@
 #include "app/Commands.h"
 
+#include <QDesktopServices>
+#include <QUrl>
 #include <algorithm>
 #include <array>
+#include <functional>
 
+#include "app/ArrangeWindows.h"
+#include "app/EditCommands.h"
 #include "app/Editor.h"
+#include "app/WindowCommands.h"
+#include "app/frmKLTEditor.h"
 
 namespace klt {
 namespace {
+
+template <auto kOperation>
+void onActiveControl(Editor& editor) {
+    if (auto* text = activeControl(editor.mainWindow())) std::invoke(kOperation, *text);
+}
+
+template <auto kOperation>
+void onText(Editor& editor) {
+    if (auto* document = editor.mainWindow().ActiveForm()) kOperation(*document->RichTextBox1);
+}
+
+template <Arrangement kArrangement>
+void arrange(Editor& editor) {
+    arrangeWindows(editor.mainWindow().area(), kArrangement);
+}
+
+void colour(Editor& editor) {
+    if (auto* document = editor.mainWindow().ActiveForm()) editor.colouring.ColourDocument(*document);
+}
+
+void browse(const char* address) {
+    QDesktopServices::openUrl(QUrl(address));
+}
 
 struct Command {
     std::string_view key;
@@ -21,16 +51,46 @@ constexpr auto kCommands = std::to_array<Command>({
     {"F4", [](Editor& editor) { editor.documents.SaveDocument(); }},
     {"F5", [](Editor& editor) { editor.documents.SaveDocumentAs(); }},
     {"F6", [](Editor& editor) { editor.mainWindow().close(); }},
-    {"T6",
-     [](Editor& editor) {
-         if (auto* document = editor.mainWindow().ActiveForm()) editor.colouring.ColourDocument(*document);
-     }},
+    {"E1", onActiveControl<&RichTextBox::Undo>},
+    {"E2", onActiveControl<&RichTextBox::Cut>},
+    {"E3", [](Editor& editor) { copy(editor.mainWindow()); }},
+    {"E4", onActiveControl<&RichTextBox::Paste>},
+    {"E5", onActiveControl<&RichTextBox::Delete>},
+    {"E7", onActiveControl<selectAll>},
+    {"I10", onText<insertCommentLine>},
+    {"I11", onText<insertComment>},
+    {"mnuTTDefault", [](Editor& editor) { toggleBand(editor.mainWindow(), "A1"); }},
+    {"mnuTTWizards", [](Editor& editor) { toggleBand(editor.mainWindow(), "A2"); }},
+    {"T6", colour},
+    {"W1", arrange<Arrangement::TileHorizontally>},
+    {"W2", arrange<Arrangement::TileVertically>},
+    {"W3", arrange<Arrangement::Cascade>},
+    {"W4", [](Editor& editor) { arrangeIcons(editor.mainWindow().area()); }},
+    {"W5", [](Editor& editor) { activateNeighbour(editor.mainWindow(), -1); }},
+    {"W6", [](Editor& editor) { activateNeighbour(editor.mainWindow(), 1); }},
+    {"W7", [](Editor& editor) { toggleCheckerWindow(editor.mainWindow(), editor.store()); }},
+    {"H4", [](Editor&) { browse("https://www.example.org/tvm/"); }},
+    {"H5", [](Editor&) { browse("https://www.example.org/tvm/data-files/"); }},
+    {"H6", [](Editor&) { browse("https://www.example.org/tvm/add-ons/"); }},
+    {"H7", [](Editor&) { browse("https://www.example.org/tvm/docs/"); }},
+    {"H8", [](Editor&) { browse("https://www.example.net/"); }},
+    {"H9", [](Editor&) { browse("https://www.example.net/programs/"); }},
 });
 
 const Command* commandOf(std::string_view key) {
     const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
                                            [key](const Command& command) { return command.key == key; });
     return found == kCommands.end() ? nullptr : found;
+}
+
+/// The number of an entry is one digit, the key's last: the entry "RecentMenu12" opens file 2.
+int numberOf(std::string_view key) {
+    return key.back() - '0';
+}
+
+void openRecent(Editor& editor, int number) {
+    const cMRUFileList& recent = editor.variables.RecentFiles;
+    if (recent.FileExists(number)) editor.documents.openFiles({recent.file(number)});
 }
 
 }  // namespace
@@ -40,6 +100,8 @@ bool commandIsThere(std::string_view key) {
 }
 
 void runCommand(Editor& editor, std::string_view key) {
+    if (key.find("RecentMenu") != key.npos) return openRecent(editor, numberOf(key));
+    if (key.starts_with("D") && key != "D9") return activateDocument(editor.mainWindow(), numberOf(key));
     if (const Command* command = commandOf(key)) command->run(editor);
 }
 

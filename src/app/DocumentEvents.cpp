@@ -48,6 +48,7 @@ void DocumentEvents::edited(frmKLTEditor& document) {
         window_.panels().showLength(document.RichTextBox1->CharacterCount());
     }
     document.Label1->setEnabled(true);
+    window_.UpdateEditMenu();
 }
 
 void DocumentEvents::loaded(frmKLTEditor& document) {
@@ -74,6 +75,7 @@ void DocumentEvents::selChange(const frmKLTEditor& document) {
     const Position line = text.GetLineFromChar(text.SelStart());
     const std::string_view before = text.Slice(text.LineIndex(line), text.SelStart());
     window_.panels().showCaret(line + 1, static_cast<Position>(countCharacters(before)) + 1);
+    window_.UpdateEditMenu();
 }
 
 void DocumentEvents::activate(const frmKLTEditor& document) {

@@ -37,6 +37,8 @@ public:
     /// Carries out the command of a menu's item.
     void MenuClick(const QString& key);
 
+    Store& store() { return store_; }
+
     modVariables variables;
     CommandQueue queue;
     modKLTSyntaxHighlighter highlighter;

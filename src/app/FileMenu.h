@@ -1,33 +1,18 @@
 #pragma once
 
-#include <QObject>
-#include <map>
 #include <string>
-#include <string_view>
+#include <vector>
 
-class QAction;
-class QMenuBar;
+#include "app/MenuEntries.h"
 
 namespace klt {
 
-/// The File menu. Each item is one action, named by its key.
-class FileMenu : public QObject {
-    Q_OBJECT
+class cMRUFileList;
 
-public:
-    explicit FileMenu(QMenuBar& bar);
+/// The recent files' entries, those that are empty left out.
+std::vector<MenuEntry> recentEntries(const cMRUFileList& recent);
 
-    /// Brings captions and enabled states up to date; `caption` is the active document's, null without one.
-    void update(const std::string* caption);
-
-signals:
-    void MenuClick(const QString& key);
-    /// The menu is about to drop.
-    void dropping();
-
-private:
-    QAction* save_;
-    QList<QAction*> needDocument_;
-};
+/// The text of the Save item; `caption` is the active document's, null without one.
+QString saveText(const std::string* caption);
 
 }  // namespace klt

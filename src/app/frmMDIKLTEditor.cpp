@@ -39,7 +39,7 @@ std::string programFolder() {
 }  // namespace
 
 frmMDIKLTEditor::frmMDIKLTEditor(modVariables& variables, Store& store, CommandQueue& queue)
-    : variables_(variables), store_(store), queue_(queue) {
+    : variables_(variables), store_(store), queue_(queue), menus_(*this, variables, store) {
     setObjectName("frmMDIKLTEditor");
     setAcceptDrops(true);
 
@@ -83,9 +83,9 @@ void frmMDIKLTEditor::Load() {
 }
 
 void frmMDIKLTEditor::buildMenus() {
-    fileMenu_.emplace(*menuBar());
-    connect(&*fileMenu_, &FileMenu::MenuClick, this, &frmMDIKLTEditor::MenuClick);
-    connect(&*fileMenu_, &FileMenu::dropping, this, &frmMDIKLTEditor::updateMenus);
+    menus_.BuildMenus();
+    connect(&menus_, &Menus::MenuClick, this, &frmMDIKLTEditor::MenuClick);
+    connect(&clipboard_, &ClipboardState::changed, this, &frmMDIKLTEditor::UpdateEditMenu);
 }
 
 void frmMDIKLTEditor::buildStatusBar() {
@@ -97,6 +97,8 @@ void frmMDIKLTEditor::buildStatusBar() {
 void frmMDIKLTEditor::buildToolbars() {
     toolbars_ = new Toolbars(*this);
     connect(toolbars_, &Toolbars::MenuClick, this, &frmMDIKLTEditor::MenuClick);
+    connect(toolbars_, &Toolbars::popupWanted, this,
+            [this](const QPoint& place) { showPopup("mnuTToolbars", place); });
     toolbars_->restore(store_);
 }
 
@@ -188,8 +190,9 @@ bool frmMDIKLTEditor::documentQueryUnload(frmKLTEditor& document) {
 }
 
 void frmMDIKLTEditor::updateMenus() {
-    const auto* active = ActiveForm();
-    fileMenu_->update(active ? &active->Caption() : nullptr);
+    menus_.BuildFileMenu();
+    menus_.BuildWindowMenu();
+    menus_.UpdateEditMenu();
 }
 
 void frmMDIKLTEditor::closeEvent(QCloseEvent* event) {

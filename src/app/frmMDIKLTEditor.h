@@ -10,7 +10,7 @@
 #include "app/ClipboardState.h"
 #include "app/CommandQueue.h"
 #include "app/CommonDialog1.h"
-#include "app/FileMenu.h"
+#include "app/Menus.h"
 #include "app/OpenForms.h"
 #include "app/StatusPanels.h"
 #include "app/Toolbars.h"
@@ -49,13 +49,18 @@ public:
     frmKLTEditor* ActiveForm() const { return forms_.active(); }
     const OpenForms& forms() const { return forms_; }
     void closeDocument(frmKLTEditor& document);
-    /// Brings the menu's state up to date.
+    /// Makes the menus' variable parts again and brings the states up to date.
     void updateMenus();
+    /// Brings the menu items' states up to date: after each move of the caret and each edit.
+    void UpdateEditMenu() { menus_.UpdateEditMenu(); }
+    /// Shows the popup of that name at a place of the screen, in pixels.
+    void showPopup(std::string_view name, const QPoint& globalPoint) { menus_.showPopup(name, globalPoint); }
 
     /// Restores the window where it is minimised and brings it to the front.
     void bringForward();
 
     StatusPanels& panels() { return *panels_; }
+    QMdiArea& area() { return *area_; }
     Toolbars& toolbars() { return *toolbars_; }
     const ClipboardState& clipboard() const { return clipboard_; }
     NoticeBar& notices() { return *notices_; }
@@ -101,7 +106,7 @@ private:
     NoticeBar* notices_;
     QMdiArea* area_;
     std::optional<StatusPanels> panels_;
-    std::optional<FileMenu> fileMenu_;
+    Menus menus_;
     Toolbars* toolbars_ = nullptr;
     ClipboardState clipboard_;
     CommonDialog1* fileDialog_ = nullptr;

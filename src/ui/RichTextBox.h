@@ -73,6 +73,8 @@ public:
     void Cut();
     void Copy();
     void Paste();
+    /// Deletes the selection, or without one the character behind the caret, CR LF being one.
+    void Delete();
 
     /// While it is locked every edit is refused, whoever asks; styles and rewrites are laid all the same.
     void setLocked(bool locked);
@@ -177,7 +179,6 @@ private:
     void pasteFrom(QClipboard::Mode mode);
     void dropLink(QDropEvent& event, Position at);
     void deleteBack();
-    void deleteForward();
     void deleteWordBack();
     void deleteWordForward();
     void deleteExtended(unsigned extend);

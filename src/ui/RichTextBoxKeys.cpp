@@ -106,7 +106,7 @@ bool RichTextBox::handleEditingKey(const QKeyEvent& event) {
         Row{Qt::Key_Backspace, Qt::NoModifier, &RichTextBox::deleteBack},
         Row{Qt::Key_Backspace, Qt::ShiftModifier, &RichTextBox::deleteBack},
         Row{Qt::Key_Backspace, kControl, &RichTextBox::deleteWordBack},
-        Row{Qt::Key_Delete, Qt::NoModifier, &RichTextBox::deleteForward},
+        Row{Qt::Key_Delete, Qt::NoModifier, &RichTextBox::Delete},
         Row{Qt::Key_Delete, kControl, &RichTextBox::deleteWordForward},
         Row{Qt::Key_Delete, Qt::ShiftModifier, &RichTextBox::Cut},
         Row{Qt::Key_Insert, Qt::ShiftModifier, &RichTextBox::Paste},
@@ -220,7 +220,7 @@ void RichTextBox::deleteBack() {
     deleteRange(range);
 }
 
-void RichTextBox::deleteForward() {
+void RichTextBox::Delete() {
     TextRange range = selection();
     if (range.start == range.end) range.end = send(SCI_POSITIONAFTER, range.end);
     deleteRange(range);

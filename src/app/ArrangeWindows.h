@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QRect>
+#include <vector>
+
+class QMdiArea;
+
+namespace klt {
+
+enum class Arrangement { TileHorizontally, TileVertically, Cascade };
+
+/// The places of `count` windows in `area`, in pixels: rows of its full width, columns of its full height, or
+/// windows of three quarters of it, each `step` further down and to the right and back at the corner where
+/// one would reach out.
+std::vector<QRect> windowPlaces(Arrangement arrangement, const QRect& area, int count, int step);
+
+/// The places of `count` minimised windows of one size: rows from the left along the bottom, the further
+/// rows above.
+std::vector<QRect> iconPlaces(const QRect& area, const QSize& size, int count);
+
+/// Arranges the windows that are not minimised, those that are maximised too, above the minimised ones. The
+/// active one stays active.
+void arrangeWindows(QMdiArea& area, Arrangement arrangement);
+/// Lines the minimised windows up.
+void arrangeIcons(QMdiArea& area);
+
+}  // namespace klt
