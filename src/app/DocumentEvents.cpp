@@ -31,6 +31,8 @@ void DocumentEvents::attach(frmKLTEditor& document) {
         if (!variables_.SuppressCaretUpdate) selChange(document);
     });
     closeParentheses(*document.RichTextBox1, store_);
+    connect(document.RichTextBox1, &RichTextBox::popupWanted, this,
+            [this](QPoint place) { window_.showPopup("MainRTFPopup", place); });
 }
 
 bool DocumentEvents::isActive(const frmKLTEditor& document) const {

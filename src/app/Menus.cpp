@@ -66,7 +66,10 @@ void Menus::buildTree(QMenuBar& bar) {
         } else {
             QAction& action = barItems_.add(*parent, row.key, latin(row.key), row.caption);
             setShortcut(action, row.shortcut);
-            action.setCheckable(row.kind == MenuRowKind::CheckMark);
+            if (row.kind != MenuRowKind::CheckMark) continue;
+            action.setCheckable(true);
+            // An image would stand in the place of the mark.
+            action.setIconVisibleInMenu(false);
         }
     }
 }

@@ -165,7 +165,8 @@ TEST_F(MenusTest, TheTreeIsWhole) {
     QString found = tree(*window().menuBar());
     found.replace(folder, "HOME/").replace(folder.toUpper(), "HOME/");
     EXPECT_EQ(found.toStdString(), kTree);
-    window().showPopup("MainRTFPopup", {});
+    QTest::mouseClick(active().RichTextBox1->viewport(), Qt::RightButton);
+    EXPECT_TRUE(menu("MainRTFPopup").isVisible());
     EXPECT_EQ(tree(menu("MainRTFPopup")).toStdString(), kMainPopup);
     menu("MainRTFPopup").close();
 }
