@@ -52,9 +52,9 @@ void Menus::BuildMenus() {
 void Menus::buildTree(QMenuBar& bar) {
     std::map<std::string_view, QMenu*> menus;
     for (const MenuRow& row : kMenuTree) {
-        QMenu* parent = row.parent.empty() ? nullptr : menus.at(row.parent);
         if (row.kind == MenuRowKind::Menu) {
-            QMenu* menu = parent ? parent->addMenu(latin(row.caption)) : bar.addMenu(latin(row.caption));
+            const QString caption = latin(row.caption);
+            auto* menu = row.parent.empty() ? bar.addMenu(caption) : menus.at(row.parent)->addMenu(caption);
             setKey(*menu, row.key);
             connect(menu, &QMenu::aboutToShow, this, [this] {
                 updateCheckMarks();
@@ -62,9 +62,9 @@ void Menus::buildTree(QMenuBar& bar) {
             });
             menus[row.key] = menu;
         } else if (row.kind == MenuRowKind::Separator) {
-            parent->addSeparator();
+            menus.at(row.parent)->addSeparator();
         } else {
-            QAction& action = barItems_.add(*parent, row.key, latin(row.key), row.caption);
+            QAction& action = barItems_.add(*menus.at(row.parent), row.key, latin(row.key), row.caption);
             setShortcut(action, row.shortcut);
             if (row.kind != MenuRowKind::CheckMark) continue;
             action.setCheckable(true);
