@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "language/Ascii.h"
 #include "language/StyleCategory.h"
 #include "platform/Unicode.h"
 #include "ui/LargeBlocks.h"
@@ -338,12 +339,14 @@ void RichTextBox::RewriteRun(Position start, std::string_view text) {
     for (size_t at = 0; at < styles.size(); ++at) {
         styles[at] = static_cast<char>(StyleAt(start + static_cast<Position>(at)));
     }
+    const bool sameLetters = equalsIgnoreCase(Slice(start, end), text);
     const Position anchor = send(SCI_GETANCHOR);
     const Position caret = send(SCI_GETCURRENTPOS);
     const Unrecorded unrecorded(*this);
     send(SCI_SETTARGETRANGE, start, end);
     sendText(SCI_REPLACETARGET, text);
     LayStyles(start, styles);
+    if (!sameLetters) tally_.forget();
     if (send(SCI_GETANCHOR) != anchor) send(SCI_SETANCHOR, anchor);
     if (send(SCI_GETCURRENTPOS) != caret) send(SCI_SETCURRENTPOS, caret);
 }

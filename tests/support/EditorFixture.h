@@ -57,6 +57,8 @@ protected:
     }
     frmKLTEditor& openNew() {
         editor_->documents.New();
+        // In front of the version line nothing can be typed.
+        active().RichTextBox1->SetSelStart(active().RichTextBox1->Length());
         return active();
     }
     frmKLTEditor& active() {
