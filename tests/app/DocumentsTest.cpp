@@ -19,7 +19,7 @@ constexpr auto kNewText =
 class DocumentsTest : public EditorFixture {};
 
 TEST_F(DocumentsTest, ANewDocumentHasItsTextAndNoFlag) {
-    const auto& document = openNew();
+    const auto& document = (editor().documents.New(), active());
     EXPECT_EQ(document.Caption(), "KLT1");
     EXPECT_EQ(textOf(document), kNewText);
     EXPECT_FALSE(document.Modified());
