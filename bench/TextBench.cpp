@@ -3,11 +3,14 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <string>
 
 #include "SampleText.h"
+#include "checker/DocumentPass.h"
 #include "platform/TextSearch.h"
 #include "ui/RichTextBox.h"
+#include "ui/modKLTSyntaxHighlighter.h"
 
 namespace klt {
 namespace {
@@ -66,6 +69,32 @@ void TypeAtTheEnd(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) box.SetSelText("x");
 }
 BENCHMARK(TypeAtTheEnd)->Arg(50)->Unit(benchmark::kMicrosecond);
+
+/// One line of a megabyte, coloured as a load leaves it: a step of the caret in its middle, and the painting.
+void MoveInOneLongLine(benchmark::State& state) {
+    needApplication();
+    std::string line = "Sea Legs, 5";
+    while (line.size() < static_cast<size_t>(state.range(0)) * 1'000'000)
+        line += ", PAGE(H12), gives(+1 to ST)";
+    StyledText checked(line);
+    CheckerState checker;
+    CheckDocument(checked, checker);
+    RichTextBox box;
+    box.resize(800, 600);
+    box.SetText(line);
+    layChecked(box, checked);
+    box.show();
+    QApplication::processEvents();
+    box.Select(box.Length() / 2, 0);
+    box.ScrollCaret();
+    for ([[maybe_unused]] auto _ : state) {
+        QKeyEvent right(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+        QApplication::sendEvent(&box, &right);
+        box.viewport()->repaint();
+    }
+    if (box.SelStart() == box.Length() / 2) state.SkipWithError("the caret has not moved");
+}
+BENCHMARK(MoveInOneLongLine)->Arg(1)->Unit(benchmark::kMillisecond);
 
 void CountCharacters(benchmark::State& state) {
     needApplication();
