@@ -64,6 +64,8 @@ TEST(Lines, Skills) {
                    {"Knife, type(P/E)", "Knife, «t type(»«k P/E»«t )»"},
                    {"Knife, P/A, type(x), page(y)", "Knife, «k P/A», «! type(x)», «t page(»y«t )»"},
                    {"Knife", "Knife"},
+                   // A byte that belongs to no character.
+                   {"Knife,\x80, page(a)", "Knife«! ,\x80,» «t page(»a«t )»"},
                });
 }
 
