@@ -2,7 +2,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QPainter>
+#include <QPixmap>
 #include <QProgressBar>
 #include <QPushButton>
 #include <cmath>
@@ -14,20 +14,15 @@ namespace {
 
 constexpr char kPatience[] =
     "KLT Editor is checking the syntax in the current data file. Please be patient, it can take several "
-    "minutes "
-    "depending on data file size, processor clock and amount of memory available.";
+    "minutes depending on data file size, processor clock and amount of memory available.";
 constexpr char kStill[] =
     "If the progress bar bellow stays still for a long time, there is the chance that it may be due to a bug "
-    "in "
-    "the Syntax Checker. In that case, you should click the \"Unlock\"";
+    "in the Syntax Checker. In that case, you should click the \"Unlock\"";
 constexpr char kWatch[] =
     "button bellow (even if the mouse cursor is still an hourglass). After that, watch the data file for a "
-    "while. "
-    "If anything happens at all, things are fine, and you should click the \"Lock\" button to speed things "
-    "up. "
-    "Otherwise, e-mail me a copy of the data file and I'll try to solve the problem. Please note that it may "
-    "take "
-    "a little while before the button answers.";
+    "while. If anything happens at all, things are fine, and you should click the \"Lock\" button to speed "
+    "things up. Otherwise, e-mail me a copy of the data file and I'll try to solve the problem. Please note "
+    "that it may take a little while before the button answers.";
 constexpr char kDisable[] =
     "To disable (or re-enable) this window, go to the Window Menu and click \"Show KLT Syntax Checker "
     "Window\".";
@@ -59,15 +54,19 @@ QString shown(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min(text.size(), kMost)));
 }
 
+/// A decoration: the program's icon on a coloured ground.
 QLabel* makePicture(QWidget* parent) {
     constexpr QSize kSize(79, 101);
     constexpr int kIcon = 48;
-    QPixmap pixmap(kSize);
-    pixmap.fill(QColor(136, 192, 184));
-    QPainter(&pixmap).drawPixmap((kSize.width() - kIcon) / 2, (kSize.height() - kIcon) / 2,
-                                 programIcon().pixmap(kIcon));
+    QPixmap ground(kSize);
+    ground.fill(QColor(136, 192, 184));
     auto* picture = makeLabel("Picture1", {}, parent);
-    picture->setPixmap(pixmap);
+    picture->setPixmap(ground);
+    picture->setFixedSize(kSize);
+    auto* icon = makeLabel("Picture2", {}, picture);
+    icon->setPixmap(programIcon().pixmap(kIcon));
+    icon->setAlignment(Qt::AlignCenter);
+    icon->setFixedSize(kSize);
     return picture;
 }
 
@@ -104,7 +103,12 @@ frmKLTChecker::frmKLTChecker(QWidget* owner)
     auto* column = new QVBoxLayout;
     column->addWidget(makeParagraph("Label1", kPatience, this));
     column->addLayout(grid);
-    column->addWidget(makeParagraph("Label5", QString(kStill) + ' ' + kWatch, this));
+    // Two pieces of one text.
+    auto* advice = new QVBoxLayout;
+    advice->setSpacing(0);
+    advice->addWidget(makeParagraph("Label5", kStill, this));
+    advice->addWidget(makeParagraph("Label6", kWatch, this));
+    column->addLayout(advice);
     column->addWidget(cmdToggleLock_, 0, Qt::AlignHCenter);
     column->addWidget(makeParagraph("Label4", kDisable, this));
 
