@@ -22,6 +22,8 @@ Handling handlingOf(const QEvent& event) {
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
         case QEvent::InputMethod:
+        // An access key of a menu or a button; those of actions become commands.
+        case QEvent::Shortcut:
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
@@ -40,6 +42,11 @@ Handling handlingOf(const QEvent& event) {
     }
 }
 
+bool isTyping(const QEvent& event) {
+    return event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease ||
+           event.type() == QEvent::InputMethod;
+}
+
 /// The document's text area that `receiver` is, or whose viewport it is.
 RichTextBox* documentArea(QObject* receiver) {
     auto* box = qobject_cast<RichTextBox*>(receiver);
@@ -55,6 +62,15 @@ void giveClickFocus(QObject* receiver) {
     auto* widget = qobject_cast<QWidget*>(receiver);
     if (auto* area = documentArea(receiver)) widget = area;
     if (widget && (widget->focusPolicy() & Qt::ClickFocus) != 0) widget->setFocus(Qt::MouseFocusReason);
+}
+
+/// Where typing goes that was meant for `widget`, once the clicks and commands before it have moved the
+/// focus.
+QObject* focusNow(QObject& widget) {
+    if (auto* now = QApplication::focusWidget()) return now;
+    // No window is active.
+    auto* inWindow = static_cast<QWidget&>(widget).window()->focusWidget();
+    return inWindow ? inWindow : &widget;
 }
 
 bool isFileDrag(const QEvent& event) {
@@ -154,15 +170,16 @@ void CommandQueue::keepForLater(QObject* receiver, const QEvent& event) {
     const auto* widget = qobject_cast<const QWidget*>(receiver);
     // What is meant for the dialog that is up must not wait for its end.
     const Origin origin = modal && widget && widget->window() == modal ? Origin::Outside : Origin::User;
-    waiting_.push_back({origin, [this, copy, target = QPointer<QObject>(receiver)] {
-                            if (!target) return;
-                            const QScopedValueRollback guard(delivering_,
-                                                             static_cast<const QObject*>(target.data()));
-                            if (copy->type() == QEvent::MouseButtonPress) {
-                                giveClickFocus(target);
-                            }
-                            QCoreApplication::sendEvent(target, copy.get());
+    const bool followsFocus = isTyping(event) && widget && widget == widget->window()->focusWidget();
+    waiting_.push_back({origin, [this, copy, followsFocus, target = QPointer<QObject>(receiver)] {
+                            if (target) deliver(*copy, followsFocus ? *focusNow(*target) : *target);
                         }});
+}
+
+void CommandQueue::deliver(QEvent& event, QObject& receiver) {
+    const QScopedValueRollback guard(delivering_, static_cast<const QObject*>(&receiver));
+    if (event.type() == QEvent::MouseButtonPress) giveClickFocus(&receiver);
+    QCoreApplication::sendEvent(&receiver, &event);
 }
 
 }  // namespace klt

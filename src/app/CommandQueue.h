@@ -75,6 +75,7 @@ private:
     std::optional<Command> takeNext();
     bool holdsBack(QObject* receiver) const;
     void keepForLater(QObject* receiver, const QEvent& event);
+    void deliver(QEvent& event, QObject& receiver);
 
     std::deque<Waiting> waiting_;
     /// Carries out when control is back in the event loop.

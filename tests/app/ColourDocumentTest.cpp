@@ -193,6 +193,34 @@ TEST_F(ColourDocumentTest, WhatIsAskedDuringAPassWaitsForItsEnd) {
     EXPECT_FALSE(editor().isOver()) << "the user cancelled";
 }
 
+TEST_F(ColourDocumentTest, WaitingKeysGoWhereAWaitingCommandMovesTheFocus) {
+    auto& first = open(file("a.klt", kText));
+    duringPass([&] {
+        action("F1")->trigger();
+        QTest::keyClick(first.RichTextBox1, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClick(first.RichTextBox1, 'x');
+    });
+    check();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return &active() != &first && active().Modified(); }));
+    EXPECT_EQ(textOf(active()).back(), 'x');
+    EXPECT_FALSE(first.Modified());
+}
+
+TEST_F(ColourDocumentTest, AnAccessKeyOpensItsMenuWhenThePassIsOver) {
+    set("Show KLT Checker Window", "0");
+    open(file("a.klt", kText));
+    bool tried = false;
+    duringPass([&] {
+        tried = true;
+        QTest::keyClick(&box(), Qt::Key_F, Qt::AltModifier);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    });
+    check();
+    EXPECT_TRUE(tried);
+    EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    if (auto* menu = QApplication::activePopupWidget()) menu->close();
+}
+
 TEST_F(ColourDocumentTest, AChangedPreferenceShowsAtTheNextPass) {
     open(file("a.klt", kText));
     const auto colour = [&] {
