@@ -7,6 +7,7 @@
 #include "language/Ascii.h"
 #include "language/LogicalLine.h"
 #include "language/Tags.h"
+#include "language/WordList.h"
 
 namespace klt {
 
@@ -53,7 +54,7 @@ private:
     void endField(bool isLast);
     bool packageWord();
     void offer();
-    bool allowsWord(std::string_view rest) const;
+    static bool allowsWord(std::string_view rest);
 
     const std::string_view line_;
     const Section section_;
@@ -124,9 +125,10 @@ bool Walk::packageWord() {
     return true;
 }
 
-bool Walk::allowsWord(std::string_view rest) const {
-    const auto word = rest.substr(0, rest.find_first_of(" ,|()"));
-    return !equalsIgnoreCase(word, "To") && !equalsIgnoreCase(word, "Upto");
+// Before these words of a bonus the blank itself counts.
+bool Walk::allowsWord(std::string_view rest) {
+    constexpr WordList kWords(std::to_array<std::string_view>({"to", "upto", "pts"}));
+    return kWords.find(rest.substr(0, rest.find_first_of(" ,|()"))) < 0;
 }
 
 // At a blank that stands alone.
@@ -177,12 +179,27 @@ std::vector<BreakPoint> Walk::run() {
     return std::move(points_);
 }
 
+// Bonus and group lines stand in blocks that are read physical line by physical line.
+bool isBrokenIn(Section section, std::string_view line) {
+    const auto begins = [line](std::string_view word) {
+        return equalsIgnoreCase(line.substr(0, word.size()), word);
+    };
+    switch (section) {
+        case Section::Author:
+        case Section::Bonus:
+        case Section::Groups:
+            return false;
+        case Section::Packages:
+            return begins("CREATE=") || (begins("ADD=") && !begins("ADD=RACE"));
+        default:
+            return true;
+    }
+}
+
 bool mayBeBroken(std::string_view line, Section section) {
-    if (line.find("//") != std::string_view::npos || line.find_first_of("\r\n") != std::string_view::npos ||
-        classifyLine(line, section) != LineKind::Item)
-        return false;
-    return section != Section::Packages || equalsIgnoreCase(line.substr(0, 4), "ADD=") ||
-           equalsIgnoreCase(line.substr(0, 7), "CREATE=");
+    return line.find("//") == std::string_view::npos &&
+           line.find_first_of("\r\n") == std::string_view::npos &&
+           classifyLine(line, section) == LineKind::Item && isBrokenIn(section, line);
 }
 
 }  // namespace

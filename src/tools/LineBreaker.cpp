@@ -14,7 +14,7 @@ namespace {
 
 // So that a huge line of which the checker likes no break ends in a moment; it then stays whole from there
 // on.
-constexpr size_t kMostWork = 64'000'000;
+constexpr size_t kMostWork = 32'000'000;
 
 Position charactersOf(std::string_view text) {
     return static_cast<Position>(countCharacters(text));
@@ -95,13 +95,12 @@ void Breaker::breakOn() {
 // Looks for a break that changes the check where the ones before it do not, in steps that grow as long as all
 // is well, and then by halves; drops it and gives up those behind it.
 void Breaker::dropFirstBad() {
-    auto bad = points_.size();
-    for (size_t step = 1; same_ + step < bad; step *= 2) {
-        if (isSame(same_ + step))
-            same_ += step;
-        else
-            bad = same_ + step;
+    auto bad = points_.size() + 1;
+    for (size_t step = 1; same_ < points_.size() && bad > points_.size(); step *= 2) {
+        const auto goal = std::min(same_ + step, points_.size());
+        (isSame(goal) ? same_ : bad) = goal;
     }
+    if (bad > points_.size()) return;
     while (bad - same_ > 1) {
         const auto middle = same_ + (bad - same_) / 2;
         (isSame(middle) ? same_ : bad) = middle;
@@ -112,9 +111,11 @@ void Breaker::dropFirstBad() {
 }
 
 std::string Breaker::run() {
-    for (breakOn(); points_.size() > same_ && !isSame(points_.size()); breakOn()) {
+    breakOn();
+    if (isSame(points_.size())) same_ = points_.size();
+    while (same_ < points_.size()) {
         dropFirstBad();
-        if (check_.work() > kMostWork) break;
+        if (check_.work() <= kMostWork) breakOn();
     }
     return brokenAt(line_, points_);
 }
