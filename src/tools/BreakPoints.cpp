@@ -49,7 +49,7 @@ private:
     void step();
     void open();
     void close();
-    /// The place of the comma, or of the blank behind it.
+    // `start` is the comma in front of the field, or the blank behind that.
     void beginField(size_t start);
     void endField(bool isLast);
     bool packageWord();
