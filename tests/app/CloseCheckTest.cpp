@@ -25,12 +25,6 @@ protected:
     void closeWindow() { action("F6")->trigger(); }
 };
 
-TEST_F(CloseCheckTest, AnUntouchedDocumentIsNotAskedAbout) {
-    openNew();
-    close();
-    EXPECT_EQ(window().ActiveForm(), nullptr);
-}
-
 TEST_F(CloseCheckTest, TheQuestionNamesTheDocument) {
     const struct {
         std::string caption;
@@ -56,20 +50,15 @@ TEST_F(CloseCheckTest, TheQuestionNamesTheDocument) {
     EXPECT_TRUE(document.Modified());
 }
 
-TEST_F(CloseCheckTest, YesWritesAFileAndCloses) {
-    openChanged();
-    answerMessage(QMessageBox::Yes);
-    close();
-    EXPECT_EQ(readBytes(home / "docs/a.klt"), "xtext");
-    EXPECT_EQ(window().ActiveForm(), nullptr);
-}
-
-TEST_F(CloseCheckTest, NoClosesWithoutWriting) {
-    openChanged();
-    answerMessage(QMessageBox::No);
-    close();
-    EXPECT_EQ(readBytes(home / "docs/a.klt"), "text");
-    EXPECT_EQ(window().ActiveForm(), nullptr);
+TEST_F(CloseCheckTest, YesWritesTheFileAndNoDoesNot) {
+    for (const auto& [answer, written] :
+         {std::pair(QMessageBox::Yes, "xtext"), std::pair(QMessageBox::No, "text")}) {
+        openChanged();
+        answerMessage(answer);
+        close();
+        EXPECT_EQ(readBytes(home / "docs/a.klt"), written);
+        EXPECT_EQ(window().ActiveForm(), nullptr);
+    }
 }
 
 TEST_F(CloseCheckTest, CancelLowersLoadingDocuments) {

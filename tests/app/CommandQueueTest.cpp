@@ -26,11 +26,6 @@ protected:
     CommandQueue queue;
 };
 
-TEST_F(CommandQueueTest, WithoutAHoldACommandIsCarriedOutAtOnce) {
-    queue.submit(Origin::User, note("a"));
-    EXPECT_THAT(done, ElementsAre("a"));
-}
-
 TEST_F(CommandQueueTest, HeldCommandsComeInTheirOrderAfterTheLastHold) {
     {
         const CommandQueue::Hold hold(queue);

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
@@ -48,7 +47,7 @@ TEST_F(MainWindowTest, TheFirstDocumentIsActivatedThoughItsFileIsMissing) {
 TEST_F(MainWindowTest, TheLastClosingClearsThePanels) {
     openNew();
     auto& second = openNew();
-    action("F3")->trigger();
+    QTest::keyClick(second.RichTextBox1, Qt::Key_F4, Qt::ControlModifier);
     EXPECT_FALSE(window().forms().contains(&second));
     EXPECT_EQ(panel(2), "82 bytes");
     action("F3")->trigger();
@@ -98,29 +97,6 @@ TEST_F(MainWindowTest, Timer1WaitsForADialogAndForTheActivationsEnd) {
     variables().ActivatingDocument = false;
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window().Timer1().isActive(); }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return document.RichTextBox1->hasFocus(); }));
-}
-
-TEST_F(MainWindowTest, MenuItemsFollowTheDocument) {
-    window();
-    for (const char* key : {"F3", "F4", "F5"}) EXPECT_FALSE(action(key)->isEnabled()) << key;
-    for (const char* key : {"F1", "F2", "F6"}) EXPECT_TRUE(action(key)->isEnabled()) << key;
-    EXPECT_EQ(action("F4")->text(), "Save");
-    auto& document = openNew();
-    for (const char* key : {"F3", "F4", "F5"}) EXPECT_TRUE(action(key)->isEnabled()) << key;
-    EXPECT_EQ(action("F4")->text(), "Save KLT1");
-    document.setCaption("/a/b&c.klt");
-    emit window().findChild<QMenu*>("mnuFileTOP")->aboutToShow();
-    EXPECT_EQ(action("F4")->text(), "Save b&&c.klt");
-    action("F3")->trigger();
-    EXPECT_FALSE(action("F4")->isEnabled());
-}
-
-TEST_F(MainWindowTest, KeysReachTheCommands) {
-    openNew();
-    QTest::keyClick(active().RichTextBox1, Qt::Key_N, Qt::ControlModifier);
-    EXPECT_EQ(active().Caption(), "KLT2");
-    QTest::keyClick(active().RichTextBox1, Qt::Key_F4, Qt::ControlModifier);
-    EXPECT_EQ(active().Caption(), "KLT1");
 }
 
 TEST_F(MainWindowTest, ADocumentStaysActiveWhileTheWindowIsMinimised) {

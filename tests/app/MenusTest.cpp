@@ -219,6 +219,9 @@ TEST_F(MenusTest, WithoutADocumentLittleIsEnabled) {
     EXPECT_EQ(enabled(keys),
               there("F1 F2 F6 mnuTTDefault mnuTTWizards T1 T2 T3 T4 T5 W7 H1 H2 H3 H4 H5 H6 H7 H8 H9 H10"));
     EXPECT_TRUE(action("RecentMenu1")->isEnabled());
+    EXPECT_EQ(action("F4")->text(), "Save");
+    openNew();
+    EXPECT_EQ(action("F4")->text(), "Save KLT2");
 }
 
 TEST_F(MenusTest, StatesFollowCaretEditAndClipboard) {
@@ -237,7 +240,7 @@ TEST_F(MenusTest, StatesFollowCaretEditAndClipboard) {
     window().showPopup("MainRTFPopup", {});
     EXPECT_EQ(enabled("E1 E2 E3 E4 E5", "MainRTFPopup."), "E1 E4 E5");
     menu("MainRTFPopup").close();
-    openNew();
+    editor().documents.New();
     EXPECT_EQ(enabled("E1 E2 E3 E4 E5"), "");
 }
 

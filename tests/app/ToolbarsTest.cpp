@@ -64,31 +64,27 @@ protected:
 };
 
 TEST_F(ToolbarsTest, EveryButtonIsACommandOfTheMenuWithAnImageAndATip) {
-    for (std::size_t number = 0; number < kToolbarRows.size(); ++number) {
-        const ToolbarRow& row = kToolbarRows[number];
-        for (std::size_t index = 0; index < row.buttons.size(); ++index) {
-            const ToolbarButton& it = row.buttons[index];
-            const QAction& action = button(static_cast<int>(number), static_cast<int>(index));
-            SCOPED_TRACE(action.objectName().toStdString());
-            EXPECT_EQ(action.isSeparator(), it.isSeparator());
+    for (const int number : {kDefaultBar, kWizardsBar}) {
+        for (int index = 0;
+             const ToolbarButton& it : kToolbarRows[static_cast<std::size_t>(number)].buttons) {
+            const QAction& action = button(number, index++);
+            ASSERT_EQ(action.isSeparator(), it.isSeparator());
             if (it.isSeparator()) continue;
             const MenuRow* command = menuRow(it.key);
-            ASSERT_NE(command, nullptr);
-            EXPECT_EQ(action.toolTip().toStdString(), it.tip);
-            EXPECT_FALSE(action.icon().isNull());
+            ASSERT_NE(command, nullptr) << it.key;
+            EXPECT_FALSE(action.icon().isNull()) << it.key;
             const std::string shortcut = " (" + std::string(command->shortcut) + ")";
             EXPECT_EQ(it.tip.ends_with(shortcut), !command->shortcut.empty()) << it.tip;
         }
     }
     EXPECT_EQ(button(1, 11).toolTip(), "Insert Comment");
-    EXPECT_EQ(kWizardsButtons[11].key, "I11");
 }
 
 TEST_F(ToolbarsTest, TheButtonsThatNeedADocumentFollowTheFirstAndTheLast) {
     EXPECT_EQ(enabled(0), there(0, {0, 1, 13, 14, 15, 16, 18}));
     EXPECT_EQ(enabled(1), there(1, {17}));
-    openNew();
-    openNew();
+    editor().documents.New();
+    editor().documents.New();
     action("F3")->trigger();
     EXPECT_EQ(enabled(0), there(0, {0, 1, 2, 11, 13, 14, 15, 16, 18}));
     EXPECT_EQ(enabled(1), there(1, {0, 1, 2, 3, 4, 5, 6, 8, 9, 11, 12, 14, 15, 17}));

@@ -480,27 +480,6 @@ TEST(RichTextBox, IsReadThroughProperties) {
     EXPECT_EQ(box.StyleRuns(), "");
 }
 
-TEST(RichTextBox, CountsCharactersWhereverTheGapIs) {
-    Box box(Kind::Document, "\u00E4\u20AC\r\n\U0001F600");
-    EXPECT_EQ(box.CharacterCount(), 5);
-    for (const Position place : {0, 2, 5, 7}) {
-        box.SetSelStart(place);
-        const Position before = box.CharacterCount();
-        box.SetSelText("\u00FC");
-        EXPECT_EQ(box.CharacterCount(), before + 1);
-    }
-}
-
-TEST(RichTextBox, IsNotPaintedWhileFrozen) {
-    Box box(Kind::Document, "text");
-    {
-        const RedrawFreeze outer(box);
-        { const RedrawFreeze inner(box); }
-        EXPECT_FALSE(box.updatesEnabled());
-    }
-    EXPECT_TRUE(box.updatesEnabled());
-}
-
 TEST(RichTextBox, HasAnAccessibleName) {
     Box box(Kind::Field, "text");
     box.setAccessibleName("Item Name");
