@@ -64,15 +64,6 @@ void giveClickFocus(QObject* receiver) {
     if (widget && (widget->focusPolicy() & Qt::ClickFocus) != 0) widget->setFocus(Qt::MouseFocusReason);
 }
 
-/// Where typing goes that was meant for `widget`, once the clicks and commands before it have moved the
-/// focus.
-QObject* focusNow(QObject& widget) {
-    if (auto* now = QApplication::focusWidget()) return now;
-    // No window is active.
-    auto* inWindow = static_cast<QWidget&>(widget).window()->focusWidget();
-    return inWindow ? inWindow : &widget;
-}
-
 bool isFileDrag(const QEvent& event) {
     const auto* drop = dynamic_cast<const QDropEvent*>(&event);
     return drop && drop->mimeData() && !localFiles(*drop->mimeData()).empty();
@@ -123,8 +114,11 @@ void CommandQueue::carryOut() {
     while (auto command = takeNext()) {
         // A dialog of this command lets the rest come through its own event loop.
         if (!waiting_.empty()) later_.start();
+        const auto* focus = QApplication::focusWidget();
         (*command)();
+        if (auto* now = QApplication::focusWidget(); now && now != focus) movedFocus_ = now;
     }
+    if (waiting_.empty()) movedFocus_ = nullptr;
     if (!isHeld() && waiting_.empty()) watchEvents(false);
 }
 
@@ -172,7 +166,8 @@ void CommandQueue::keepForLater(QObject* receiver, const QEvent& event) {
     const Origin origin = modal && widget && widget->window() == modal ? Origin::Outside : Origin::User;
     const bool followsFocus = isTyping(event) && widget && widget == widget->window()->focusWidget();
     waiting_.push_back({origin, [this, copy, followsFocus, target = QPointer<QObject>(receiver)] {
-                            if (target) deliver(*copy, followsFocus ? *focusNow(*target) : *target);
+                            if (!target) return;
+                            deliver(*copy, followsFocus && movedFocus_ ? *movedFocus_ : *target);
                         }});
 }
 

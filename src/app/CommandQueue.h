@@ -85,6 +85,8 @@ private:
     QPointer<const QWidget> spared_;
     bool ended_ = false;
     bool watching_ = false;
+    /// Where something that had waited took the focus. A click does so at once, though it waits itself.
+    QPointer<QObject> movedFocus_;
     const QObject* delivering_ = nullptr;
 };
 

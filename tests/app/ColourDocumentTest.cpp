@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <QDialog>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QSignalSpy>
 
 #include "app/Commands.h"
@@ -204,6 +206,27 @@ TEST_F(ColourDocumentTest, WaitingKeysGoWhereAWaitingCommandMovesTheFocus) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return &active() != &first && active().Modified(); }));
     EXPECT_EQ(textOf(active()).back(), 'x');
     EXPECT_FALSE(first.Modified());
+}
+
+TEST_F(ColourDocumentTest, WhatIsMeantForADialogDoesNotWaitForItsEnd) {
+    open(file("a.klt", kText));
+    const auto other = file("b.klt", kText);
+    QDialog dialog(&window());
+    QLineEdit edit(&dialog);
+    QPushButton yes("&Yes", &dialog);
+    yes.move(0, 40);
+    dialog.setModal(true);
+    dialog.show();
+    edit.setFocus();
+    duringPass([&] {
+        QTest::keyClick(&edit, 'q');
+        QTest::mouseClick(&yes, Qt::LeftButton);
+        EXPECT_EQ(edit.text(), "");
+    });
+    QSignalSpy pressed(&yes, &QPushButton::clicked);
+    editor().queue.submit(Origin::Outside, [&] { open(other); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pressed.count() == 1; }));
+    EXPECT_EQ(edit.text(), "q") << "though the click has moved the focus at once";
 }
 
 TEST_F(ColourDocumentTest, AnAccessKeyOpensItsMenuWhenThePassIsOver) {
