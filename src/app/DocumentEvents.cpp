@@ -26,6 +26,7 @@ DocumentEvents::DocumentEvents(modVariables& variables, Store& store, modKLTSynt
 }
 
 void DocumentEvents::attach(frmKLTEditor& document) {
+    highlighter_.LoadStyles(*document.RichTextBox1);
     connect(document.RichTextBox1, &RichTextBox::Change, this, [this, &document] { change(document); });
     connect(document.RichTextBox1, &RichTextBox::SelChange, this, [this, &document] {
         if (!variables_.SuppressCaretUpdate) selChange(document);
