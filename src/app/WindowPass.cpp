@@ -22,7 +22,7 @@ WindowPass::WindowPass(RichTextBox& box, CheckerState& state, frmKLTChecker* pro
       progress_(progress),
       mask_(std::in_place, box),
       freeze_(std::in_place, box),
-      text_(std::string(box.Text())),
+      text_(box.letters()),
       pass_(text_, state, this) {
     box_.setLocked(true);
     if (!progress_) return;
@@ -42,7 +42,8 @@ void WindowPass::run() {
         if (!locked_) showFinishedPart();
         QCoreApplication::processEvents();
     }
-    layChecked(box_, text_);
+    box_.lettersChanged();
+    layStyles(box_, text_.styles());
     box_.ScrollToLine(firstVisible);
     box_.ScrollCaret();
     box_.EmptyUndoBuffer();
@@ -82,7 +83,9 @@ void WindowPass::setLocked(bool locked) {
 
 void WindowPass::showFinishedPart() {
     const Position end = std::max(shown_, pass_.position() - kUnsettled);
-    layChecked(box_, text_, {shown_, end});
+    box_.lettersChanged();
+    box_.LayStyles(shown_,
+                   text_.styles().substr(static_cast<size_t>(shown_), static_cast<size_t>(end - shown_)));
     shown_ = end;
 }
 

@@ -22,7 +22,20 @@ void askForLargePages(char* buffer, size_t size) {
 
 }  // namespace
 
-StyledText::StyledText(std::string text) : text_(std::move(text)) {
+StyledText::StyledText(std::string text) : own_(std::move(text)), text_(own_) {
+    makeStyles();
+}
+
+StyledText::StyledText(std::string text, std::string styles)
+    : own_(std::move(text)), text_(own_), styles_(std::move(styles)) {
+    styles_.resize(text_.size());
+}
+
+StyledText::StyledText(std::span<char> letters) : text_(letters) {
+    makeStyles();
+}
+
+void StyledText::makeStyles() {
     styles_.reserve(text_.size());
     askForLargePages(styles_.data(), text_.size());
     styles_.resize(text_.size());
@@ -31,7 +44,7 @@ StyledText::StyledText(std::string text) : text_(std::move(text)) {
 void StyledText::rewrite(Position start, std::string_view text) {
     const auto from = static_cast<size_t>(start);
     if (start < 0 || from > text_.size() || text.size() > text_.size() - from) return;
-    if (equalsIgnoreCase(text, std::string_view(text_).substr(from, text.size())))
+    if (equalsIgnoreCase(text, this->text().substr(from, text.size())))
         text.copy(text_.data() + from, text.size());
 }
 

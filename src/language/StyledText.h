@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstring>
+#include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "language/StyleCategory.h"
 #include "platform/TextArea.h"
@@ -14,15 +14,16 @@ namespace klt {
 /// length never changes.
 class StyledText {
 public:
-    StyledText() = default;
     /// Takes the text over, all of it in `Normal Text`.
     explicit StyledText(std::string text);
     /// Takes over both, `styles` being as long as the text.
-    StyledText(std::string text, std::string styles) : text_(std::move(text)), styles_(std::move(styles)) {
-        styles_.resize(text_.size());
-    }
+    StyledText(std::string text, std::string styles);
+    /// Works on letters that belong to somebody else, who keeps them where they are meanwhile.
+    explicit StyledText(std::span<char> letters);
+    StyledText(const StyledText&) = delete;
+    StyledText& operator=(const StyledText&) = delete;
 
-    std::string_view text() const { return text_; }
+    std::string_view text() const { return {text_.data(), text_.size()}; }
     /// As long as the text.
     std::string_view styles() const { return styles_; }
     Position size() const { return static_cast<Position>(text_.size()); }
@@ -55,14 +56,16 @@ public:
     /// All in `Normal Text` again.
     void clearStyles() { styles_.assign(text_.size(), '\0'); }
 
-    /// Give up what they hold, without a copy; the object is then empty of it.
-    std::string takeText() { return std::move(text_); }
-    std::string takeStyles() { return std::move(styles_); }
+    /// Gives up the text that was taken over, without a copy; the object is then done with.
+    std::string takeText() { return std::move(own_); }
 
 private:
     static bool isContinuation(char c) { return (c & 0xC0) == 0x80; }
 
-    std::string text_;
+    void makeStyles();
+
+    std::string own_;
+    std::span<char> text_;
     std::string styles_;
 };
 

@@ -13,7 +13,8 @@ void CheckWizardField(RichTextBox& box, std::string_view tag, modKLTSyntaxHighli
     highlighter.SetFieldFormat(box);
     StyledText field{std::string(box.Text())};
     CheckField(field, highlighter.state, tag);
-    layChecked(box, field);
+    box.RewriteRun(0, field.text());
+    layStyles(box, field.styles());
 }
 
 void makeWizardField(RichTextBox& box, std::string tag, modKLTSyntaxHighlighter& highlighter, Store& store) {

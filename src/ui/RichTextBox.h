@@ -7,6 +7,7 @@
 #include <QString>
 #include <QTimer>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -83,6 +84,10 @@ public:
     void SetBaseStyle(StyleByte style);
     /// Lays a style on each of as many bytes from `start`; protection stays.
     void LayStyles(Position start, std::string_view styles);
+    /// The text where it stands, good until the next edit: a pass may put letters over those that differ in
+    /// ASCII case alone, for that changes no line, length or style. `lettersChanged` then shows them.
+    std::span<char> letters();
+    void lettersChanged();
     /// The style of each byte.
     std::string Styles() const;
 

@@ -29,31 +29,6 @@ std::vector<TextRange> versionRuns(std::string_view styles) {
     return runs;
 }
 
-/// Hands the letters over that differ, in ascending order: the box's gap then moves but once.
-void layRewrites(RichTextBox& box, std::string_view text, TextRange part) {
-    constexpr Position kBlock = 4096;
-    constexpr Position kApart = 16;
-    for (Position at = part.start; at < part.end; at += kBlock) {
-        const Position end = std::min(at + kBlock, part.end);
-        const std::string_view now = text.substr(static_cast<size_t>(at), static_cast<size_t>(end - at));
-        if (box.Slice(at, end) == now) continue;
-        const std::string was(box.Slice(at, end));
-        for (size_t from = 0; from < was.size();) {
-            from = static_cast<size_t>(std::mismatch(was.begin() + static_cast<Position>(from), was.end(),
-                                                     now.begin() + static_cast<Position>(from))
-                                           .first -
-                                       was.begin());
-            // A word is one run, though some of its letters may have been right.
-            size_t to = from;
-            for (size_t next = from; next < was.size() && next < to + kApart; ++next) {
-                if (was[next] != now[next]) to = next + 1;
-            }
-            if (to > from) box.RewriteRun(at + static_cast<Position>(from), now.substr(from, to - from));
-            from = std::max(to, from + 1);
-        }
-    }
-}
-
 }  // namespace
 
 void modKLTSyntaxHighlighter::LoadStyles(RichTextBox& text) {
@@ -86,20 +61,12 @@ void modKLTSyntaxHighlighter::ColourRange(RichTextBox& text, Position from, Posi
     if (from >= to) return;
     StyledText checked(std::string(text.Text()), text.Styles());
     CheckRange(checked, state, from, to);
-    layChecked(text, checked);
+    text.RewriteRun(0, checked.text());
+    layStyles(text, checked.styles());
 }
 
-void layChecked(RichTextBox& box, const StyledText& checked) {
-    if (checked.size() != box.Length()) return;
-    layRewrites(box, checked.text(), {0, checked.size()});
-    box.SetStyles(checked.styles(), versionRuns(checked.styles()));
-}
-
-void layChecked(RichTextBox& box, const StyledText& checked, TextRange part) {
-    if (checked.size() != box.Length()) return;
-    layRewrites(box, checked.text(), part);
-    box.LayStyles(part.start, checked.styles().substr(static_cast<size_t>(part.start),
-                                                      static_cast<size_t>(part.end - part.start)));
+void layStyles(RichTextBox& box, std::string_view styles) {
+    box.SetStyles(styles, versionRuns(styles));
 }
 
 }  // namespace klt

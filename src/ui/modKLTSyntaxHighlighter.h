@@ -36,11 +36,7 @@ private:
     CRegSettings& settings_;
 };
 
-/// What a check made of the text of `box`: the rewritten letters and a style for each byte go into the box,
-/// and the version lines are protected. `checked` must have come from this very text, else nothing happens.
-void layChecked(RichTextBox& box, const StyledText& checked);
-/// The same for the bytes [start, end) alone, whose ends no character and no run crosses. Protection is left
-/// to the whole.
-void layChecked(RichTextBox& box, const StyledText& checked, TextRange part);
+/// Lays what a check came to, a style for each byte of the box's text, and protects the version lines.
+void layStyles(RichTextBox& box, std::string_view styles);
 
 }  // namespace klt

@@ -31,6 +31,11 @@ TEST(StyledText, RewritesTheCaseOfLettersAlone) {
     text.rewrite(-1, "x");
     EXPECT_EQ(text.text(), "gi VES(É");
     EXPECT_EQ(text.takeText(), "gi VES(É");
+    std::string others = "gives(";
+    StyledText over{std::span(others)};
+    over.rewrite(0, "GIVES(");
+    EXPECT_EQ(over.text(), "GIVES(");
+    EXPECT_EQ(others, "GIVES(");
 }
 
 TEST(StyledText, HoldsALargeText) {
