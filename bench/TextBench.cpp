@@ -2,28 +2,15 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <string>
 
+#include "Application.h"
 #include "SampleText.h"
-#include "checker/DocumentPass.h"
 #include "platform/TextSearch.h"
 #include "ui/RichTextBox.h"
-#include "ui/modKLTSyntaxHighlighter.h"
 
 namespace klt {
 namespace {
-
-/// Widgets want an application; an offscreen one needs no display, and leaves the environment as it is.
-void needApplication() {
-    static int argc = 3;
-    static char name[] = "klt-bench", option[] = "-platform", platform[] = "offscreen";
-    static char* argv[] = {name, option, platform, nullptr};
-    // Not destroyed: nothing may outlive it, and the process ends anyway.
-    static auto* const application = new QApplication(argc, argv);
-    benchmark::DoNotOptimize(application);
-}
 
 std::string textOf(const benchmark::State& state) {
     return bench::sampleText(static_cast<size_t>(state.range(0)) * 1'000'000);
@@ -34,7 +21,7 @@ void countBytes(benchmark::State& state, size_t size) {
 }
 
 void SetText(benchmark::State& state) {
-    needApplication();
+    bench::needApplication();
     const std::string text = textOf(state);
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
@@ -50,7 +37,7 @@ void SetText(benchmark::State& state) {
 BENCHMARK(SetText)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond);
 
 void SetStyles(benchmark::State& state) {
-    needApplication();
+    bench::needApplication();
     const std::string text = textOf(state);
     const std::string styles[] = {std::string(text.size(), '\1'), std::string(text.size(), '\2')};
     RichTextBox box;
@@ -62,7 +49,7 @@ void SetStyles(benchmark::State& state) {
 BENCHMARK(SetStyles)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond);
 
 void TypeAtTheEnd(benchmark::State& state) {
-    needApplication();
+    bench::needApplication();
     RichTextBox box;
     box.SetText(textOf(state));
     box.SetSelStart(box.Length());
@@ -70,34 +57,8 @@ void TypeAtTheEnd(benchmark::State& state) {
 }
 BENCHMARK(TypeAtTheEnd)->Arg(50)->Unit(benchmark::kMicrosecond);
 
-/// One line of a megabyte, coloured as a load leaves it: a step of the caret in its middle, and the painting.
-void MoveInOneLongLine(benchmark::State& state) {
-    needApplication();
-    std::string line = "Sea Legs, 5";
-    while (line.size() < static_cast<size_t>(state.range(0)) * 1'000'000)
-        line += ", PAGE(H12), gives(+1 to ST)";
-    StyledText checked(line);
-    CheckerState checker;
-    CheckDocument(checked, checker);
-    RichTextBox box;
-    box.resize(800, 600);
-    box.SetText(line);
-    layChecked(box, checked);
-    box.show();
-    QApplication::processEvents();
-    box.Select(box.Length() / 2, 0);
-    box.ScrollCaret();
-    for ([[maybe_unused]] auto _ : state) {
-        QKeyEvent right(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
-        QApplication::sendEvent(&box, &right);
-        box.viewport()->repaint();
-    }
-    if (box.SelStart() == box.Length() / 2) state.SkipWithError("the caret has not moved");
-}
-BENCHMARK(MoveInOneLongLine)->Arg(1)->Unit(benchmark::kMillisecond);
-
 void CountCharacters(benchmark::State& state) {
-    needApplication();
+    bench::needApplication();
     RichTextBox box;
     box.SetText(textOf(state));
     for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(box.CharacterCount());
@@ -105,7 +66,7 @@ void CountCharacters(benchmark::State& state) {
 BENCHMARK(CountCharacters)->Arg(50)->Unit(benchmark::kMillisecond);
 
 void RewriteRuns(benchmark::State& state) {
-    needApplication();
+    bench::needApplication();
     RichTextBox box;
     box.SetText(textOf(state));
     const Position step = box.Length() / 100'000;

@@ -56,8 +56,9 @@ public:
     /// All in `Normal Text` again.
     void clearStyles() { styles_.assign(text_.size(), '\0'); }
 
-    /// Gives up the text that was taken over, without a copy; the object is then done with.
+    /// Give up what was taken over, or made, without a copy; the object is then done with.
     std::string takeText() { return std::move(own_); }
+    std::string takeStyles() { return std::move(styles_); }
 
 private:
     static bool isContinuation(char c) { return (c & 0xC0) == 0x80; }

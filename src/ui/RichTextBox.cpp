@@ -8,6 +8,7 @@
 #include "language/Ascii.h"
 #include "language/StyleCategory.h"
 #include "platform/Unicode.h"
+#include "ui/AccessOnDemand.h"
 #include "ui/LargeBlocks.h"
 #include "ui/RichTextBoxGuards.h"
 
@@ -27,6 +28,7 @@ QByteArray bytesOf(std::string_view text) {
 RichTextBox::RichTextBox(Kind kind, QWidget* parent)
     : QsciScintillaBase(parent), kind_(kind), font_(kind == Kind::Field ? fieldFont() : documentFont()) {
     useLargeBlocks();
+    useAccessibleTextOnDemand();
     setUpText();
     setUpKeys();
     applyFormats();
