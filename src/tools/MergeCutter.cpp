@@ -1,0 +1,117 @@
+#include "tools/MergeCutter.h"
+
+#include <algorithm>
+
+#include "language/Ascii.h"
+#include "language/NewDocument.h"
+
+namespace klt {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+// Where the line behind the one that begins at `start` begins; behind the text's end where a line end lacks.
+size_t nextLine(std::string_view text, size_t start, size_t end, LineKind kind) {
+    if (kind == LineKind::Item) return itemLine(text, start, EmptyTest::NextLine).next;
+    if (kind == LineKind::PackageHeader) return packageHeader(text, start).next;
+    return end + kLineEnd.size();
+}
+
+}  // namespace
+
+void MergeCutter::cut(std::string_view text) {
+    document_.beginText();
+    section_ = Section::Other;
+    for (size_t start = 0; start < text.size();) {
+        const auto end = lineEnd(text, start);
+        const auto first = text.substr(start, end - start);
+        const auto kind = classifyLine(first, section_);
+        const auto next = nextLine(text, start, end, kind);
+        if (kind != LineKind::Version && first != kNewDocumentComment)
+            line(kind, next <= text.size() ? text.substr(start, next - start)
+                                           : completed(text.substr(start), kind));
+        start = next;
+    }
+    endSection();
+}
+
+// The text's last line with the line end that it lacks, and with the empty line that keeps what will come
+// behind it out of it.
+std::string_view MergeCutter::completed(std::string_view rest, LineKind kind) {
+    auto& copy = copies_.emplace_back(rest);
+    if (!copy.ends_with(kLineEnd)) copy += kLineEnd;
+    if (nextLine(copy, 0, lineEnd(copy, 0), kind) > copy.size()) copy += kLineEnd;
+    return copy;
+}
+
+MergeUnit MergeCutter::unit(std::string_view body) {
+    const auto aboveSize = above_.size();
+    above_.add(body);
+    return {above_.take(), aboveSize};
+}
+
+void MergeCutter::line(LineKind kind, std::string_view line) {
+    switch (kind) {
+        case LineKind::Blank:
+        case LineKind::Comment:
+            return above_.add(line);
+        case LineKind::SectionHeader:
+            return sectionHeader(line);
+        case LineKind::SubsectionHeader:
+            return subsectionHeader(line);
+        case LineKind::PackageHeader:
+            close();
+            open();
+            return item(line);
+        default:
+            return item(line);
+    }
+}
+
+void MergeCutter::sectionHeader(std::string_view header) {
+    const auto name = trimBlanks(header.substr(0, header.size() - kLineEnd.size()));
+    if (!isSectionHeader(name)) return fixed(header);
+    endSection();
+    section_ = sectionOf(name);
+    document_.beginSection(header);
+    if (section_ == Section::Author) open();
+}
+
+void MergeCutter::subsectionHeader(std::string_view header) {
+    if (section_ == Section::Author) return item(header);
+    if (!trimBlanks(header.substr(0, header.size() - kLineEnd.size())).ends_with('>')) return fixed(header);
+    close();
+    document_.beginSubsection(unit(header));
+}
+
+void MergeCutter::item(std::string_view item) {
+    if (!isOpen_) return document_.addOnce(unit(item), zone());
+    block_.add(above_.take());
+    block_.add(item);
+}
+
+// A line that is no right header has no equal: it stands where it stood.
+void MergeCutter::fixed(std::string_view line) {
+    if (isOpen_) return item(line);
+    document_.addLines(unit(line).lines, zone());
+}
+
+void MergeCutter::open() {
+    isOpen_ = true;
+    blockAbove_ = above_.size();
+    block_.add(above_.take());
+}
+
+void MergeCutter::close() {
+    if (section_ == Section::Author) block_.add(above_.take());
+    if (!block_.empty()) document_.addOnce({block_.take(), blockAbove_}, Zone::Rest);
+    isOpen_ = false;
+}
+
+void MergeCutter::endSection() {
+    close();
+    document_.addLines(above_.take(), Zone::Rest);
+}
+
+}  // namespace klt

@@ -1,0 +1,165 @@
+#pragma once
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "checker/DocumentPass.h"
+#include "language/Ascii.h"
+#include "language/LogicalLine.h"
+#include "language/NewDocument.h"
+#include "platform/Unicode.h"
+
+namespace klt {
+
+/// What a text holds, told apart by walking over its lines: to hold merged texts against their inputs.
+class MergeContent {
+public:
+    /// A logical line, a package or an author's block, with its colours.
+    struct Item {
+        std::string text;
+        std::string styles;
+        bool mayRepeat = false;
+        bool operator==(const Item& other) const { return text == other.text && styles == other.styles; }
+    };
+    /// By section and subsection, in upper case.
+    std::map<std::string, std::vector<Item>> items;
+    std::map<std::string, std::multiset<std::string>> comments;
+    std::vector<std::string> sections;
+
+    explicit MergeContent(std::string_view text) {
+        for (size_t start = 0; start < text.size();) start = step(text, start);
+        endBlock();
+    }
+
+private:
+    size_t step(std::string_view text, size_t start) {
+        const auto kind = classifyLine(text.substr(start, lineEnd(text, start) - start), sectionOf(section_));
+        auto taken = itemLine(text, start, EmptyTest::NextLine);
+        if (kind == LineKind::PackageHeader) taken = packageHeader(text, start);
+        if (kind != LineKind::Item && kind != LineKind::PackageHeader) {
+            taken.end = taken.commentEnd = lineEnd(text, start);
+            taken.next = taken.end + 2;
+        }
+        std::string line(text.substr(start, taken.commentEnd - start));
+        if (line.ends_with("\r\n")) line.resize(line.size() - 2);
+        add(kind, line);
+        return taken.next;
+    }
+
+    void add(LineKind kind, const std::string& line) {
+        const auto name = upperCase(trimBlanks(line));
+        if (kind == LineKind::Version || line == kNewDocumentComment) return;
+        if (kind == LineKind::SectionHeader && isSectionHeader(name)) {
+            endBlock();
+            subsection_.clear();
+            sections.push_back(section_ = name);
+            if (section_ == "[AUTHOR]") isOpen_ = true;
+        } else if (section_ == "[AUTHOR]") {
+            extend(kind, line);
+        } else if (kind == LineKind::SubsectionHeader && name.ends_with('>')) {
+            endBlock();
+            subsection_ = name;
+            items[place("")];
+        } else if (kind == LineKind::Blank || kind == LineKind::Comment) {
+            waiting_.push_back(line);
+        } else {
+            if (kind == LineKind::PackageHeader) endBlock();
+            if (kind == LineKind::PackageHeader || isOpen_) return extend(kind, line);
+            endBlock();
+            const auto zone = section_ == "[PACKAGES]" ? "\nfront" : "";
+            items[place(zone)].push_back({ended(kind, line), styles(line), kind != LineKind::Item});
+        }
+    }
+
+    void extend(LineKind kind, const std::string& line) {
+        isOpen_ = true;
+        for (const auto& waiting : waiting_) block_.text += waiting + "\r\n";
+        waiting_.clear();
+        block_.text += ended(kind, line);
+        block_.styles += styles(line);
+    }
+
+    void endBlock() {
+        if (!block_.text.empty()) items[place("")].push_back(block_);
+        block_ = {};
+        isOpen_ = false;
+        for (const auto& line : waiting_) comments[section_].insert(line);
+        waiting_.clear();
+    }
+
+    // With the empty line that keeps the next one out.
+    static std::string ended(LineKind kind, const std::string& line) {
+        const auto text = line + "\r\n";
+        const bool goesOn =
+            (kind == LineKind::Item && itemLine(text, 0, EmptyTest::NextLine).next > text.size()) ||
+            (kind == LineKind::PackageHeader && packageHeader(text, 0).next > text.size());
+        return goesOn ? text + "\r\n" : text;
+    }
+
+    std::string styles(const std::string& line) const {
+        StyledText styled(line);
+        CheckerState state;
+        state.SetCurrentSection(section_);
+        CheckDocument(styled, state);
+        return std::string(styled.styles());
+    }
+
+    std::string place(const char* zone) const { return section_ + "\n" + subsection_ + zone; }
+
+    std::string section_, subsection_;
+    std::vector<std::string> waiting_;
+    Item block_;
+    bool isOpen_ = false;
+};
+
+/// What is wrong with a merged text; empty where nothing is.
+inline std::string mergeFault(const std::vector<std::string>& inputs, std::string_view output) {
+    if (!output.starts_with(std::string(kNewDocumentText) + "\r\n")) return "the head";
+    const MergeContent merged(output);
+    std::map<std::string, std::vector<MergeContent::Item>> wanted;
+    std::map<std::string, std::multiset<std::string>> comments;
+    std::set<std::string> sections;
+    for (const auto& input : inputs) {
+        const MergeContent content(input);
+        sections.insert(content.sections.begin(), content.sections.end());
+        for (const auto& [section, lines] : content.comments)
+            comments[section].insert(lines.begin(), lines.end());
+        for (const auto& [place, items] : content.items) {
+            auto& all = wanted[place];
+            for (const auto& item : items) {
+                if (!item.mayRepeat && std::find(all.begin(), all.end(), item) != all.end()) continue;
+                all.push_back(item);
+            }
+        }
+    }
+    // The blocks of several authors look like one.
+    for (auto& block : wanted["[AUTHOR]\n"]) {
+        auto& first = wanted["[AUTHOR]\n"].front();
+        if (&block == &first) continue;
+        first.text += block.text;
+        first.styles += block.styles;
+    }
+    if (wanted["[AUTHOR]\n"].empty())
+        wanted.erase("[AUTHOR]\n");
+    else
+        wanted["[AUTHOR]\n"].resize(1);
+    if (merged.items != wanted) return "the items";
+    if (merged.sections.size() != sections.size() ||
+        std::set(merged.sections.begin(), merged.sections.end()) != sections)
+        return "the sections";
+    for (const auto& [section, lines] : comments) {
+        const auto found = merged.comments.find(section);
+        if (found == merged.comments.end()) return "the comments are gone";
+        if (!std::includes(lines.begin(), lines.end(), found->second.begin(), found->second.end()))
+            return "a comment is made up";
+        if (std::set(lines.begin(), lines.end()) != std::set(found->second.begin(), found->second.end()))
+            return "a comment is lost";
+    }
+    return {};
+}
+
+}  // namespace klt
