@@ -2,25 +2,21 @@
 // growing size with one faulty line in a hundred, its findings thrown away.
 
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
 
+#include "KltProcess.h"
 #include "SampleText.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
 
 constexpr size_t kMegabyte = 1'000'000;
 constexpr size_t kLinesForOneFault = 100;
@@ -63,36 +59,11 @@ private:
     size_t size_ = 0;
 };
 
-struct Run {
-    int status = -1;
-    double seconds = 0;
-    double peakBytes = 0;
-};
-
-Run checkFile(const fs::path& path) {
-    constexpr const char* kProgram = KLT_BIN "/klt";
-    const auto start = Clock::now();
-    const pid_t pid = fork();
-    if (pid == 0) {
-        dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
-        execl(kProgram, kProgram, "check", path.c_str(), nullptr);
-        _exit(127);
-    }
-    Run run;
-    int status = 0;
-    rusage used{};
-    if (pid < 0 || wait4(pid, &status, 0, &used) != pid) return run;
-    run.seconds = std::chrono::duration<double>(Clock::now() - start).count();
-    run.peakBytes = static_cast<double>(used.ru_maxrss) * 1024;
-    if (WIFEXITED(status)) run.status = WEXITSTATUS(status);
-    return run;
-}
-
 void checkProcess(benchmark::State& state) {
     const SampleFile file(static_cast<size_t>(state.range(0)) * kMegabyte);
     double peak = 0;
     for ([[maybe_unused]] auto _ : state) {
-        const auto run = checkFile(file.path());
+        const auto run = bench::runKlt({"check", file.path().string()});
         if (run.status != 1) {
             state.SkipWithError("klt did not find the faults");
             return;

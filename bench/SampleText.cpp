@@ -20,7 +20,7 @@ constexpr std::array<std::string_view, 6> kTypes = {"P/E", "P/A", "P/H", "M/E", 
 
 class Writer {
 public:
-    explicit Writer(size_t bytes) : wanted_(bytes) { text_.reserve(bytes + 4096); }
+    Writer(size_t bytes, unsigned seed) : wanted_(bytes), random_(seed) { text_.reserve(bytes + 4096); }
 
     std::string write() {
         text_ =
@@ -77,13 +77,13 @@ private:
 
     size_t wanted_;
     std::string text_;
-    std::minstd_rand random_{20260};
+    std::minstd_rand random_;
 };
 
 }  // namespace
 
-std::string sampleText(size_t bytes) {
-    return Writer(bytes).write();
+std::string sampleText(size_t bytes, unsigned seed) {
+    return Writer(bytes, seed).write();
 }
 
 }  // namespace bench

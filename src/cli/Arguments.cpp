@@ -69,6 +69,7 @@ public:
             "be done.\n\"-\" as FILE is standard input. See klt(1).");
         describeCheck();
         describeFormat();
+        describeMerge();
     }
 
     Arguments parse(const std::vector<std::string>& arguments) {
@@ -84,6 +85,8 @@ public:
             return BadArguments{error.what()};
         }
         if (format_->parsed()) return formatArguments();
+        if (merge_->parsed())
+            return MergeArguments{unguarded(std::move(output_)), unguarded(std::move(files_))};
         return checkArguments();
     }
 
@@ -118,6 +121,15 @@ private:
         format_->add_option("FILE", files_, "Data files")->type_name("")->required();
     }
 
+    void describeMerge() {
+        merge_ = app_.add_subcommand("merge", "Write what several data files hold as one");
+        merge_->fallthrough();
+        merge_->add_option("-o,--output", output_, "The file to write")->type_name("OUT")->required();
+        merge_->add_option("FILE", files_, "Data files, in the order in which they come")
+            ->type_name("")
+            ->required();
+    }
+
     Arguments checkArguments() {
         auto files = unguarded(std::move(files_));
         if (field_->count() == 0) {
@@ -141,9 +153,10 @@ private:
                                unguarded(std::move(files_))};
     }
 
-    CLI::App app_{"Checks and formats .klt data files.", "klt"};
+    CLI::App app_{"Checks, formats and merges .klt data files.", "klt"};
     CLI::App* check_ = nullptr;
     CLI::App* format_ = nullptr;
+    CLI::App* merge_ = nullptr;
     CLI::Option* field_ = nullptr;
 
     CheckArguments checkArguments_;
@@ -153,6 +166,7 @@ private:
     bool passHasRun_ = false;
     bool inPlace_ = false;
     bool checkOnly_ = false;
+    std::string output_;
     std::vector<std::string> files_;
 };
 

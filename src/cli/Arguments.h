@@ -38,6 +38,12 @@ struct FormatArguments {
     std::vector<std::string> files;
 };
 
+/// `klt merge`.
+struct MergeArguments {
+    std::string output;
+    std::vector<std::string> files;
+};
+
 /// Help or version, asked for.
 struct Answer {
     std::string text;
@@ -48,7 +54,7 @@ struct BadArguments {
     std::string reason;
 };
 
-using Arguments = std::variant<CheckArguments, FormatArguments, Answer, BadArguments>;
+using Arguments = std::variant<CheckArguments, FormatArguments, MergeArguments, Answer, BadArguments>;
 
 /// Reads the arguments behind the program's name.
 Arguments parseArguments(const std::vector<std::string>& arguments);

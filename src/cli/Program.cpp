@@ -3,6 +3,7 @@
 #include "cli/Arguments.h"
 #include "cli/CheckCommand.h"
 #include "cli/FormatCommand.h"
+#include "cli/MergeCommand.h"
 
 namespace klt {
 
@@ -14,6 +15,10 @@ void run(Session& session, const CheckArguments& arguments) {
 
 void run(Session& session, const FormatArguments& arguments) {
     runFormat(session, arguments);
+}
+
+void run(Session& session, const MergeArguments& arguments) {
+    runMerge(session, arguments);
 }
 
 void run(Session& session, const Answer& answer) {

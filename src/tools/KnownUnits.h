@@ -1,9 +1,10 @@
 #pragma once
 
-#include <memory_resource>
+#include <cstdint>
+#include <deque>
 #include <optional>
 #include <string_view>
-#include <unordered_set>
+#include <vector>
 
 namespace klt {
 
@@ -18,32 +19,32 @@ struct MergeUnit {
     std::string_view body() const { return lines.substr(aboveSize); }
 };
 
-/// The units that have been seen, by the places that they belong to. It keeps views.
+/// The units that one place has. It keeps views, of less than 4 GiB each. Files of nothing but short items
+/// have millions: a node for each, as in the library's sets, took six times the files' memory.
 class KnownUnits {
 public:
-    /// The unit of the same body that came first at this place; null if this one is the first.
-    const MergeUnit* findOrAdd(const void* place, const MergeUnit& unit);
-    /// Forgets all and gives the memory back.
-    void clear();
+    /// The lines above the unit of the same body that came first; nothing if this one is the first.
+    std::optional<std::string_view> findOrAdd(const MergeUnit& unit);
 
 private:
     struct Entry {
-        const void* place;
-        MergeUnit unit;
-        bool operator==(const Entry& other) const {
-            return place == other.place && unit.body() == other.unit.body();
-        }
+        const char* lines;
+        uint32_t aboveSize, bodySize;
+        std::string_view above() const { return {lines, aboveSize}; }
+        std::string_view body() const { return {lines + aboveSize, bodySize}; }
     };
-    struct Hash {
-        size_t operator()(const Entry& entry) const {
-            return std::hash<std::string_view>()(entry.unit.body()) ^ std::hash<const void*>()(entry.place);
-        }
+    struct Slot {
+        uint32_t hash;
+        /// Counted from 1; 0 is a free slot.
+        uint32_t entry;
     };
-    using Entries = std::pmr::unordered_set<Entry, Hash>;
 
-    // One allocation for each entry took as long as all the rest.
-    std::pmr::monotonic_buffer_resource memory_;
-    std::optional<Entries> entries_{std::in_place, &memory_};
+    Slot& slotOf(uint32_t hash, std::string_view body);
+    void grow();
+
+    std::deque<Entry> entries_;
+    /// A power of two of them, at most three quarters taken.
+    std::vector<Slot> slots_;
 };
 
 }  // namespace klt

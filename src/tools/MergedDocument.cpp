@@ -69,10 +69,10 @@ void MergedDocument::beginSubsection(const MergeUnit& header) {
 }
 
 void MergedDocument::addOnce(const MergeUnit& unit, Zone zone) {
-    const auto* known = known_.findOrAdd(current_, unit);
-    if (known == nullptr)
+    const auto known = current_->known.findOrAdd(unit);
+    if (!known)
         addLines(unit.lines, zone);
-    else if (unit.above() != known->above())
+    else if (unit.above() != *known)
         addLines(unit.above(), zone);
 }
 
@@ -99,7 +99,9 @@ MergedDocument::Lines MergedDocument::inOrder() const {
 }
 
 std::string MergedDocument::takeText() {
-    known_.clear();
+    // The memory serves the text to come.
+    for (auto& part : parts_)
+        for (auto& subsection : part.subsections) subsection.known = {};
     const auto all = inOrder();
     size_t size = 0;
     for (const auto lines : all) size += lines.size();

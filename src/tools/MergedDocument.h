@@ -37,6 +37,7 @@ private:
     struct Subsection {
         MergeUnit header;
         Lines front, rest;
+        KnownUnits known;
     };
     struct Part {
         std::string_view header;
@@ -54,7 +55,6 @@ private:
     /// One for each `Section`, then those that name none.
     std::deque<Part> parts_;
     std::unordered_map<std::string, Part*> unnamed_;
-    KnownUnits known_;
     Part* part_ = nullptr;
     Subsection* current_ = nullptr;
 };

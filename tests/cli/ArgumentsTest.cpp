@@ -104,6 +104,15 @@ TEST(Arguments, FilesToFormat) {
     }
 }
 
+TEST(Arguments, FilesToMerge) {
+    for (const auto& words :
+         {Words{"merge", "-o", "[o]", "[a,b]", "b"}, Words{"merge", "[a,b]", "b", "--output=[o]"}}) {
+        const auto arguments = parsed<MergeArguments>(words);
+        EXPECT_EQ(arguments.output, "[o]");
+        EXPECT_EQ(arguments.files, (Words{"[a,b]", "b"}));
+    }
+}
+
 TEST(Arguments, HelpAndVersionAnswerBeforeAnythingElse) {
     struct Row {
         Words words;
@@ -111,6 +120,7 @@ TEST(Arguments, HelpAndVersionAnswerBeforeAnythingElse) {
     };
     for (const auto& row : {Row{{"--help"}, "check"}, Row{{"-h"}, "--version"}, Row{{"--version"}, "klt "},
                             Row{{"check", "--help"}, "--preview"}, Row{{"format", "--help"}, "--in-place"},
+                            Row{{"merge", "-h"}, "--output"},
                             Row{{"check", "--field", "gives(", "--help"}, "--pass-has-run"}}) {
         SCOPED_TRACE(testing::PrintToString(row.words));
         EXPECT_NE(parsed<Answer>(row.words).text.find(row.part), std::string::npos);
@@ -135,6 +145,8 @@ TEST(Arguments, WhatMakesNoSense) {
         {"check", "--pass-has-run", "a"},
         {"format", "--check", "--in-place", "a"},
         {"format", "--quiet", "a"},
+        {"merge", "a"},
+        {"merge", "-o", "a"},
     };
     for (const auto& row : rows) {
         const auto arguments = parseArguments(row);

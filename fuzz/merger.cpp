@@ -1,0 +1,24 @@
+// Merging: the bytes of several files, with a NUL between them.
+
+#include "CheckInvariants.h"
+#include "platform/Encoding.h"
+#include "support/MergeFault.h"
+#include "tools/MergeFiles.h"
+
+using namespace klt;
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
+    std::string_view rest(reinterpret_cast<const char*>(data), size);
+    std::vector<std::string> texts;
+    for (;;) {
+        const auto end = rest.find('\0');
+        texts.push_back(decode(std::string(rest.substr(0, end))).text);
+        if (end == rest.npos) break;
+        rest.remove_prefix(end + 1);
+    }
+    const auto merged = MergeTexts(texts);
+    const auto fault = mergeFault(texts, merged);
+    fuzz::require(fault.empty(), fault.c_str());
+    fuzz::require(MergeTexts({merged}) == merged, "a merged text alone stays as it is");
+    return 0;
+}

@@ -1,0 +1,39 @@
+#include <gtest/gtest.h>
+
+#include "language/NewDocument.h"
+#include "support/RunKlt.h"
+#include "support/Scratch.h"
+
+namespace klt {
+namespace {
+
+class MergeCommand : public testing::Test {
+protected:
+    MergeCommand() {
+        writeBytes(a_, "[ADS]\na\n");
+        writeBytes(home_ / "b.klt", "[ADS]\nb");
+    }
+    ScratchHome home_;
+    const std::string a_ = home_ / "a.klt", out_ = home_ / "out.klt";
+    const std::string head_ = std::string(kNewDocumentText) + "\r\n[ADS]\r\n";
+};
+
+TEST_F(MergeCommand, WritesTheFilesAsOne) {
+    const Ran done{0, "", ""};
+    EXPECT_EQ(runKlt({"merge", "-o", out_, a_, home_ / "B.klt"}), done);
+    EXPECT_EQ(readBytes(out_), head_ + "a\r\nb\r\n");
+    EXPECT_EQ(runKlt({"merge", "-", a_, "--output", a_}, "[ADS]\nc"), done);
+    EXPECT_EQ(readBytes(a_), head_ + "c\r\na\r\n");
+}
+
+TEST_F(MergeCommand, WritesNothingWhereSomethingFails) {
+    const std::string none = home_ / "none", missing = ": No such file or directory\n";
+    writeBytes(out_, "old");
+    EXPECT_EQ(runKlt({"merge", "-o", out_, none, a_, none + "/x"}),
+              (Ran{2, "", "klt: " + none + missing + "klt: " + none + "/x" + missing}));
+    EXPECT_EQ(readBytes(out_), "old");
+    EXPECT_EQ(runKlt({"merge", "-o", none + "/x", a_}), (Ran{2, "", "klt: " + none + "/x" + missing}));
+}
+
+}  // namespace
+}  // namespace klt
