@@ -61,6 +61,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"I11", onText<insertComment>},
     {"mnuTTDefault", [](Editor& editor) { toggleBand(editor.mainWindow(), "A1"); }},
     {"mnuTTWizards", [](Editor& editor) { toggleBand(editor.mainWindow(), "A2"); }},
+    {"T5", [](Editor& editor) { editor.openMerger(); }},
     {"T6", colour},
     {"W1", arrange<Arrangement::TileHorizontally>},
     {"W2", arrange<Arrangement::TileVertically>},

@@ -1,5 +1,7 @@
 #include "app/CommonDialog1.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
@@ -11,22 +13,14 @@
 
 #include "platform/Paths.h"
 #include "platform/TextOperations.h"
-#include "platform/Unicode.h"
 #include "settings/Names.h"
+#include "tools/MergeOrder.h"
 #include "ui/MessageBox.h"
 
 namespace klt {
 namespace {
 
 constexpr std::string_view kPolicedTitle = "Select Data File";
-
-bool isBaseFile(const std::string& path) {
-    return upperCase(FileName(path)).find("BASE") != std::string::npos;
-}
-
-bool isPermitted(const std::string& path) {
-    return upperCase(FileExtension(path)) == "KLT" && !isBaseFile(path);
-}
 
 std::string pathOf(const QString& file) {
     return FullFileName(QFile::encodeName(file).toStdString());
@@ -50,6 +44,8 @@ public:
 
     void prepare(QWidget* owner, bool save);
     std::vector<std::string> chosen() const;
+
+    void done(int result) override;
 
 protected:
     void accept() override;
@@ -92,7 +88,7 @@ std::vector<std::string> CommonDialog1::Dialog::chosen() const {
 void CommonDialog1::Dialog::police() {
     if (!isPoliced() || nameEdit()->text().isEmpty()) return;
     const auto paths = chosen();
-    const bool permitted = std::all_of(paths.begin(), paths.end(), isPermitted);
+    const bool permitted = std::all_of(paths.begin(), paths.end(), mayBeMerged);
     for (const auto which : {QDialogButtonBox::Open, QDialogButtonBox::Save}) {
         auto* button = findChild<QDialogButtonBox*>()->button(which);
         if (button) button->setEnabled(permitted);
@@ -102,10 +98,11 @@ void CommonDialog1::Dialog::police() {
 /// Whether the choice may not stand; the user is told unless the button said so already.
 bool CommonDialog1::Dialog::refusesChoice() {
     const auto paths = chosen();
-    if (isPoliced() && parentWidget() != &properties_.mainWindow_ &&
-        std::any_of(paths.begin(), paths.end(), isBaseFile)) {
-        return true;
-    }
+    // Enter and a double click don't ask the button. Into a folder they lead, and choose nothing.
+    const auto isRefused = [](const auto& path) {
+        return !mayBeMerged(path) && !QFileInfo(fileOf(path)).isDir();
+    };
+    if (isPoliced() && std::any_of(paths.begin(), paths.end(), isRefused)) return true;
     if (!(properties_.Flags & kPathMustExist) || paths.empty()) return false;
     const std::string folder = paths.front().substr(0, paths.front().rfind('/') + 1);
     if (PathExists(folder)) return false;
@@ -117,12 +114,18 @@ void CommonDialog1::Dialog::accept() {
     if (!refusesChoice()) QFileDialog::accept();
 }
 
+/// Enter leaves the list of completions up, and it would take the next keys from whatever comes.
+void CommonDialog1::Dialog::done(int result) {
+    nameEdit()->completer()->popup()->hide();
+    QFileDialog::done(result);
+}
+
 CommonDialog1::CommonDialog1(QWidget& mainWindow) : QObject(&mainWindow), mainWindow_(mainWindow) {}
 
 CommonDialog1::~CommonDialog1() = default;
 
 void CommonDialog1::InitDir(const std::string& folder) {
-    folder_ = folder;
+    initDir_ = folder_ = folder;
 }
 
 std::vector<std::string> CommonDialog1::ShowOpen(QWidget* owner) {

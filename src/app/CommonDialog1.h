@@ -22,7 +22,8 @@ inline constexpr unsigned kLongNames = 0x200000;
 /// The one file dialog of the program: the folder used last stays in it. It is the toolkit's own dialog, for
 /// in the native one the selection could not be policed.
 ///
-/// While its title is "Select Data File", only data files whose names do not contain "BASE" can be picked.
+/// While its title is "Select Data File", only what `mayBeMerged` allows can be picked, whether it is clicked
+/// or typed.
 class CommonDialog1 : public QObject {
 public:
     explicit CommonDialog1(QWidget& mainWindow);
@@ -38,8 +39,9 @@ public:
     /// user cancelled.
     std::string FileName;
 
-    /// The folder in which the next dialog opens.
+    /// The folder in which the first dialog opens, and the next one after it was set.
     void InitDir(const std::string& folder);
+    const std::string& InitDir() const { return initDir_; }
 
     /// Show the dialog over `owner`, by default the main window, and return when it is closed, with all the
     /// paths chosen.
@@ -51,6 +53,7 @@ private:
     std::vector<std::string> show(QWidget* owner, bool save);
 
     QWidget& mainWindow_;
+    std::string initDir_;
     std::string folder_;
     /// Made at its first use, since that takes its time.
     QPointer<Dialog> dialog_;

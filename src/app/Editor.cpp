@@ -1,10 +1,12 @@
 #include "app/Editor.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <utility>
 
 #include "app/Commands.h"
 #include "app/ErrorWalk.h"
+#include "app/frmKLTMerger.h"
 #include "platform/CommandLine.h"
 #include "platform/KeptCopies.h"
 #include "platform/Paths.h"
@@ -103,6 +105,20 @@ void Editor::ParseCommandLine(std::string_view commandLine) {
 
 void Editor::MenuClick(const QString& key) {
     runCommand(*this, key.toStdString());
+}
+
+void Editor::openMerger() {
+    frmMDIKLTEditor& window = mainWindow();
+    // The window may take it along.
+    const QPointer<frmKLTMerger> form = new frmKLTMerger(window.fileDialog(), store_, &window);
+    const bool isMerged = form->exec() == QDialog::Accepted;
+    if (!form) return;
+    const auto file = form->outputName();
+    const bool isWanted = isMerged && form->loadsFile(), mayCheck = form->checksSyntax();
+    delete form;
+    if (!isWanted) return;
+    const RaisedFlag loading(variables.LoadingDocuments);
+    documents.OpenDocument(file, mayCheck);
 }
 
 }  // namespace klt

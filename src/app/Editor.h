@@ -36,6 +36,8 @@ public:
     void ParseCommandLine(std::string_view commandLine = {});
     /// Carries out the command of a menu's item.
     void MenuClick(const QString& key);
+    /// Shows the merger, and opens what it has written where that is wanted.
+    void openMerger();
 
     Store& store() { return store_; }
 

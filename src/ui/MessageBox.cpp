@@ -10,14 +10,27 @@ QString fromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+QMessageBox::Icon iconOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::Exclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::Information:
+            return QMessageBox::Information;
+        case MessageIcon::Critical:
+            return QMessageBox::Critical;
+        case MessageIcon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
 }  // namespace
 
 QMessageBox::StandardButton MessageBox(QWidget* owner, std::string_view text, MessageIcon icon,
                                        std::string_view title, QMessageBox::StandardButtons buttons) {
     // On the heap, since the owner may take it along.
     const QPointer<QMessageBox> box =
-        new QMessageBox(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon,
-                        fromUtf8(title), QString(), buttons, owner);
+        new QMessageBox(iconOf(icon), fromUtf8(title), QString(), buttons, owner);
     box->setObjectName("MessageBox");
     box->setTextFormat(Qt::PlainText);
     box->setText(fromUtf8(text));

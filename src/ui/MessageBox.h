@@ -6,7 +6,7 @@
 
 namespace klt {
 
-enum class MessageIcon { None, Exclamation };
+enum class MessageIcon { None, Exclamation, Information, Critical };
 
 /// Asks or tells the user in a modal box, in plain text, and waits for the answer. The first of `buttons` is
 /// the default; Escape answers Cancel where that is among them. Where `owner` is destroyed meanwhile the

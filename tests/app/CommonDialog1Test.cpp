@@ -113,17 +113,44 @@ TEST_F(CommonDialog1Test, ASelectionInTheListIsPolicedToo) {
     dialog().ShowOpen();
 }
 
-TEST_F(CommonDialog1Test, ABaseFileIsRefusedByAnotherOwnersDialogAlone) {
+TEST_F(CommonDialog1Test, EnterAndADoubleClickDoNotPassTheDisabledButton) {
     file("one/base.klt", "");
+    file("one/a.klt", "");
     QWidget other;
     dialog().DialogTitle = "Select Data File";
     for (QWidget* owner : {&other, static_cast<QWidget*>(&window())}) {
+        dialog().InitDir(home.folder().path());
         answerNext<QFileDialog>([&](QFileDialog& shown) {
-            shown.findChild<QLineEdit*>("fileNameEdit")->setText("base.klt");
-            QMetaObject::invokeMethod(&shown, "accept");
-            if (shown.isVisible()) shown.reject();
+            auto* name = shown.findChild<QLineEdit*>("fileNameEdit");
+            const auto enter = [&](const std::string& typed) {
+                name->setFocus();
+                name->setText(QString::fromStdString(typed));
+                QTest::keyClick(name, Qt::Key_Enter);
+            };
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+            enter(home / "one");
+            EXPECT_EQ(folderOf(shown), home / "one");
+            for (const char* typed : {"base.klt", "base", "a.txt"}) {
+                enter(typed);
+                ASSERT_TRUE(shown.isVisible()) << typed;
+            }
+            auto* list = shown.findChild<QListView*>("listView");
+            const auto base = [&] {
+                return list->model()->match(list->model()->index(0, 0, list->rootIndex()), Qt::DisplayRole,
+                                            "base.klt");
+            };
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !base().empty(); }));
+            const auto place = list->visualRect(base().front()).center();
+            QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+            ASSERT_TRUE(shown.isVisible());
+            name->setFocus();
+            name->clear();
+            QTest::keyClicks(name, "a.klt");
+            EXPECT_TRUE(QApplication::activePopupWidget());
+            QTest::keyClick(name, Qt::Key_Enter);
         });
-        EXPECT_EQ(dialog().ShowOpen(owner).size(), owner == &other ? 0 : 1);
+        EXPECT_THAT(dialog().ShowOpen(owner), ElementsAre(home / "one/a.klt"));
+        EXPECT_FALSE(QApplication::activePopupWidget());
     }
 }
 

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QDialog>
+#include <string>
+#include <vector>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+
+namespace klt {
+
+class CommonDialog1;
+class MergeFileList;
+class RichTextBox;
+class Store;
+
+/// Makes one data file of several: collects them in the order that the host expects, and writes the file.
+class frmKLTMerger : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `fileDialog` and `store` must outlive it.
+    frmKLTMerger(CommonDialog1& fileDialog, Store& store, QWidget* owner);
+
+    /// Where the merged file is written.
+    std::string outputName() const;
+    /// Whether the merged file is to be opened, once the dialog was accepted, and whether it may be checked.
+    bool loadsFile() const;
+    bool checksSyntax() const;
+
+private:
+    QLayout* buildList();
+    QLayout* buildOutput();
+    QLayout* buildButtons();
+    void wire();
+
+    void outputChanged();
+    void loadFileClicked();
+    void addFile();
+    void addDropped(const std::vector<std::string>& paths);
+    /// False where it is in the list already, of which the user is to be told.
+    bool add(const std::string& path);
+    void tellOfDuplicate();
+    void removeFiles();
+    void filesChanged();
+    void browse();
+    void merge();
+
+    CommonDialog1& fileDialog_;
+    Store& store_;
+    std::vector<std::string> files_;
+
+    QLabel *Label1, *Label2;
+    MergeFileList* vbFilesToMerge;
+    RichTextBox* Text1;
+    QPushButton *cmdAddFile, *cmdRemoveFiles, *cmdBrowse, *cmdMerge, *cmdCancel;
+    QCheckBox *chkLoadFile, *chkCheckSyntax;
+};
+
+}  // namespace klt
