@@ -1,0 +1,211 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace klt {
+
+/// How a wizard was opened: for a new line in the document, for one that stands there, for a line of the
+/// Package wizard. As bits, so that a row can name several.
+enum class OpeningMode : unsigned char { Insert = 1, Edit = 2, Package = 4 };
+
+using Modes = unsigned char;
+inline constexpr Modes kInsert = static_cast<Modes>(OpeningMode::Insert);
+inline constexpr Modes kEdit = static_cast<Modes>(OpeningMode::Edit);
+inline constexpr Modes kPackage = static_cast<Modes>(OpeningMode::Package);
+inline constexpr Modes kEveryMode = kInsert | kEdit | kPackage;
+
+/// Names of controls or frames, separated by single blanks.
+using Names = std::string_view;
+
+/// A control's state in a row: on and off of an option or check, the place of a combo's item from 0.
+inline constexpr int kOff = 0;
+inline constexpr int kOn = 1;
+inline constexpr int kAnyState = -2;
+
+enum class ControlKind : unsigned char {
+    TextField,
+    /// A box of several lines, as those in which lines are collected.
+    TextBox,
+    /// Filled from the document; completes what is typed and keeps it.
+    CategoryCombo,
+    /// Completes what is typed among its items; other texts may stand in it.
+    AutoCombo,
+    FixedCombo,
+    Option,
+    Check,
+    Button,
+};
+
+/// What a button does, beyond what its wizard's form wires itself.
+enum class ButtonUse : unsigned char { Own, Done, Cancel, Help, SyntaxAid, GivesWizard };
+
+/// One control. Options of one frame exclude each other.
+struct ControlRow {
+    /// The frame's name; empty for the form's own row of buttons.
+    std::string_view frame = {};
+    std::string_view name = {};
+    ControlKind kind = ControlKind::TextField;
+    /// In front of a field or combo; the caption of an option, check or button.
+    std::string_view label = {};
+    /// What the field is checked as, such as "cost("; empty for none.
+    std::string_view tag = {};
+    /// The items of a fixed or completing combo.
+    std::span<const std::string_view> items = {};
+    ButtonUse use = ButtonUse::Own;
+    /// The Syntax Aid menu that a button shows.
+    std::string_view menu = {};
+    /// The field that a button writes into.
+    std::string_view field = {};
+    /// Behind a field, where it is not the ")" of a label that ends in "(".
+    std::string_view behind = {};
+};
+
+/// The label behind a control; empty for none.
+constexpr std::string_view labelBehind(const ControlRow& row) {
+    return row.behind.empty() && row.label.ends_with('(') ? std::string_view(")") : row.behind;
+}
+
+struct FrameRow {
+    /// No caption names a frame, for some change theirs.
+    std::string_view name = {};
+    std::string_view caption = {};
+    /// The tab on which it stands; empty for the form itself.
+    std::string_view tab = {};
+};
+
+/// A question to the fields.
+struct Condition {
+    enum class Asks : unsigned char {
+        Nothing,
+        StateIs,
+        IsEnabled,
+        IsFrameShown,
+        IsCaption
+    } asks = Asks::Nothing;
+    /// The control, or the frame.
+    std::string_view of = {};
+    int state = kOn;
+    std::string_view caption = {};
+};
+
+constexpr Condition stateIs(std::string_view control, int state = kOn) {
+    return {Condition::Asks::StateIs, control, state};
+}
+constexpr Condition isEnabled(std::string_view control) {
+    return {Condition::Asks::IsEnabled, control};
+}
+constexpr Condition isFrameShown(std::string_view frame) {
+    return {Condition::Asks::IsFrameShown, frame};
+}
+constexpr Condition isCaption(std::string_view frame, std::string_view caption) {
+    return {Condition::Asks::IsCaption, frame, kOn, caption};
+}
+
+/// When an effect comes, where it is no click.
+inline constexpr Names kAtLoad = "(load)";
+inline constexpr Names kAfterDone = "(done)";
+
+enum class Act : unsigned char {
+    Enable,
+    Disable,
+    Show,
+    Hide,
+    ShowFrame,
+    HideFrame,
+    /// Sets the text of a field; chooses no item of a fixed combo where it is empty.
+    SetText,
+    /// Empties a field that holds exactly the text.
+    EmptyIf,
+    TurnOn,
+    TurnOff,
+    /// Sets the label in front; an empty one hides it.
+    SetLabel,
+    SetCaption,
+};
+
+/// What a click on one of `of` does to each of `on`. Effects come in the order of their rows and bring on no
+/// further ones.
+struct Effect {
+    Names of = {};
+    int state = kAnyState;
+    Act act = Act::Enable;
+    Names on = {};
+    std::string_view text = {};
+    Modes modes = kEveryMode;
+    Condition when = {};
+};
+
+inline constexpr std::string_view kInvalidEntry = "Invalid Entry!";
+
+/// One test of "&Done!": that a field holds text (a single blank does), or that one of several options is on.
+/// The first test that fails ends it.
+struct Rule {
+    /// One field; or several options.
+    Names control = {};
+    std::string_view message = kInvalidEntry;
+    Modes modes = kEveryMode;
+    Condition when = {};
+    /// What gets the focus where it is no single field.
+    std::string_view focus = {};
+};
+
+/// What a control's state reads as in a line. Written is the first row whose control is in that state, unless
+/// its text is empty; loaded the first whose text is the value in any case, an empty text standing for every
+/// value.
+struct Choice {
+    std::string_view text = {};
+    std::string_view control = {};
+    int state = kOn;
+};
+
+/// A tag of an item line with the control that holds its value, or the choices that do.
+struct TagRow {
+    /// With its "(".
+    std::string_view tag = {};
+    std::string_view control = {};
+    std::span<const Choice> choices = {};
+};
+
+/// An item line, written as its heads joined by ", ", then each tag that is not empty.
+struct ItemShape {
+    Names heads = {};
+    std::span<const TagRow> written = {};
+    /// The tags that the loader knows; not always those that are written.
+    std::span<const TagRow> loaded = {};
+    /// Takes what is left in front of the tags.
+    std::string_view nameField = {};
+    /// Takes what stands behind the last comma of that; empty for none.
+    std::string_view secondField = {};
+    /// Whether a line that is too long is broken.
+    bool isBroken = true;
+};
+
+/// A section into which a wizard writes: the first whose option is on, or that needs none.
+struct PlaceRow {
+    std::string_view option = {};
+    /// With its brackets.
+    std::string_view section = {};
+    /// The category combo; empty where the section has no subsections.
+    std::string_view combo = {};
+};
+
+/// A wizard in one piece: what its form shows, and what its line is made of.
+struct WizardTable {
+    std::string_view form = {};
+    std::string_view title = {};
+    /// Its place at first, in twips.
+    int top = 0;
+    int left = 0;
+    std::span<const FrameRow> frames = {};
+    /// In the order in which the focus goes through them.
+    std::span<const ControlRow> controls = {};
+    std::span<const Effect> effects = {};
+    std::span<const Rule> rules = {};
+    std::span<const PlaceRow> places = {};
+    ItemShape line = {};
+    /// Whether it closes in every mode, and not only where it had one line to make.
+    bool closesAfterDone = false;
+};
+
+}  // namespace klt
