@@ -1,6 +1,7 @@
 #include "lines/ItemLine.h"
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 #include "language/Ascii.h"
@@ -38,14 +39,14 @@ void replaceUnlessAll(std::string& line, std::string_view find, std::string_view
     if (!replaced.empty()) line = std::move(replaced);
 }
 
-/// In ascending order of their places.
+/// The last one first.
 std::vector<FoundTag> findTags(std::string_view line, std::span<const TagRow> rows) {
     std::vector<FoundTag> found;
     for (const TagRow& row : rows) {
         const auto place = findIgnoreCase(line, row.tag);
         if (place != line.npos) found.push_back({place, &row});
     }
-    std::ranges::sort(found, {}, &FoundTag::place);
+    std::ranges::sort(found, std::ranges::greater(), &FoundTag::place);
     return found;
 }
 
@@ -82,11 +83,10 @@ void loadItem(const ItemShape& shape, std::string_view item, WizardState& state)
     replaceUnlessAll(normal, "\t", " ");
     replaceUnlessAll(normal, "  ", " ");
 
-    const auto tags = findTags(normal, shape.loaded);
     std::string_view line = normal;
-    for (auto tag = tags.rbegin(); tag != tags.rend(); ++tag) {
-        setValue(*tag->row, valueBehind(line, tag->place), state);
-        line = line.substr(0, twoBefore(normal, tag->place));
+    for (const FoundTag& tag : findTags(normal, shape.loaded)) {
+        setValue(*tag.row, valueBehind(line, tag.place), state);
+        line = line.substr(0, twoBefore(normal, tag.place));
     }
     if (!shape.secondField.empty()) {
         const auto comma = line.rfind(',');

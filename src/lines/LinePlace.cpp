@@ -22,7 +22,7 @@ bool endsInLineEnd(const TextArea& document) {
 /// line under it.
 void makeSubSection(TextArea& document, std::string_view subsection, const CategoryList& categories,
                     TextRange section, bool isSectionNew) {
-    const auto next = static_cast<size_t>(categories.index + 1);
+    const auto next = static_cast<size_t>(Position{categories.index} + 1);
     if (next == categories.list.size()) {
         document.SetSelStart(section.end);
     } else {

@@ -85,7 +85,7 @@ std::unique_ptr<LineTarget> Wizard::target() const {
 }
 
 std::string Wizard::finishedText(const LineBreakLimits& limits) const {
-    const auto whole = text() + opening_.item.comment;
+    auto whole = text() + opening_.item.comment;
     if (!table_.line.isBroken || opening_.mode == OpeningMode::Package) return whole;
     const PlaceRow* const row = place();
     return BreakLongLine(whole, row == nullptr ? Section::Other : sectionOf(row->section), limits);
