@@ -11,7 +11,7 @@ namespace klt {
 
 Wizard::Wizard(const WizardTable& table, Opening opening)
     : state(table), table_(table), opening_(std::move(opening)) {
-    applyEffects(kAtLoad, kAnyState);
+    applyEffects(kAtLoad);
 }
 
 void Wizard::fillCombos(std::string_view document) {
@@ -37,7 +37,7 @@ void Wizard::click(std::string_view control, int newState) {
     applyEffects(control, newState);
 }
 
-void Wizard::applyEffects(std::string_view of, int newState) {
+void Wizard::applyEffects(Names of, int newState) {
     for (const Effect& effect : table_.effects) {
         const bool isMeant = holdsName(effect.of, of) &&
                              (effect.state == kAnyState || effect.state == newState) &&
@@ -54,7 +54,11 @@ const PlaceRow* Wizard::place() const {
 }
 
 std::optional<Complaint> Wizard::check() const {
-    for (const Rule& rule : table_.rules) {
+    return firstFailing(table_.rules);
+}
+
+std::optional<Complaint> Wizard::firstFailing(std::span<const Rule> rules) const {
+    for (const Rule& rule : rules) {
         if (!isCalledFor(rule.modes) || !state.holds(rule.when)) continue;
         const bool isGroup = rule.control.find(' ') != rule.control.npos;
         const bool isMet = anyName(rule.control, [&](std::string_view name) {
@@ -95,7 +99,7 @@ DoneResult Wizard::finish(const LineBreakLimits& limits) {
     if (const auto complaint = check()) return {DoneResult::Kind::Refused, *complaint};
     if (!target()->write({finishedText(limits)})) return {DoneResult::Kind::Refused, {kTextHasChanged}};
     if (table_.closesAfterDone || opening_.mode != OpeningMode::Insert) return {DoneResult::Kind::Closes};
-    applyEffects(kAfterDone, kAnyState);
+    applyEffects(kAfterDone);
     return {DoneResult::Kind::StaysOpen};
 }
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -83,10 +84,14 @@ public:
     DoneResult finish(const LineBreakLimits& limits);
 
 protected:
+    /// Where the line is written in each mode.
     virtual std::unique_ptr<LineTarget> target() const;
+    /// The first of the rules that fails.
+    std::optional<Complaint> firstFailing(std::span<const Rule> rules) const;
+    /// Does all that follows from a click on `of` that brought it to `newState`, or from an occasion.
+    void applyEffects(Names of, int newState = kAnyState);
 
 private:
-    void applyEffects(std::string_view of, int newState);
     bool isCalledFor(Modes modes) const { return (modes & static_cast<Modes>(opening_.mode)) != 0; }
     std::string finishedText(const LineBreakLimits& limits) const;
 

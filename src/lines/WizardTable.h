@@ -190,13 +190,11 @@ struct PlaceRow {
     std::string_view combo = {};
 };
 
-/// A wizard in one piece: what its form shows, and what its line is made of.
+/// A wizard in one piece: what its form shows, and what its line is made of. Where its form opens stands
+/// under the form's name in the catalogue of settings.
 struct WizardTable {
     std::string_view form = {};
     std::string_view title = {};
-    /// Its place at first, in twips.
-    int top = 0;
-    int left = 0;
     std::span<const FrameRow> frames = {};
     /// In the order in which the focus goes through them.
     std::span<const ControlRow> controls = {};
