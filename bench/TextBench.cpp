@@ -6,6 +6,8 @@
 
 #include "Application.h"
 #include "SampleText.h"
+#include "lines/AdvantageLine.h"
+#include "lines/Wizard.h"
 #include "platform/TextSearch.h"
 #include "ui/RichTextBox.h"
 
@@ -78,6 +80,36 @@ void RewriteRuns(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * 100'000);
 }
 BENCHMARK(RewriteRuns)->Arg(50)->Unit(benchmark::kMillisecond);
+
+void EditAndWriteLine(benchmark::State& state) {
+    needApplication();
+    RichTextBox box;
+    box.SetText(textOf(state));
+    const Position place = box.LineIndex(box.LineCount() / 2);
+    for ([[maybe_unused]] auto _ : state) {
+        box.SetSelStart(place);
+        EditLine(box);
+        const auto item = LoadSingleLine(box, place);
+        ReplacedLine([&box] { return &box; }, item).write({item.oldText});
+    }
+}
+BENCHMARK(EditAndWriteLine)->Arg(50)->Unit(benchmark::kMillisecond);
+
+void WriteNewLine(benchmark::State& state) {
+    needApplication();
+    RichTextBox box;
+    box.SetText(textOf(state));
+    Wizard wizard(kAdWizard, {.target = [&box] { return &box; }});
+    // The section is not there before the first round, and at the end of the text ever after.
+    wizard.click("optQuirkType", kOn);
+    wizard.state.setText("cmbQuirkCat", "Habits");
+    for ([[maybe_unused]] auto _ : state) {
+        wizard.state.setText("rtbItemName", "Hums While Rowing");
+        if (wizard.finish({}).kind != DoneResult::Kind::StaysOpen)
+            return state.SkipWithError("the line was not written");
+    }
+}
+BENCHMARK(WriteNewLine)->Arg(50)->Unit(benchmark::kMillisecond);
 
 void FindNothing(benchmark::State& state, const char* find, bool matchCase) {
     const std::string text = textOf(state);

@@ -22,7 +22,8 @@ void editLine(MemoryTextArea& document, LineBreakLimits limits) {
     const auto item = LoadSingleLine(document, found.EditLineStart);
     Wizard wizard(kAdWizard, {OpeningMode::Edit, [&document] { return &document; }, item});
     wizard.fillCombos(before);
-    wizard.edit(*found.section, subsection);
+    wizard.SelectSubsection(*found.section, subsection);
+    wizard.load();
     if (wizard.finish(limits).kind != DoneResult::Kind::Closes) {
         fuzz::require(document.Text() == before, "a refusal changes nothing");
         return;

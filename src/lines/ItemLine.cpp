@@ -78,7 +78,7 @@ std::string itemText(const ItemShape& shape, const WizardState& state) {
     return line;
 }
 
-void loadItem(const ItemShape& shape, std::string_view item, WizardState& state) {
+void LoadLineIntoWizard(const ItemShape& shape, std::string_view item, WizardState& state) {
     std::string normal(item);
     replaceUnlessAll(normal, "\t", " ");
     replaceUnlessAll(normal, "  ", " ");

@@ -14,6 +14,6 @@ std::string itemText(const ItemShape& shape, const WizardState& state);
 /// fields stay. Nothing is refused: what is not recognised stays in the name field or in the tag in front of
 /// it. The tags are searched without regard to quotes, nesting and word borders, a value is cut one character
 /// in front of the line's end, and a tag two characters in front of its start.
-void loadItem(const ItemShape& shape, std::string_view line, WizardState& state);
+void LoadLineIntoWizard(const ItemShape& shape, std::string_view line, WizardState& state);
 
 }  // namespace klt

@@ -23,11 +23,10 @@ bool endsInLineEnd(const TextArea& document) {
 void makeSubSection(TextArea& document, std::string_view subsection, const CategoryList& categories,
                     TextRange section, bool isSectionNew) {
     const auto next = static_cast<size_t>(Position{categories.index} + 1);
-    if (next == categories.list.size()) {
-        document.SetSelStart(section.end);
-    } else {
-        document.Find('<' + categories.list[next] + '>', section.start, section.end);
-    }
+    const bool isFollowed =
+        next < categories.list.size() &&
+        document.Find('<' + categories.list[next] + '>', section.start, section.end) != kNotFound;
+    if (!isFollowed) document.SetSelStart(section.end);
     // Back over the line end in front; a text may end without one.
     const bool isBehindLine = document.SelStart() == document.Length() && !endsInLineEnd(document);
     if (!isSectionNew && !isBehindLine) document.SetSelStart(document.SelStart() - kLineEndLength);

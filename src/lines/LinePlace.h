@@ -22,7 +22,8 @@ struct CategoryList {
 
 /// Leaves the caret on an empty line for a new item: right under the subsection (its header as it is written,
 /// `<` and `>` included), so that the newest comes first. Section and subsection are made where they are
-/// missing, the subsection in front of the one that follows it in the list. The searches are for the texts
+/// missing, the subsection in front of the one that follows it in the list, or else at the section's end. The
+/// searches are for the texts
 /// alone: any `[` ends the section, and a subsection is found inside an item too.
 void GoToSubSection(TextArea& document, std::string_view section, std::string_view subsection,
                     const CategoryList& categories);

@@ -20,16 +20,14 @@ void Wizard::fillCombos(std::string_view document) {
     }
 }
 
-void Wizard::edit(const EditSection& section, std::string_view subsection) {
+void Wizard::SelectSubsection(const EditSection& section, std::string_view subsection) {
     if (!section.option.empty()) click(section.option, kOn);
-    if (!section.list.empty()) {
-        const auto& list = state.control(section.list).list;
-        const auto last = std::find_if(list.rbegin(), list.rend(), [subsection](const std::string& each) {
-            return equalIgnoringCase(each, subsection);
-        });
-        if (last != list.rend()) state.setState(section.list, static_cast<int>(list.rend() - last) - 1);
-    }
-    load(opening_.item.line);
+    if (section.list.empty()) return;
+    const auto& list = state.control(section.list).list;
+    const auto last = std::find_if(list.rbegin(), list.rend(), [subsection](const std::string& each) {
+        return equalIgnoringCase(each, subsection);
+    });
+    if (last != list.rend()) state.setState(section.list, static_cast<int>(list.rend() - last) - 1);
 }
 
 void Wizard::click(std::string_view control, int newState) {
@@ -75,7 +73,7 @@ std::string Wizard::text() const {
 }
 
 void Wizard::load(std::string_view line) {
-    loadItem(table_.line, line, state);
+    LoadLineIntoWizard(table_.line, line, state);
 }
 
 std::unique_ptr<LineTarget> Wizard::target() const {

@@ -61,9 +61,9 @@ public:
 
     /// Fills each category combo from its section of the document's text.
     void fillCombos(std::string_view document);
-    /// Shows the item that is edited: the type of its section, its subsection if the list has it (the last
-    /// equal one, in any case), its fields.
-    void edit(const EditSection& section, std::string_view subsection);
+    /// Chooses what an item of that section is: its type, and its subsection where the list has it (the last
+    /// equal one, in any case).
+    void SelectSubsection(const EditSection& section, std::string_view subsection);
 
     /// A click that turns an option or check on or off, or chooses a combo's item: sets it, then does
     /// whatever follows from it.
@@ -78,6 +78,8 @@ public:
     virtual std::string text() const;
     /// Fills the fields from a line. Any text is taken.
     virtual void load(std::string_view line);
+    /// The same from the item that is edited.
+    void load() { load(opening_.item.line); }
 
     /// "&Done!": checks, breaks the line, writes it to where it belongs and, if the wizard stays open,
     /// empties the fields. A refusal changes nothing.

@@ -131,7 +131,8 @@ TEST(AdvantageLine, LosesNothingWhereTheItemIsGone) {
     auto start = opening(OpeningMode::Edit, document);
     start.item = LoadSingleLine(document, 7);
     Wizard wizard(kAdWizard, start);
-    wizard.edit(*editSection("ADS"), "");
+    wizard.SelectSubsection(*editSection("ADS"), "");
+    wizard.load();
     document.SetText("[Ads]\r\nM, 5");
     EXPECT_EQ(wizard.finish(kUnbroken), refused(kTextHasChanged));
     EXPECT_EQ(document.Text(), "[Ads]\r\nM, 5");

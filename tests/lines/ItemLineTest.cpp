@@ -62,7 +62,7 @@ TEST(ItemLine, LoadsByItsTags) {
     for (const auto& row : rows) {
         WizardState state(kTable);
         for (const char* name : {"Cost", "Notes", "Cat"}) state.setText(name, "old");
-        loadItem(kShape, row.line, state);
+        LoadLineIntoWizard(kShape, row.line, state);
         EXPECT_EQ(state.text("Name"), row.head) << row.name;
         EXPECT_EQ(state.text("Cost"), row.cost) << row.name;
         EXPECT_EQ(state.text("Notes"), row.notes) << row.name;
@@ -81,7 +81,7 @@ TEST(ItemLine, MapsChoicesBothWays) {
     };
     for (const auto& row : rows) {
         WizardState state(kTable);
-        loadItem(kShape, row.line, state);
+        LoadLineIntoWizard(kShape, row.line, state);
         EXPECT_EQ(itemText(kShape, state), row.written);
     }
 }

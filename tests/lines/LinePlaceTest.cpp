@@ -4,6 +4,7 @@
 
 #include "language/StyleCategory.h"
 #include "lines/Categories.h"
+#include "platform/TextOperations.h"
 #include "support/MemoryTextArea.h"
 
 using namespace klt;
@@ -33,68 +34,44 @@ TEST(FillCategories, TakesTheLinesThatAHeadingStarts) {
     for (const auto& row : rows) EXPECT_EQ(FillCategories(row.text, "[Ads]"), row.categories) << row.name;
 }
 
+/// A "/" is a line end; the "^" of the result is the caret.
 struct Placed {
     const char* name;
     std::string text;
     std::string subsection;
     Strings list;
     int index;
-    /// "^" where the caret is.
     std::string result;
 };
 
+std::string withLineEnds(std::string_view text) {
+    return FastReplace(text, "/", "\r\n");
+}
+
 TEST(GoToSubSection, LeavesTheCaretOnAnEmptyLine) {
     const Placed rows[] = {
-        {"newest first", "[Ads]\r\n<A>\r\nOld, 5\r\n", "<A>", {"A"}, 0, "[Ads]\r\n<A>\r\n^\r\nOld, 5\r\n"},
-        {"in any case", "[ADS]\r\n<a> \r\nOld, 5", "<A>", {"A"}, 0, "[ADS]\r\n<a> \r\n^\r\nOld, 5"},
-        {"no section", "x\r\n", "<A>", {"A"}, 0, "x\r\n[Ads]\r\n\r\n\r\n<A>\r\n^\r\n"},
-        {"glued to no comment", "* x", "<A>", {"A"}, 0, "* x\r\n[Ads]\r\n\r\n\r\n<A>\r\n^\r\n"},
-        {"no text", "", "<A>", {"A"}, 0, "[Ads]\r\n\r\n\r\n<A>\r\n^\r\n"},
-        {"between two",
-         "[Ads]\r\n<A>\r\nI, 1\r\n<C>\r\nJ, 2\r\n",
-         "<B>",
-         {"A", "B", "C"},
-         1,
-         "[Ads]\r\n<A>\r\nI, 1\r\n<B>\r\n^\r\n\r\n<C>\r\nJ, 2\r\n"},
-        {"in front of one that is set in",
-         "[Ads]\r\nI, 1\r\n <C>\r\n",
-         "<B>",
-         {"B", "C"},
-         0,
-         "[Ads]\r\nI, 1\r\n<B>\r\n^\r\n\r\n <C>\r\n"},
-        {"last in the section",
-         "[Ads]\r\n<A>\r\nI, 1\r\n\r\n[Disads]\r\n",
-         "<B>",
-         {"A", "B"},
-         1,
-         "[Ads]\r\n<A>\r\nI, 1\r\n\r\n<B>\r\n^\r\n\r\n[Disads]\r\n"},
-        {"last in the text", "[Ads]\r\nI, 1\r\n", "<B>", {"B"}, 0, "[Ads]\r\nI, 1\r\n<B>\r\n^\r\n\r\n"},
-        {"no line end there", "[Ads]\r\nI, 1", "<B>", {"B"}, 0, "[Ads]\r\nI, 1\r\n<B>\r\n^\r\n"},
-        {"the next one is missing: in front of the section's end",
-         "[Ads]\r\nI, 1\r\n[Disads]",
-         "<A>",
-         {"A", "X"},
-         0,
-         "[Ads]\r\nI, 1\r\n<A>\r\n^\r\n\r\n[Disads]"},
-        {"any [ ends the section",
-         "[Ads]\r\nItem[x], 1\r\n<A>\r\n",
-         "<A>",
-         {"A"},
-         0,
-         "[Ads]\r\nIt\r\n<A>\r\n^\r\nem[x], 1\r\n<A>\r\n"},
-        {"found in an item too",
-         "[Ads]\r\nI, 1, needs(<A>)\r\n<A>\r\n",
-         "<A>",
-         {"A"},
-         0,
-         "[Ads]\r\nI, 1, needs(<A>)\r\n^\r\n<A>\r\n"},
+        {"newest first", "[S]/<A>/Old, 5/", "<A>", {"A"}, 0, "[S]/<A>/^/Old, 5/"},
+        {"in any case", "[s]/<a> /Old, 5", "<A>", {"A"}, 0, "[s]/<a> /^/Old, 5"},
+        {"no section", "x/", "<A>", {"A"}, 0, "x/[S]///<A>/^/"},
+        {"glued to no comment", "* x", "<A>", {"A"}, 0, "* x/[S]///<A>/^/"},
+        {"no text", "", "<A>", {"A"}, 0, "[S]///<A>/^/"},
+        {"between two", "[S]/<A>/I, 1/<C>/J, 2/", "<B>", {"A", "B", "C"}, 1, "[S]/<A>/I, 1/<B>/^//<C>/J, 2/"},
+        {"in front of one that is set in", "[S]/I, 1/ <C>/", "<B>", {"B", "C"}, 0, "[S]/I, 1/<B>/^// <C>/"},
+        {"last in the section", "[S]/<A>/I, 1//[T]/", "<B>", {"A", "B"}, 1, "[S]/<A>/I, 1//<B>/^//[T]/"},
+        {"last in the text", "[S]/I, 1/", "<B>", {"B"}, 0, "[S]/I, 1/<B>/^//"},
+        {"no line end there", "[S]/I, 1", "<B>", {"B"}, 0, "[S]/I, 1/<B>/^/"},
+        {"the next one is missing", "[S]/I, 1/[T]", "<A>", {"A", "X"}, 0, "[S]/I, 1/<A>/^//[T]"},
+        {"missing in the last section too", "[S]/I, 1/", "<A>", {"A", "X"}, 0, "[S]/I, 1/<A>/^//"},
+        {"any [ ends the section", "[S]/Item[x], 1/<A>/", "<A>", {"A"}, 0, "[S]/It/<A>/^/em[x], 1/<A>/"},
+        {"found in an item too", "[S]/I, 1, needs(<A>)/<A>/", "<A>", {"A"}, 0, "[S]/I, 1, needs(<A>)/^/<A>/"},
     };
     for (const auto& row : rows) {
-        MemoryTextArea document(row.text);
-        GoToSubSection(document, "[Ads]", row.subsection, {row.list, row.index});
+        MemoryTextArea document(withLineEnds(row.text));
+        GoToSubSection(document, "[S]", row.subsection, {row.list, row.index});
         auto text = std::string(document.Text());
         EXPECT_EQ(document.SelLength(), 0) << row.name;
-        EXPECT_EQ(text.insert(static_cast<size_t>(document.SelStart()), "^"), row.result) << row.name;
+        EXPECT_EQ(text.insert(static_cast<size_t>(document.SelStart()), "^"), withLineEnds(row.result))
+            << row.name;
     }
 }
 

@@ -38,7 +38,8 @@ std::unique_ptr<Wizard> edited(MemoryTextArea& document, Position place) {
         std::make_unique<Wizard>(kAdWizard, Opening{OpeningMode::Edit, [&document] { return &document; },
                                                     LoadSingleLine(document, found.EditLineStart)});
     wizard->fillCombos(document.Text());
-    wizard->edit(*found.section, subsection);
+    wizard->SelectSubsection(*found.section, subsection);
+    wizard->load();
     return wizard;
 }
 
