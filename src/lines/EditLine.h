@@ -23,9 +23,11 @@ struct EditLineResult {
     Position EditLineStart = 0;
 };
 
+/// Told with the information icon.
 inline constexpr std::string_view kAuthorNotEdited =
     "Sorry, the Author section may not be edited in this manner. Add comment lines and type whatever you "
     "like in this section.";
+/// Told with the exclamation icon.
 inline constexpr std::string_view kHeadNotEdited =
     "This section CANNOT be edited!!! If you change anything, TVM won't recognize the data file as being "
     "from "

@@ -4,7 +4,7 @@
 
 namespace klt {
 
-/// The box that tells it has the information icon.
+/// Told with the information icon.
 inline constexpr std::string_view kNoMoreNesting = "Cannot nest any more @Functions!";
 
 /// One call of an @function, put behind what a field holds. An argument may be made by another one.

@@ -17,7 +17,7 @@ namespace klt {
 struct Opening {
     OpeningMode mode = OpeningMode::Insert;
     /// The document, the caller's line box or the field to be written into.
-    AreaLookup target;
+    AreaLookup target = {};
     /// What is edited.
     EditedItem item = {};
 };

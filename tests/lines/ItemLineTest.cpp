@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "lines/ControlRows.h"
+#include "lines/Wizard.h"
 
 using namespace klt;
 
@@ -34,7 +35,20 @@ constexpr TagRow kLoaded[] = {{"notes(", "Notes"},
                               {"round(", {}, kRound}};
 constexpr ItemShape kShape = {
     .heads = "Name Cost", .written = kWritten, .loaded = kLoaded, .nameField = "Name", .secondField = "Cost"};
-constexpr WizardTable kTable = {.form = "frm", .controls = kControls, .line = kShape};
+constexpr FrameRow kFrames[] = {{"f", "Notes"}};
+constexpr Effect kEffects[] = {{"Kind", kAnyState, Act::SetCaption, "f", "Notes"},
+                               {"Kind", 1, Act::SetCaption, "f", "Notes (Required)"},
+                               {"Shown", kOff, Act::HideFrame, "f"},
+                               {"Shown", kOn, Act::ShowFrame, "f"}};
+constexpr Rule kRules[] = {{"Notes", "No notes!", kEveryMode, isCaption("f", "Notes (Required)")},
+                           {"Cat", kInvalidEntry, kEdit, isFrameShown("f")},
+                           {"RoundUp RoundNo", "No rounding!", kEveryMode, {}, "RoundNo"}};
+constexpr WizardTable kTable = {.form = "frm",
+                                .frames = kFrames,
+                                .controls = kControls,
+                                .effects = kEffects,
+                                .rules = kRules,
+                                .line = kShape};
 
 TEST(ItemLine, LoadsByItsTags) {
     const struct {
@@ -84,6 +98,20 @@ TEST(ItemLine, MapsChoicesBothWays) {
         LoadLineIntoWizard(kShape, row.line, state);
         EXPECT_EQ(itemText(kShape, state), row.written);
     }
+}
+
+TEST(Wizard, AsksItsConditions) {
+    Wizard wizard(kTable, {.mode = OpeningMode::Edit});
+    wizard.click("Kind", 1);
+    EXPECT_EQ(wizard.check(), (Complaint{"No notes!", "Notes"}));
+    wizard.click("Kind", 0);
+    EXPECT_EQ(wizard.check(), (Complaint{kInvalidEntry, "Cat"}));
+    wizard.click("Shown", kOff);
+    EXPECT_EQ(wizard.check(), (Complaint{"No rounding!", "RoundNo"}));
+    wizard.click("RoundNo", kOn);
+    EXPECT_EQ(wizard.check(), std::nullopt);
+    wizard.click("Shown", kOn);
+    EXPECT_EQ(wizard.check(), (Complaint{kInvalidEntry, "Cat"}));
 }
 
 }  // namespace

@@ -100,7 +100,7 @@ TEST(RoundTrip, WhatDoesNotComeBack) {
          {"N", "5", "", "", "", "a", "", "", "c) d"}},
         {"blanks around the cost go", {"N", " 5 "}, {"N", "5"}},
         {"a comma in the cost parts it", {"N", "5, 6"}, {"N, 5", "6"}},
-        {"a comment between the tags is put behind them", {"N // a", "5"}, {"N", ""}},
+        {"what stands behind a // is a comment", {"N // a", "5"}, {"N", ""}},
     };
     for (const auto& row : rows) {
         auto in = row.in, out = row.out;
