@@ -4,9 +4,9 @@
 #include <QMimeData>
 #include <QStatusBar>
 
-#include "app/WindowPlace.h"
 #include "support/Drop.h"
 #include "support/EditorFixture.h"
+#include "ui/FormPlace.h"
 
 using namespace klt;
 

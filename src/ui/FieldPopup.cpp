@@ -1,0 +1,158 @@
+#include "ui/FieldPopup.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QWhatsThis>
+#include <array>
+#include <functional>
+
+#include "ui/RichTextBox.h"
+
+namespace klt {
+namespace {
+
+constexpr char kPopup[] = "SingleItemRTFPopup";
+
+/// What the popup asks of a field, and does to it.
+struct Face {
+    QWidget* widget;
+    bool canUndo;
+    bool hasSelection;
+    std::function<void()> undo, cut, copy, paste, remove, selectAll;
+};
+
+Face faceOf(RichTextBox& box) {
+    return {&box,
+            box.CanUndo(),
+            box.SelLength() > 0,
+            [&box] { box.Undo(); },
+            [&box] { box.Cut(); },
+            [&box] { box.Copy(); },
+            [&box] { box.Paste(); },
+            [&box] { box.Delete(); },
+            [&box] { box.Select(0, box.Length()); }};
+}
+
+Face faceOf(QLineEdit& edit) {
+    return {&edit,
+            edit.isUndoAvailable(),
+            edit.hasSelectedText(),
+            [&edit] { edit.undo(); },
+            [&edit] { edit.cut(); },
+            [&edit] { edit.copy(); },
+            [&edit] { edit.paste(); },
+            [&edit] { edit.del(); },
+            [&edit] { edit.selectAll(); }};
+}
+
+bool always(const Face&) {
+    return true;
+}
+bool hasSelection(const Face& face) {
+    return face.hasSelection;
+}
+bool canPaste(const Face&) {
+    const auto* data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr && data->hasText();
+}
+
+QString helpOn(const QWidget* widget) {
+    while (widget != nullptr && widget->whatsThis().isEmpty()) widget = widget->parentWidget();
+    return widget == nullptr ? QString() : widget->whatsThis();
+}
+
+/// One without a caption is a separator.
+struct Row {
+    const char* key = "";
+    const char* caption = "";
+    const char* keys = "";
+    bool (*isEnabled)(const Face&) = always;
+    std::function<void()> Face::*run = nullptr;
+};
+
+constexpr std::array kRows = {
+    Row{"E1", "&Undo", "Ctrl+Z", [](const Face& face) { return face.canUndo; }, &Face::undo},
+    Row{},
+    Row{"E2", "&Cut", "Ctrl+X", hasSelection, &Face::cut},
+    Row{"E3", "C&opy", "Ctrl+C", hasSelection, &Face::copy},
+    Row{"E4", "&Paste", "Ctrl+V", canPaste, &Face::paste},
+    Row{"E5", "&Delete", "Del", always, &Face::remove},
+    Row{},
+    Row{"E7", "&Select All", "Ctrl+A", always, &Face::selectAll},
+    Row{},
+};
+
+QAction& addItem(QMenu& menu, const char* key, const char* caption, const char* keys) {
+    // The keys are told only: they act in the field itself.
+    QAction& item = *menu.addAction(QString(caption) + '\t' + keys);
+    item.setObjectName(QString(kPopup) + '.' + key);
+    return item;
+}
+
+void ShowFieldPopup(const Face& face, QPoint global) {
+    auto* menu = new QMenu(face.widget);
+    menu->setObjectName(kPopup);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const Row& row : kRows) {
+        if (row.run == nullptr) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction& item = addItem(*menu, row.key, row.caption, row.keys);
+        item.setEnabled(row.isEnabled(face));
+        QObject::connect(&item, &QAction::triggered, face.widget, face.*row.run);
+    }
+    const QString text = helpOn(face.widget);
+    QAction& help = addItem(*menu, "H1", "&Help", "F1");
+    help.setEnabled(!text.isEmpty());
+    QObject::connect(&help, &QAction::triggered, face.widget,
+                     [widget = face.widget, text, global] { QWhatsThis::showText(global, text, widget); });
+    menu->popup(global);
+}
+
+/// Stands between a combo and its own popup.
+class ComboPopup : public QObject {
+public:
+    explicit ComboPopup(QComboBox& combo) : QObject(&combo), edit_(*combo.lineEdit()) {
+        // The keys reach the combo, the mouse its line.
+        combo.installEventFilter(this);
+        edit_.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::ContextMenu) {
+            const auto& wish = static_cast<QContextMenuEvent&>(*event);
+            // The right button's popup comes with its release.
+            if (wish.reason() != QContextMenuEvent::Mouse) ShowFieldPopup(faceOf(edit_), wish.globalPos());
+            return true;
+        }
+        if (receiver == &edit_ && event->type() == QEvent::MouseButtonRelease) {
+            const auto& release = static_cast<QMouseEvent&>(*event);
+            if (release.button() == Qt::RightButton)
+                ShowFieldPopup(faceOf(edit_), release.globalPosition().toPoint());
+        }
+        return false;
+    }
+
+private:
+    QLineEdit& edit_;
+};
+
+}  // namespace
+
+void addFieldPopup(RichTextBox& field) {
+    QObject::connect(&field, &RichTextBox::popupWanted, &field,
+                     [&field](QPoint global) { ShowFieldPopup(faceOf(field), global); });
+}
+
+void addFieldPopup(QComboBox& combo) {
+    new ComboPopup(combo);
+}
+
+}  // namespace klt
