@@ -10,6 +10,7 @@
 #include "app/EditCommands.h"
 #include "app/Editor.h"
 #include "app/WindowCommands.h"
+#include "app/WizardCommands.h"
 #include "app/frmKLTEditor.h"
 
 namespace klt {
@@ -56,7 +57,9 @@ constexpr auto kCommands = std::to_array<Command>({
     {"E3", [](Editor& editor) { copy(editor.mainWindow()); }},
     {"E4", onActiveControl<&RichTextBox::Paste>},
     {"E5", onActiveControl<&RichTextBox::Delete>},
+    {"E6", EditLine},
     {"E7", onActiveControl<selectAll>},
+    {"I1", [](Editor& editor) { openWizard(editor, "frmAdWizard"); }},
     {"I10", onText<insertCommentLine>},
     {"I11", onText<insertComment>},
     {"mnuTTDefault", [](Editor& editor) { toggleBand(editor.mainWindow(), "A1"); }},

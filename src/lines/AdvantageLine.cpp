@@ -78,14 +78,14 @@ constexpr std::array kEffects = {
 };
 
 constexpr std::array kRules = {
-    Rule{"rtbItemName"},
-    Rule{"rtbItemCost"},
-    Rule{kEveryType, "You MUST select an rtbItem Type!"},
+    CheckRule{"rtbItemName"},
+    CheckRule{"rtbItemCost"},
+    CheckRule{kEveryType, "You MUST select an rtbItem Type!"},
     // An item that is edited keeps its place: its category, hidden then, need not be known.
-    Rule{"cmbAdCat", kInvalidEntry, kInsert, stateIs("optAdType")},
-    Rule{"cmbDisadCat", kInvalidEntry, kInsert, stateIs("optDisadType")},
-    Rule{"cmbPoCat", kInvalidEntry, kInsert, stateIs("optPoType")},
-    Rule{"cmbQuirkCat", kInvalidEntry, kInsert, stateIs("optQuirkType")},
+    CheckRule{"cmbAdCat", kInvalidEntry, kInsert, stateIs("optAdType")},
+    CheckRule{"cmbDisadCat", kInvalidEntry, kInsert, stateIs("optDisadType")},
+    CheckRule{"cmbPoCat", kInvalidEntry, kInsert, stateIs("optPoType")},
+    CheckRule{"cmbQuirkCat", kInvalidEntry, kInsert, stateIs("optQuirkType")},
 };
 
 constexpr std::array kPlaces = {

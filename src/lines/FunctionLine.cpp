@@ -56,9 +56,9 @@ constexpr std::array kEffects = {
 };
 
 constexpr std::array kRules = {
-    Rule{"Text(0)"},
-    Rule{"Text(1)", kInvalidEntry, kEveryMode, isEnabled("Text(1)")},
-    Rule{"Text(2)", kInvalidEntry, kEveryMode, isEnabled("Text(2)")},
+    CheckRule{"Text(0)"},
+    CheckRule{"Text(1)", kInvalidEntry, kEveryMode, isEnabled("Text(1)")},
+    CheckRule{"Text(2)", kInvalidEntry, kEveryMode, isEnabled("Text(2)")},
 };
 
 constinit const WizardTable kFunctionsWizard = {

@@ -49,9 +49,9 @@ constexpr std::array kEffects = {
 };
 
 constexpr std::array kRules = {
-    Rule{"GivesValue"},
-    Rule{"GivesTarget"},
-    Rule{"MaximumGives", kInvalidEntry, kEveryMode, stateIs("Check2")},
+    CheckRule{"GivesValue"},
+    CheckRule{"GivesTarget"},
+    CheckRule{"MaximumGives", kInvalidEntry, kEveryMode, stateIs("Check2")},
 };
 
 constinit const WizardTable kGivesWizard = {

@@ -55,8 +55,8 @@ std::optional<Complaint> Wizard::check() const {
     return firstFailing(table_.rules);
 }
 
-std::optional<Complaint> Wizard::firstFailing(std::span<const Rule> rules) const {
-    for (const Rule& rule : rules) {
+std::optional<Complaint> Wizard::firstFailing(std::span<const CheckRule> rules) const {
+    for (const CheckRule& rule : rules) {
         if (!isCalledFor(rule.modes) || !state.holds(rule.when)) continue;
         const bool isGroup = rule.control.find(' ') != rule.control.npos;
         const bool isMet = anyName(rule.control, [&](std::string_view name) {

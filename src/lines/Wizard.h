@@ -89,7 +89,7 @@ protected:
     /// Where the line is written in each mode.
     virtual std::unique_ptr<LineTarget> target() const;
     /// The first of the rules that fails.
-    std::optional<Complaint> firstFailing(std::span<const Rule> rules) const;
+    std::optional<Complaint> firstFailing(std::span<const CheckRule> rules) const;
     /// Does all that follows from a click on `of` that brought it to `newState`, or from an occasion.
     void applyEffects(Names of, int newState = kAnyState);
 

@@ -140,7 +140,7 @@ inline constexpr std::string_view kInvalidEntry = "Invalid Entry!";
 
 /// One test of "&Done!": that a field holds text (a single blank does), or that one of several options is on.
 /// The first test that fails ends it.
-struct Rule {
+struct CheckRule {
     /// One field; or several options.
     Names control = {};
     std::string_view message = kInvalidEntry;
@@ -199,7 +199,7 @@ struct WizardTable {
     /// In the order in which the focus goes through them.
     std::span<const ControlRow> controls = {};
     std::span<const Effect> effects = {};
-    std::span<const Rule> rules = {};
+    std::span<const CheckRule> rules = {};
     std::span<const PlaceRow> places = {};
     ItemShape line = {};
     /// Whether it closes in every mode, and not only where it had one line to make.

@@ -72,13 +72,16 @@ void RichTextBox::applyFormats() {
     SendScintilla(SCI_STYLESETFONT, static_cast<unsigned long>(STYLE_DEFAULT),
                   font_.family.toUtf8().constData());
     send(SCI_STYLESETSIZEFRACTIONAL, STYLE_DEFAULT, font_.twips * SC_FONT_SIZE_MULTIPLIER / 20);
-    // A dark desktop must not make the text unreadable.
-    SendScintilla(SCI_STYLESETFORE, static_cast<unsigned long>(STYLE_DEFAULT), QColor(Qt::black));
-    SendScintilla(SCI_STYLESETBACK, static_cast<unsigned long>(STYLE_DEFAULT), QColor(Qt::white));
+    // A dark desktop must not make the text unreadable. What is disabled looks like a button.
+    const bool isLive = isEnabled();
+    const QColor ink = isLive ? QColor(Qt::black) : palette().color(QPalette::Active, QPalette::ButtonText);
+    const QColor paper = isLive ? QColor(Qt::white) : palette().color(QPalette::Active, QPalette::Button);
+    SendScintilla(SCI_STYLESETFORE, static_cast<unsigned long>(STYLE_DEFAULT), ink);
+    SendScintilla(SCI_STYLESETBACK, static_cast<unsigned long>(STYLE_DEFAULT), paper);
     send(SCI_STYLECLEARALL);
     for (size_t style = 0; style < formats_.size(); ++style) {
         const StyleFormat& format = formats_[style];
-        SendScintilla(SCI_STYLESETFORE, style, format.colour);
+        SendScintilla(SCI_STYLESETFORE, style, isLive ? format.colour : ink);
         send(SCI_STYLESETBOLD, static_cast<Position>(style), format.bold ? 1 : 0);
         send(SCI_STYLESETITALIC, static_cast<Position>(style), format.italic ? 1 : 0);
     }
@@ -101,7 +104,9 @@ void RichTextBox::fitHeight() {
 
 void RichTextBox::changeEvent(QEvent* event) {
     QsciScintillaBase::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) applyFormats();
+    const auto type = event->type();
+    if (type == QEvent::PaletteChange || type == QEvent::StyleChange || type == QEvent::EnabledChange)
+        applyFormats();
 }
 
 Position RichTextBox::send(unsigned message, Position first, Position second) const {

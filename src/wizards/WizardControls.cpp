@@ -180,15 +180,16 @@ WizardControls makeControls(QWidget& form, const WizardTable& table, WizardState
 }
 
 void showState(const WizardControls& controls, const WizardState& state) {
-    for (size_t i = 0; i < controls.frames.size(); ++i) {
-        const FrameState& frame = state.frames()[i];
-        controls.frames[i].box.setTitle(literally(frame.caption));
-        controls.frames[i].box.setVisible(frame.isVisible);
-    }
     for (size_t i = 0; i < controls.controls.size(); ++i) {
         const auto& control = controls.controls[i];
         const FrameState* frame = control.row.frame.empty() ? nullptr : &state.frame(control.row.frame);
         showControl(control, state.controls()[i], frame);
+    }
+    // A frame that appears is as large as what it shows by then.
+    for (size_t i = 0; i < controls.frames.size(); ++i) {
+        const FrameState& frame = state.frames()[i];
+        controls.frames[i].box.setTitle(literally(frame.caption));
+        controls.frames[i].box.setVisible(frame.isVisible);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <map>
 
 #include "wizards/WizardText.h"
@@ -88,6 +89,15 @@ QLayout* pageLayout(const WizardControls& controls, std::string_view tab) {
     return grid;
 }
 
+/// The fields of different frames begin at one place.
+void alignLabels(const WizardControls& controls) {
+    int width = 0;
+    for (const WizardControl& control : controls.controls)
+        if (control.before != nullptr) width = std::max(width, control.before->sizeHint().width());
+    for (const WizardControl& control : controls.controls)
+        if (control.before != nullptr) control.before->setMinimumWidth(width);
+}
+
 QTabWidget* makeTabs(QDialog& form, const WizardControls& controls) {
     QTabWidget* tabs = nullptr;
     std::string_view last;
@@ -117,6 +127,7 @@ void layOut(QDialog& form, const WizardControls& controls) {
     for (const WizardFrame& frame : controls.frames) layouts.try_emplace(frame.row.name, frame.box);
     for (const WizardControl& control : controls.controls)
         if (!control.row.frame.empty()) layouts.at(control.row.frame).add(control);
+    alignLabels(controls);
 
     auto* column = new QVBoxLayout(&form);
     column->addLayout(pageLayout(controls, {}));

@@ -40,9 +40,9 @@ constexpr Effect kEffects[] = {{"Kind", kAnyState, Act::SetCaption, "f", "Notes"
                                {"Kind", 1, Act::SetCaption, "f", "Notes (Required)"},
                                {"Shown", kOff, Act::HideFrame, "f"},
                                {"Shown", kOn, Act::ShowFrame, "f"}};
-constexpr Rule kRules[] = {{"Notes", "No notes!", kEveryMode, isCaption("f", "Notes (Required)")},
-                           {"Cat", kInvalidEntry, kEdit, isFrameShown("f")},
-                           {"RoundUp RoundNo", "No rounding!", kEveryMode, {}, "RoundNo"}};
+constexpr CheckRule kRules[] = {{"Notes", "No notes!", kEveryMode, isCaption("f", "Notes (Required)")},
+                                {"Cat", kInvalidEntry, kEdit, isFrameShown("f")},
+                                {"RoundUp RoundNo", "No rounding!", kEveryMode, {}, "RoundNo"}};
 constexpr WizardTable kTable = {.form = "frm",
                                 .frames = kFrames,
                                 .controls = kControls,

@@ -1,0 +1,250 @@
+// The Advantage wizard in the running program: from the menu to a line in the document, and back.
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "language/EditedLine.h"
+#include "support/EditorFixture.h"
+#include "wizards/WizardForm.h"
+
+using namespace klt;
+
+namespace {
+
+class AdWizardTest : public EditorFixture {
+protected:
+    /// Opens the wizard, by default for a new line, lets `work` press keys in it and leaves it.
+    void inWizard(const std::function<void()>& work, const char* command = "I1") {
+        answerNext<WizardForm>([&](WizardForm& form) {
+            form_ = &form;
+            activate(form);
+            work();
+            if (form.isVisible()) key(Qt::Key_Escape);
+            form_ = nullptr;
+        });
+        action(command)->trigger();
+    }
+    /// Offscreen nobody does it, and without it the focus tells nothing.
+    static void activate(QWidget& window) {
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.isActiveWindow(); }));
+    }
+    void key(Qt::Key which) { QTest::keyClick(form_->focusWidget(), which); }
+    /// Types into the fields one after another, from the one that has the focus; "" leaves a field as it is.
+    void tabThrough(const std::vector<const char*>& texts) {
+        for (const char* text : texts) {
+            if (text != texts.front()) key(Qt::Key_Tab);
+            QTest::keyClicks(form_->focusWidget(), text);
+        }
+    }
+    template <typename Widget>
+    Widget& the(const char* name) {
+        return *form_->findChild<Widget*>(name);
+    }
+    void choose(const char* option) { QTest::mouseClick(&the<QRadioButton>(option), Qt::LeftButton); }
+    void done() { QTest::mouseClick(&the<QPushButton>("cmdOK"), Qt::LeftButton); }
+    std::string text(const char* field) { return std::string(the<RichTextBox>(field).Text()); }
+
+    WizardForm* form_ = nullptr;
+};
+
+constexpr char kHead[] = "Version=2\r\n[ADS]\r\n<Alpha>\r\nOld, 1\r\n<Mental>\r\nOdd, 2\r\n[MODS]\r\n";
+
+TEST_F(AdWizardTest, WritesNewLinesWhereTheyBelong) {
+    open(file("a.klt", kHead));
+    inWizard([&] {
+        EXPECT_FALSE(the<QGroupBox>("fraCategory").isVisible());
+        tabThrough({"Sea Legs", "5/4"});
+        choose("optAdType");
+        EXPECT_EQ(form_->focusWidget()->objectName(), "optAdType");
+        tabThrough({"", "men", "+1 to sk:sailing(", "Limits", "IQ>=9", "a, b", "H1", "3", "Odd"});
+        EXPECT_EQ(text("rtbItemGives"), "+1 To SK:sailing()");
+        key(Qt::Key_Return);
+        EXPECT_TRUE(form_->isVisible());
+        EXPECT_EQ(text("rtbItemName") + text("rtbItemCost") + text("rtbItemGives"), "");
+        EXPECT_EQ(text("rtbItemCat"), "Odd") << "it serves the next item too";
+        EXPECT_EQ(the<QComboBox>("cmbAdCat").currentText(), "Mental");
+        EXPECT_EQ(form_->focusWidget()->objectName(), "rtbItemName");
+
+        the<RichTextBox>("rtbItemCat").SetText("");
+        tabThrough({"Above", "1"});
+        done();
+        tabThrough({"Between", "2", "", "Beta"});
+        done();
+        choose("optQuirkType");
+        EXPECT_FALSE(the<RichTextBox>("rtbItemCost").isEnabled());
+        EXPECT_FALSE(the<QComboBox>("cmbAdCat").isVisible());
+        QTest::keyClicks(&the<QComboBox>("cmbQuirkCat"), "Habits");
+        QTest::keyClicks(&the<RichTextBox>("rtbItemName"), "Hums");
+        done();
+        EXPECT_EQ(text("rtbItemCost"), "-1");
+    });
+    EXPECT_EQ(
+        textOf(active()),
+        "Version=2\r\n[ADS]\r\n<Alpha>\r\nOld, 1\r\n<Beta>\r\nBetween, 2\r\n\r\n<Mental>\r\nAbove, 1\r\n"
+        "Sea Legs, 5/4, gives(+1 To SK:sailing()), mods(Limits), needs(IQ>=9), notes(a,\r\n"
+        "\tb), page(H1), upto(3), cat(Odd)\r\nOdd, 2\r\n[MODS]\r\n[Quirks]\r\n\r\n\r\n<Habits>\r\nHums, "
+        "-1\r\n");
+    EXPECT_TRUE(active().Modified());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return active().RichTextBox1->hasFocus(); }));
+}
+
+TEST_F(AdWizardTest, EditsALineInItsPlace) {
+    RichTextBox& document = *open(file("a.klt", kHead)).RichTextBox1;
+    document.SetSelStart(document.Find("Odd", 0));
+    inWizard(
+        [&] {
+            EXPECT_FALSE(the<QGroupBox>("fraType").isVisible() || the<QGroupBox>("fraCategory").isVisible());
+            EXPECT_EQ(text("rtbItemName") + text("rtbItemCost"), "Odd2");
+            QTest::keyClicks(&the<RichTextBox>("rtbItemName"), "Very ");
+            key(Qt::Key_Escape);
+        },
+        "E6");
+    EXPECT_EQ(textOf(active()), kHead);
+    EXPECT_EQ(document.SelText(), "Odd, 2");
+    inWizard(
+        [&] {
+            QTest::keyClicks(&the<RichTextBox>("rtbItemName"), "Very ");
+            done();
+            EXPECT_FALSE(form_->isVisible());
+        },
+        "E6");
+    EXPECT_NE(textOf(active()).find("\r\n<Mental>\r\nVery Odd, 2\r\n[MODS]"), std::string::npos);
+    EXPECT_TRUE(panel(3).starts_with("Line 6 ")) << panel(3);
+    document.Undo();
+    EXPECT_EQ(textOf(active()), kHead) << "it is one step";
+}
+
+TEST_F(AdWizardTest, LeavesEveryItemOfAFileAsItIs) {
+    RichTextBox& document = *open(KLT_TEST_DATA "/golden/harbor.klt").RichTextBox1;
+    Position place = document.Find("[ADS]", 0);
+    int items = 0;
+    for (; document.Slice(place, place + 6) != "[BONUS"; ++place) {
+        const auto before = GetLogicalLine(document.Text(), place);
+        const auto next = place == before.range.start && before.text.size() > 2 ? before.text[0] : ' ';
+        if (std::string_view("[<* \t").find(next) == std::string_view::npos) {
+            ++items;
+            document.SetSelStart(place);
+            inWizard([&] { done(); }, "E6");
+        }
+        const auto after = GetLogicalLine(document.Text(), place);
+        EXPECT_EQ(joinItemLine(after.text), joinItemLine(before.text));
+        place = after.range.end - 1;
+    }
+    EXPECT_EQ(items, 30);
+}
+
+TEST_F(AdWizardTest, TellsWhatIsMissing) {
+    open(file("a.klt", kHead));
+    const struct {
+        std::function<void()> change;
+        const char* message;
+        const char* focus;
+    } steps[] = {
+        {[] {}, "Invalid Entry!", "rtbItemName"},
+        {[&] { tabThrough({"x"}); }, "Invalid Entry!", "rtbItemCost"},
+        {[&] { tabThrough({"1"}); }, "You MUST select an rtbItem Type!", "cmdOK"},
+        {[&] { choose("optPoType"); }, "Invalid Entry!", "cmbPoCat"},
+    };
+    inWizard([&] {
+        for (const auto& step : steps) {
+            step.change();
+            answerMessage(QMessageBox::Ok);
+            done();
+            EXPECT_EQ(asked.back(), step.message);
+            EXPECT_EQ(lastIcon, QMessageBox::Warning);
+            EXPECT_EQ(form_->focusWidget()->objectName().toStdString(), step.focus);
+        }
+    });
+    EXPECT_EQ(textOf(active()), kHead);
+}
+
+TEST_F(AdWizardTest, TellsWhereNoLineCanBeEdited) {
+    RichTextBox& document = *open(file("a.klt", "Version=2\n[Author]\n* x\n[MODS]\ny, 1\n")).RichTextBox1;
+    const struct {
+        const char* at;
+        const char* message;
+        QMessageBox::Icon icon;
+    } rows[] = {
+        {"Version", "This section CANNOT be edited!!!", QMessageBox::Warning},
+        {"* x", "Sorry, the Author section", QMessageBox::Information},
+        {"y, 1", "There is no wizard", QMessageBox::Information},
+    };
+    for (const auto& row : rows) {
+        document.SetSelStart(document.Find(row.at, 0));
+        activate(window());
+        answerMessage(QMessageBox::Ok);
+        QTest::keyClick(&document, Qt::Key_L, Qt::ControlModifier);
+        EXPECT_TRUE(asked.back().starts_with(row.message)) << asked.back();
+        EXPECT_EQ(lastIcon, row.icon);
+    }
+}
+
+TEST_F(AdWizardTest, CombosCompleteAndKeep) {
+    open(file("a.klt", kHead));
+    inWizard([&] {
+        choose("optAdType");
+        auto& combo = the<QComboBox>("cmbAdCat");
+        const auto& state = form_->wizard().state.control("cmbAdCat");
+        const auto pick = [&](const QString& typed) {
+            combo.setFocus();
+            combo.lineEdit()->selectAll();
+            QTest::keyClicks(&combo, typed);
+        };
+        pick("m");
+        EXPECT_EQ(combo.currentText() + '|' + combo.lineEdit()->selectedText(), "Mental|ental");
+        EXPECT_EQ(state.state, 1);
+        key(Qt::Key_Left);
+        EXPECT_FALSE(combo.lineEdit()->hasSelectedText()) << "it is not completed again";
+        pick("mx");
+        EXPECT_EQ(state.text, "Mx");
+        EXPECT_EQ(state.state, -1);
+        key(Qt::Key_Tab);
+        EXPECT_EQ(combo.itemText(2), "Mx");
+        EXPECT_EQ(state.state, 2);
+
+        SaveSetting(store, kSettingsApplication, "Options", "AutoComplete", "False");
+        pick("al");
+        EXPECT_EQ(state.text, "al");
+        key(Qt::Key_Tab);
+        EXPECT_EQ(state.text, "Alpha");
+        key(Qt::Key_Backtab);
+        key(Qt::Key_Down);
+        EXPECT_EQ(state.text + std::to_string(state.state), "Mental1");
+    });
+}
+
+TEST_F(AdWizardTest, FieldsAndCombosHaveThePopup) {
+    open(file("a.klt", kHead));
+    inWizard([&] {
+        choose("optAdType");
+        auto& box = the<RichTextBox>("rtbItemName");
+        QTest::keyClicks(&box, "abc");
+        box.Select(0, 1);
+        for (QWidget* widget :
+             {box.viewport(), static_cast<QWidget*>(the<QComboBox>("cmbAdCat").lineEdit())}) {
+            QTest::mouseClick(widget, Qt::RightButton, {}, QPoint(2, 2));
+            auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(popup, nullptr);
+            QString items;
+            for (const auto* item : popup->actions())
+                items += (item->isSeparator() ? "-" : item->objectName().section('.', 1)) + ' ';
+            EXPECT_EQ(items, "E1 - E2 E3 E4 E5 - E7 - H1 ");
+            QTest::keyClick(popup, Qt::Key_S);
+        }
+        EXPECT_EQ(box.SelText(), "abc");
+    });
+}
+
+TEST_F(AdWizardTest, OpensWhereItStood) {
+    open(file("a.klt", kHead));
+    inWizard([&] { form_->move(90, 60); });
+    EXPECT_EQ(setting("frmAdWizard", "Top") + ' ' + setting("frmAdWizard", "Left"), "900 1350");
+    inWizard([&] { EXPECT_EQ(form_->pos(), QPoint(90, 60)); });
+}
+
+}  // namespace
