@@ -119,6 +119,7 @@ void FindNothing(benchmark::State& state, const char* find, bool matchCase) {
 }
 BENCHMARK_CAPTURE(FindNothing, Word, "xylophone", false)->Arg(50)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(FindNothing, CommonLetters, "senate", false)->Arg(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FindNothing, LettersWithTwins, "kisiks", false)->Arg(50)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(FindNothing, Exact, "xylophone", true)->Arg(50)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(FindNothing, BeyondAscii, "\u00E4\u00F6", false)->Arg(50)->Unit(benchmark::kMillisecond);
 

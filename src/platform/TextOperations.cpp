@@ -1,5 +1,8 @@
 #include "platform/TextOperations.h"
 
+#include <algorithm>
+
+#include "platform/LargePages.h"
 #include "platform/TextSearch.h"
 
 namespace klt {
@@ -34,15 +37,26 @@ std::vector<std::string> SplitText(std::string_view text, std::string_view separ
 
 std::string FastReplace(std::string_view text, std::string_view find, std::string_view with, bool matchCase,
                         size_t* count) {
+    return FastReplace(text, {0, static_cast<Position>(text.size())}, find, with, matchCase, count);
+}
+
+std::string FastReplace(std::string_view text, TextRange part, std::string_view find, std::string_view with,
+                        bool matchCase, size_t* count) {
     const TextSearch search(find, matchCase);
+    const Position end = std::max<Position>(part.end, 0);
+    // Counted first: growing a long text step by step costs more than reading it twice.
+    size_t replacements = 0, replaced = 0;
+    search.each(text, part.start, end, [&](TextRange found) {
+        ++replacements;
+        replaced += static_cast<size_t>(found.end - found.start);
+    });
     std::string result;
-    result.reserve(text.size());
-    size_t done = 0, replacements = 0;
-    for (TextRange found; (found = search.next(text, static_cast<Position>(done))).start != kNotFound;) {
+    reserveLarge(result, text.size() - replaced + replacements * with.size());
+    size_t done = 0;
+    search.each(text, part.start, end, [&](TextRange found) {
         result.append(text, done, static_cast<size_t>(found.start) - done).append(with);
         done = static_cast<size_t>(found.end);
-        ++replacements;
-    }
+    });
     result.append(text, done);
     if (count != nullptr) *count = replacements;
     return result;

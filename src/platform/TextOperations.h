@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/TextArea.h"
+
 namespace klt {
 
 /// The text without the blanks around it and the double quotes that enclose it: `"a b" "c"` becomes `a b"
@@ -20,6 +22,9 @@ std::vector<std::string> SplitText(std::string_view text, std::string_view separ
 /// where given, takes the number of replacements.
 std::string FastReplace(std::string_view text, std::string_view find, std::string_view with,
                         bool matchCase = true, size_t* count = nullptr);
+/// The same with [start, end) of `text` alone, both clamped to it; what lies around stays in the result.
+std::string FastReplace(std::string_view text, TextRange part, std::string_view find, std::string_view with,
+                        bool matchCase, size_t* count = nullptr);
 
 /// The letters behind the last dot of the name, without the dot; empty where the name has none.
 std::string FileExtension(std::string_view path);

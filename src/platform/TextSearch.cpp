@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/BytePair.h"
 #include "platform/Unicode.h"
 
 namespace klt {
@@ -19,6 +20,12 @@ bool isLetter(char32_t code) {
     return (code | 0x20) >= 'a' && (code | 0x20) <= 'z';
 }
 
+/// How a folded ASCII character may be spelled in ASCII.
+ByteSpelling spellingOf(char32_t code, bool matchCase) {
+    const auto byte = static_cast<unsigned char>(code);
+    return !matchCase && isLetter(code) ? ByteSpelling{byte, 0x20} : ByteSpelling{byte, 0};
+}
+
 bool isOfWord(char32_t code) {
     if (code < 0x80) return isLetter(code) || (code >= '0' && code <= '9') || code == '_';
     const auto category = utf8proc_category(static_cast<utf8proc_int32_t>(code));
@@ -29,42 +36,23 @@ bool isInsideCharacter(std::string_view text, size_t place) {
     return place < text.size() && text[place] != '\n' && unitStart(text, place) != place;
 }
 
-/// The two bytes with which a folded ASCII character may be spelled.
-std::array<char, 2> spellings(char32_t code, bool matchCase) {
-    const auto byte = static_cast<char>(code);
-    return {byte, !matchCase && isLetter(code) ? static_cast<char>(byte & ~0x20) : byte};
-}
-
-/// The places of one or two bytes in a text, in ascending order. Reads the text once for each.
-class ByteScanner {
-public:
-    ByteScanner(std::string_view text, size_t from, std::array<char, 2> bytes)
-        : text_(text),
-          bytes_(bytes),
-          next_{find(0, from), bytes[0] == bytes[1] ? text.npos : find(1, from)} {}
-
-    /// The next place; npos at the end.
-    size_t take() {
-        const size_t which = next_[0] <= next_[1] ? 0 : 1;
-        const size_t place = next_[which];
-        if (place != text_.npos) next_[which] = find(which, place + 1);
-        return place;
-    }
-
-private:
-    size_t find(size_t which, size_t from) const { return text_.find(bytes_[which], from); }
-
-    std::string_view text_;
-    std::array<char, 2> bytes_;
-    std::array<size_t, 2> next_;
-};
-
 }  // namespace
 
+/// The characters, one or two neighbours, by whose bytes places to compare at are looked for.
+struct TextSearch::Anchor {
+    size_t at = 0;  // of the first one, in the text looked for
+    BytePair bytes;
+};
+
+/// What is searched, and how, so that going on from a match costs nothing anew.
 struct TextSearch::Area {
     std::string_view whole;
     std::string_view text;  // up to the end
-    size_t from;
+    size_t from = 0;
+    std::optional<Anchor> anchor;
+    // From `from` on up to here all is ASCII, where another anchor serves.
+    size_t asciiEnd = 0;
+    std::optional<Anchor> asciiAnchor;
 };
 
 TextSearch::TextSearch(std::string_view find, bool matchCase, bool wholeWord)
@@ -86,51 +74,98 @@ char32_t TextSearch::comparable(char32_t code) const {
     return matchCase_ ? code : foldCase(code);
 }
 
-TextRange TextSearch::next(std::string_view text, Position from, Position end) const {
+bool TextSearch::isSpelledInAscii(char32_t code) const {
+    return code < 0x80 && (matchCase_ || kSpelledBeyondAscii.find(code) == kSpelledBeyondAscii.npos);
+}
+
+TextSearch::Area TextSearch::areaOf(std::string_view text, Position from, Position end) const {
     const auto size = static_cast<Position>(text.size());
     auto start = static_cast<size_t>(std::clamp<Position>(from, 0, size));
     auto stop = static_cast<size_t>(end < 0 ? size : std::min(end, size));
     if (isInsideCharacter(text, start)) start = unitEnd(text, start);
     if (isInsideCharacter(text, stop)) stop = unitStart(text, stop);
-    if (find_.empty() || start >= stop) return kNowhere;
-    const Area area = {text, text.substr(0, stop), start};
-    const auto anchor = chooseAnchor(area);
-    return anchor ? byAnchor(area, *anchor) : byAutomaton(area);
+    Area area = {.whole = text,
+                 .text = text.substr(0, stop),
+                 .from = std::min(start, stop),
+                 .anchor = {},
+                 .asciiEnd = 0,
+                 .asciiAnchor = {}};
+    area.anchor = chooseAnchor(area, false);
+    if (area.anchor) return area;
+    area.asciiEnd = area.from + asciiLength(area.text, area.from);
+    area.asciiAnchor = chooseAnchor(area, true);
+    return area;
 }
 
-/// The character looked for that a sample of the text has least of, among those spelled in ASCII alone.
-std::optional<size_t> TextSearch::chooseAnchor(const Area& area) const {
+TextRange TextSearch::next(std::string_view text, Position from, Position end) const {
+    return find_.empty() ? kNowhere : search(areaOf(text, from, end));
+}
+
+void TextSearch::each(std::string_view text, Position from, Position end,
+                      const std::function<void(TextRange)>& found) const {
+    if (find_.empty()) return;
+    Area area = areaOf(text, from, end);
+    for (TextRange match; (match = search(area)).start != kNotFound;) {
+        found(match);
+        area.from = static_cast<size_t>(match.end);
+    }
+}
+
+/// The neighbours, or else the character, of which a sample of the text has least.
+std::optional<TextSearch::Anchor> TextSearch::chooseAnchor(const Area& area, bool inAscii) const {
     constexpr size_t kSample = 16384;
     std::array<size_t, 256> counts{};
     const size_t middle = area.from + (area.text.size() - area.from) / 2;
     const size_t sample = std::max(area.from, middle - std::min(middle, kSample / 2));
     for (const char byte : area.text.substr(sample, kSample)) ++counts[static_cast<unsigned char>(byte)];
 
-    std::optional<size_t> best;
+    const auto serves = [&](size_t n) {
+        return n < find_.size() && (inAscii ? find_[n] < 0x80 : isSpelledInAscii(find_[n]));
+    };
+    const auto countOf = [&](const ByteSpelling& spelling) {
+        return counts[spelling.value] + counts[spelling.value ^ spelling.ignored];
+    };
+    std::optional<Anchor> best;
     size_t fewest = 0;
     for (size_t n = 0; n < find_.size(); ++n) {
-        if (find_[n] >= 0x80) continue;
-        if (!matchCase_ && kSpelledBeyondAscii.find(find_[n]) != kSpelledBeyondAscii.npos) continue;
-        const auto [one, other] = spellings(find_[n], matchCase_);
-        const size_t count =
-            counts[static_cast<unsigned char>(one)] + counts[static_cast<unsigned char>(other)];
-        if (best && count >= fewest) continue;
-        best = n;
-        fewest = count;
+        if (!serves(n)) continue;
+        Anchor anchor = {n, {spellingOf(find_[n], matchCase_), {}}};
+        size_t score = countOf(anchor.bytes.first);
+        if (serves(n + 1)) {
+            anchor.bytes.second = spellingOf(find_[n + 1], matchCase_);
+            score *= countOf(*anchor.bytes.second);
+        } else {
+            score *= kSample;
+        }
+        if (best && score >= fewest) continue;
+        best = anchor;
+        fewest = score;
     }
     return best;
 }
 
-TextRange TextSearch::byAnchor(const Area& area, size_t anchor) const {
-    ByteScanner places(area.text, area.from, spellings(find_[anchor], matchCase_));
+TextRange TextSearch::search(const Area& area) const {
+    if (area.anchor) return byAnchor(area, *area.anchor);
+    if (!area.asciiAnchor || area.asciiEnd <= area.from) return byAutomaton(area);
+    Area part = area;
+    part.text = area.text.substr(0, area.asciiEnd);
+    if (const TextRange found = byAnchor(part, *area.asciiAnchor); found.start != kNotFound) return found;
+    // What begins in ASCII may go on beyond it.
+    part.text = area.text;
+    part.from = area.asciiEnd - std::min(find_.size() - 1, area.asciiEnd - area.from);
+    return byAutomaton(part);
+}
+
+TextRange TextSearch::byAnchor(const Area& area, const Anchor& anchor) const {
     size_t compared = 0;
-    for (size_t place = places.take(); place != area.text.npos; place = places.take()) {
-        const TextRange found = matchAround(area, place, anchor, compared);
+    for (size_t place = area.from;; ++place) {
+        place = findBytePair(area.text, place, anchor.bytes);
+        if (place == area.text.npos) return kNowhere;
+        const TextRange found = matchAround(area, place, anchor.at, compared);
         if (found.start != kNotFound && isAcceptable(area, found)) return found;
         // Where both repeat themselves, comparing around each place would be quadratic.
         if (compared > 8 * (place - area.from) + 4096) return byAutomaton(area);
     }
-    return kNowhere;
 }
 
 TextRange TextSearch::matchAround(const Area& area, size_t place, size_t anchor, size_t& compared) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -22,12 +23,21 @@ public:
     /// empty text.
     TextRange next(std::string_view text, Position from = 0, Position end = -1) const;
 
+    /// Calls `found` for each place in [from, end), in ascending order, every one looked for behind the one
+    /// before.
+    void each(std::string_view text, Position from, Position end,
+              const std::function<void(TextRange)>& found) const;
+
 private:
     struct Area;
+    struct Anchor;
 
     char32_t comparable(char32_t code) const;
-    std::optional<size_t> chooseAnchor(const Area& area) const;
-    TextRange byAnchor(const Area& area, size_t anchor) const;
+    bool isSpelledInAscii(char32_t code) const;
+    Area areaOf(std::string_view text, Position from, Position end) const;
+    std::optional<Anchor> chooseAnchor(const Area& area, bool inAscii) const;
+    TextRange search(const Area& area) const;
+    TextRange byAnchor(const Area& area, const Anchor& anchor) const;
     TextRange matchAround(const Area& area, size_t place, size_t anchor, size_t& compared) const;
     TextRange byAutomaton(const Area& area) const;
     bool isAcceptable(const Area& area, TextRange found) const;

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cstring>
+
 #include "platform/TextSearch.h"
 
 using namespace klt;
@@ -60,6 +62,34 @@ TEST(TextOperations, FastReplace) {
         size_t count = 99;
         EXPECT_EQ(FastReplace(row.text, row.find, row.with, row.matchCase, &count), row.result) << row.text;
         EXPECT_EQ(count, row.count) << row.text;
+    }
+}
+
+TEST(TextOperations, FastReplaceInAPart) {
+    const struct {
+        TextRange part;
+        std::string result;
+        size_t count;
+    } rows[] = {
+        {{0, 9}, "x x x", 3},   {{0, 6}, "x x Ab", 2},   {{0, 4}, "x aB Ab", 1},   {{1, 9}, "ab x x", 2},
+        {{-3, 99}, "x x x", 3}, {{6, 2}, "ab aB Ab", 0}, {{3, -1}, "ab aB Ab", 0}, {{99, 100}, "ab aB Ab", 0},
+    };
+    for (const auto& row : rows) {
+        size_t count = 99;
+        EXPECT_EQ(FastReplace("ab aB Ab", row.part, "AB", "x", false, &count), row.result)
+            << row.part.start << " to " << row.part.end;
+        EXPECT_EQ(count, row.count);
+    }
+}
+
+// Looking ahead anew from each match, for the other case or for rare letters, would need hours here.
+TEST(TextOperations, FastReplaceIsLinearInMatches) {
+    std::string text;
+    for (int n = 0; n < 1'000'000; ++n) text += "kiss net, ";
+    for (const char* find : {"net", "KISS"}) {
+        size_t count = 0;
+        EXPECT_EQ(FastReplace(text, find, "", false, &count).size(), text.size() - 1'000'000 * strlen(find));
+        EXPECT_EQ(count, 1'000'000);
     }
 }
 

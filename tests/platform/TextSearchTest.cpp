@@ -33,6 +33,9 @@ TEST(TextSearch, FindsWithinARangeByCaseAndWord) {
         // letters spelled beyond ASCII
         {"\u212Aey \u017FKI", "key", 0, -1, {}, {0, 5}},
         {"\u212Aey \u017FKI", "ski", 0, -1, {}, {6, 10}},
+        {"ski \u017Fki SKI", "ski", 1, -1, {}, {4, 8}},
+        {"an s\u212AIs kiss", "SKIS", 0, -1, {}, {3, 9}},
+        {"sk s\u017Fk", "sSK", 0, -1, {}, {3, 7}},
         {"10 K", "\u212A", 0, -1, {}, {3, 4}},
         {"10 K", "\u212A", 0, -1, kExact, {kNotFound, kNotFound}},
         {"stra\u1E9Ee", "stra\u00DFe", 0, -1, {}, {0, 8}},
@@ -56,6 +59,23 @@ TEST(TextSearch, FindsWithinARangeByCaseAndWord) {
     for (const auto& row : rows) {
         const TextSearch search(row.find, row.options.matchCase, row.options.wholeWord);
         EXPECT_EQ(search.next(row.text, row.from, row.end), row.found) << row.find << " in " << row.text;
+    }
+}
+
+// The fast lane reads blocks: a match may lie anywhere in one, across two, or behind the last.
+TEST(TextSearch, FindsAtEveryDistanceFromBothEnds) {
+    for (size_t before = 0; before < 40; ++before) {
+        for (size_t after = 0; after < 40; ++after) {
+            const std::string text = std::string(before, 'N') + "q@N" + std::string(after, '`');
+            const auto start = static_cast<Position>(before), size = static_cast<Position>(text.size());
+            for (const char* find : {"Q", "Q@", "q@n", "@n", "@"}) {
+                const TextRange found = TextSearch(find, false).next(text);
+                const Position offset = find[0] == '@' ? 1 : 0;
+                ASSERT_EQ(found.start, start + offset) << find << " behind " << before;
+                ASSERT_EQ(TextSearch(find, true).next(text, 0, found.end - 1).start, kNotFound);
+            }
+            ASSERT_EQ(TextSearch("@n", false).next(text, start + 2, size).start, kNotFound);
+        }
     }
 }
 
