@@ -8,7 +8,9 @@
 #include "SampleText.h"
 #include "lines/AdvantageLine.h"
 #include "lines/Wizard.h"
+#include "platform/LineEnds.h"
 #include "platform/TextSearch.h"
+#include "tools/FindText.h"
 #include "ui/RichTextBox.h"
 
 namespace klt {
@@ -82,7 +84,7 @@ void RewriteRuns(benchmark::State& state) {
 BENCHMARK(RewriteRuns)->Arg(50)->Unit(benchmark::kMillisecond);
 
 void EditAndWriteLine(benchmark::State& state) {
-    needApplication();
+    bench::needApplication();
     RichTextBox box;
     box.SetText(textOf(state));
     const Position place = box.LineIndex(box.LineCount() / 2);
@@ -96,7 +98,7 @@ void EditAndWriteLine(benchmark::State& state) {
 BENCHMARK(EditAndWriteLine)->Arg(50)->Unit(benchmark::kMillisecond);
 
 void WriteNewLine(benchmark::State& state) {
-    needApplication();
+    bench::needApplication();
     RichTextBox box;
     box.SetText(textOf(state));
     Wizard wizard(kAdWizard, {.target = [&box] { return &box; }});
@@ -122,6 +124,30 @@ BENCHMARK_CAPTURE(FindNothing, CommonLetters, "senate", false)->Arg(50)->Unit(be
 BENCHMARK_CAPTURE(FindNothing, LettersWithTwins, "kisiks", false)->Arg(50)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(FindNothing, Exact, "xylophone", true)->Arg(50)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(FindNothing, BeyondAscii, "\u00E4\u00F6", false)->Arg(50)->Unit(benchmark::kMillisecond);
+
+// In a text that is coloured and shown, until it is painted again.
+void ReplaceAll(benchmark::State& state) {
+    bench::needApplication();
+    constexpr Position kMatches = 100'000;
+    std::string text = textOf(state);
+    const auto step = static_cast<Position>(text.size()) / kMatches;
+    for (Position n = 0; n < kMatches; ++n) text.replace(static_cast<size_t>(n * step + 20), 5, "Zebra");
+    text = withCrLf(text);
+    RichTextBox box;
+    box.resize(800, 600);
+    box.show();
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        box.SetText(text);
+        box.SetStyles(std::string(static_cast<size_t>(box.Length()), '\1'));
+        box.repaint();
+        state.ResumeTiming();
+        const auto outcome = runFind(box, FindButton::ReplaceAll, {"zebra", "Antelope"});
+        box.repaint();
+        if (outcome.result != kMatches) state.SkipWithError("not all were replaced");
+    }
+}
+BENCHMARK(ReplaceAll)->Arg(50)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace klt

@@ -59,6 +59,8 @@ constexpr auto kCommands = std::to_array<Command>({
     {"E5", onActiveControl<&RichTextBox::Delete>},
     {"E6", EditLine},
     {"E7", onActiveControl<selectAll>},
+    {"E8", [](Editor& editor) { editor.openFind(frmFind::Shape::Find); }},
+    {"E9", [](Editor& editor) { editor.openFind(frmFind::Shape::Replace); }},
     {"I1", [](Editor& editor) { openWizard(editor, "frmAdWizard"); }},
     {"I10", onText<insertCommentLine>},
     {"I11", onText<insertComment>},

@@ -1,6 +1,6 @@
 #include "app/DocumentColouring.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <memory>
 
 #include "app/CommandQueue.h"
@@ -11,20 +11,10 @@
 #include "language/Ascii.h"
 #include "language/NewDocument.h"
 #include "settings/Catalogue.h"
+#include "ui/WaitCursor.h"
 #include "ui/modKLTSyntaxHighlighter.h"
 
 namespace klt {
-namespace {
-
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
-}  // namespace
 
 DocumentColouring::DocumentColouring(Store& store, CommandQueue& queue, modKLTSyntaxHighlighter& highlighter,
                                      std::function<frmMDIKLTEditor&()> mainWindow)

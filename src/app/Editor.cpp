@@ -121,4 +121,13 @@ void Editor::openMerger() {
     documents.OpenDocument(file, mayCheck);
 }
 
+void Editor::openFind(frmFind::Shape shape) {
+    // A closed one is on its way out.
+    if (!find_ || find_->isHidden()) find_ = new frmFind(*this, store_);
+    find_->setShape(shape);
+    find_->show();
+    find_->raise();
+    find_->activateWindow();
+}
+
 }  // namespace klt

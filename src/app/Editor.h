@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <functional>
 #include <memory>
 #include <string>
@@ -11,6 +12,7 @@
 #include "app/DocumentEvents.h"
 #include "app/Documents.h"
 #include "app/InstanceServer.h"
+#include "app/frmFind.h"
 #include "app/frmMDIKLTEditor.h"
 #include "app/modVariables.h"
 #include "ui/modKLTSyntaxHighlighter.h"
@@ -38,6 +40,8 @@ public:
     void MenuClick(const QString& key);
     /// Shows the merger, and opens what it has written where that is wanted.
     void openMerger();
+    /// Brings the find window up in a shape; one that is open already keeps what it holds.
+    void openFind(frmFind::Shape shape);
 
     Store& store() { return store_; }
 
@@ -59,6 +63,7 @@ private:
     std::unique_ptr<frmMDIKLTEditor> window_;
     std::unique_ptr<DocumentEvents> events_;
     std::unique_ptr<InstanceServer> server_;
+    QPointer<frmFind> find_;
 };
 
 }  // namespace klt

@@ -2,17 +2,14 @@
 
 #include <string>
 
-#include "settings/CRegSettings.h"
+#include "settings/EditorFormat.h"
 #include "settings/cMRUFileList.h"
 
 namespace klt {
 
 /// The process-wide state, made once and passed by reference. All of it lives on the user-interface thread.
 struct modVariables {
-    explicit modVariables(Store& store) : Settings(store) {
-        Settings.Company("Shared Program Settings\\KLTEdit");
-        Settings.AppName("Editor Format");
-    }
+    explicit modVariables(Store& store) : Settings(editorFormatSettings(store)) {}
 
     /// The road to the styles of the categories of text.
     CRegSettings Settings;

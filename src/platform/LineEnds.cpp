@@ -58,4 +58,8 @@ std::string withCrLf(std::string_view text) {
     }
 }
 
+bool tearsLineEnd(std::string_view text) {
+    return text.starts_with('\n') || text.ends_with('\r');
+}
+
 }  // namespace klt

@@ -10,4 +10,7 @@ bool hasOnlyCrLf(std::string_view text);
 /// The text with each lone CR and each lone LF made CR LF.
 std::string withCrLf(std::string_view text);
 
+/// Whether a text, found where it begins and ends in the middle of line ends, would tear one apart.
+bool tearsLineEnd(std::string_view text);
+
 }  // namespace klt

@@ -45,7 +45,7 @@ std::string TextArea::SelText() const {
 
 Position TextArea::Find(std::string_view text, Position start, Position end, FindOptions options) {
     // It would tear a line end: a caret inside CR LF is none.
-    if (text.starts_with('\n') || text.ends_with('\r')) return kNotFound;
+    if (tearsLineEnd(text)) return kNotFound;
     const TextSearch search(text, options.matchCase, options.wholeWord);
     const TextRange found = search.next(Text(), start, end);
     if (found.start != kNotFound) Select(found.start, found.end - found.start);

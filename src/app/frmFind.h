@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+
+#include "tools/FindHistory.h"
+#include "tools/FindText.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLayout;
+class QPushButton;
+class QRadioButton;
+
+namespace klt {
+
+class Editor;
+
+/// The find and replace window. It stays open beside the documents, and each press of a button works on the
+/// one that is active then. It goes when it is closed.
+class frmFind : public QDialog {
+    Q_OBJECT
+
+public:
+    enum class Shape { Find, Replace };
+
+    /// Owned by the main window, and closed with it. Takes what is selected in the active document as the
+    /// text to look for.
+    frmFind(Editor& editor, Store& store);
+
+    /// Shows or hides what belongs to replacing.
+    void setShape(Shape shape);
+
+private:
+    QLayout* buildFields();
+    QLayout* buildOptions();
+    QLayout* buildButtons();
+    void wire();
+    void takeSelection();
+    void unload();
+
+    void findTextChanged();
+    void updateButtons();
+    void pressed(FindButton button);
+    void run(FindButton button);
+    FindRequest request() const;
+    void enterHistories(FindButton button);
+
+    Editor& editor_;
+    Store& store_;
+    Shape shape_ = Shape::Find;
+    /// The restart flag: the next search begins afresh.
+    bool restart_ = true;
+    FindHistory searches_;
+    FindHistory replacements_;
+
+    QComboBox* Combo1 = nullptr;
+    QComboBox* Combo2 = nullptr;
+    QLabel* replaceLabel_ = nullptr;
+    std::array<QPushButton*, 3> cmdFindReplace{};
+    QPushButton* Command2 = nullptr;
+    QPushButton* Command4 = nullptr;
+    QRadioButton* optDirectionUp = nullptr;
+    QRadioButton* optDirectionDown = nullptr;
+    QRadioButton* optDirectionAll = nullptr;
+    QCheckBox* chkWholeWordOnly = nullptr;
+    QCheckBox* chkMatchCase = nullptr;
+    QCheckBox* chkStartFromBeginning = nullptr;
+};
+
+}  // namespace klt

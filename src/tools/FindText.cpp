@@ -1,0 +1,92 @@
+#include "tools/FindText.h"
+
+#include <algorithm>
+
+#include "platform/LineEnds.h"
+#include "platform/TextAreaGuards.h"
+#include "platform/TextOperations.h"
+#include "platform/Unicode.h"
+
+namespace klt {
+namespace {
+
+Position untouchedEnd(const TextArea& text) {
+    constexpr Position kLongestCharacter = 4;
+    // One more, for a line feed behind the last.
+    const auto head = text.Slice(0, kUntouchedCharacters * kLongestCharacter + 1);
+    size_t end = 0;
+    for (int n = 0; n < kUntouchedCharacters && end < head.size(); ++n) end += characterAt(head, end).length;
+    return static_cast<Position>(unitEnd(head, end));
+}
+
+TextRange rangeOf(const TextArea& text, const FindRequest& request) {
+    const Position caret = text.SelStart() + text.SelLength();
+    const bool whole = request.startFromBeginning || request.direction == FindDirection::All;
+    TextRange range{caret, text.Length()};
+    if (whole && request.beginsAfresh) {
+        range.start = 0;
+    } else if (request.direction == FindDirection::Up) {
+        range = {0, caret};
+    }
+    range.start = std::max(range.start, untouchedEnd(text));
+    return range;
+}
+
+bool isMatchSelected(const TextArea& text, const FindRequest& request) {
+    if (request.find.empty() || text.SelStart() < untouchedEnd(text)) return false;
+    const auto selected = text.Slice(text.SelStart(), text.SelStart() + text.SelLength());
+    return request.options.matchCase ? selected == request.find : equalIgnoringCase(selected, request.find);
+}
+
+FindOutcome findOn(TextArea& text, FindButton button, const FindRequest& request) {
+    const TextRange range = rangeOf(text, request);
+    const Position found = text.Find(request.find, range.start, range.end, request.options);
+    if (found == kNotFound) {
+        text.SetSelStart(0);
+        return {.searchedOn = true};
+    }
+    text.ScrollToLine(text.GetLineFromChar(found));
+    if (button == FindButton::FindNext) return {.result = found, .searchedOn = true};
+    text.SetSelText(request.with);
+    return {.result = 1, .searchedOn = true};
+}
+
+FindOutcome replaceSelected(TextArea& text, const FindRequest& request) {
+    text.SetSelText(request.with);
+    text.ScrollCaret();
+    return {.result = 1};
+}
+
+FindOutcome replaceAll(TextArea& text, const FindRequest& request) {
+    if (tearsLineEnd(request.find)) return {};
+    const TextRange part = rangeOf(text, request);
+    size_t count = 0;
+    const auto old = text.Text();
+    const std::string whole =
+        FastReplace(old, part, request.find, request.with, request.options.matchCase, &count);
+    if (count == 0) return {};
+    const bool remains = whole.size() > old.size() - static_cast<size_t>(part.end - part.start);
+    if (remains) {
+        const RedrawFreeze freeze(text);
+        text.SetText(whole);
+    }
+    return {.result = static_cast<Position>(count), .isNewText = remains};
+}
+
+}  // namespace
+
+FindOutcome runFind(TextArea& text, FindButton button, const FindRequest& request) {
+    if (button == FindButton::ReplaceAll) return replaceAll(text, request);
+    if (button == FindButton::Replace && isMatchSelected(text, request))
+        return replaceSelected(text, request);
+    return findOn(text, button, request);
+}
+
+std::string findMessage(FindButton button, const FindOutcome& outcome) {
+    if (outcome.result == kNotFound) return "Can't find any matches.";
+    if (button != FindButton::ReplaceAll) return {};
+    const char* const verb = outcome.result == 1 ? " replacement was" : " replacements were";
+    return "Done replacing.\r\n" + std::to_string(outcome.result) + verb + " made.";
+}
+
+}  // namespace klt

@@ -1,0 +1,152 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "app/frmFind.h"
+#include "support/EditorFixture.h"
+
+namespace klt {
+namespace {
+
+class FindTest : public EditorFixture {
+protected:
+    FindTest() { open(file("a.klt", "Version=2\r\none two\r\nTWO three\r\ntwo")); }
+
+    frmFind& form() {
+        for (auto* found : window().findChildren<frmFind*>("frmFind"))
+            if (found->isVisible()) return *found;
+        throw std::logic_error("the find window is not open");
+    }
+    bool isOpen() {
+        letEventsRun();
+        return window().findChild<frmFind*>("frmFind") != nullptr;
+    }
+    template <typename Control>
+    Control& control(const char* name) {
+        return *form().findChild<Control*>(name);
+    }
+    QComboBox& combo(const char* name) { return control<QComboBox>(name); }
+    QPushButton& button(const char* name) { return control<QPushButton>(name); }
+    void openForm(Qt::Key key) {
+        window().activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return window().isActiveWindow(); }));
+        QTest::keyClick(active().RichTextBox1, key, Qt::ControlModifier);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return form().isActiveWindow(); }));
+    }
+    void fill(const char* name, const QString& text) {
+        combo(name).setFocus();
+        QTest::keyClick(&combo(name), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&combo(name), text);
+    }
+    void press(const char* name) { QTest::mouseClick(&button(name), Qt::LeftButton); }
+    /// Presses Alt and the letter; a button shows itself pressed for a while before it acts.
+    void access(Qt::Key key) {
+        QTest::keyClick(&form(), key, Qt::AltModifier);
+        QTest::qWait(150);
+    }
+    QStringList items(const char* name) {
+        QStringList all;
+        for (int n = 0; n < combo(name).count(); ++n) all << combo(name).itemText(n);
+        return all;
+    }
+    std::string enabled() {
+        std::string shown;
+        for (const char* name : {"cmdFindReplace(0)", "cmdFindReplace(1)", "cmdFindReplace(2)"})
+            if (button(name).isVisible()) shown += button(name).isEnabled() ? '1' : '0';
+        return shown;
+    }
+    std::string selected() { return active().RichTextBox1->SelText(); }
+};
+
+TEST_F(FindTest, FindsByKeysAndTellsWhenNoMoreIsThere) {
+    active().RichTextBox1->Select(15, 3);
+    openForm(Qt::Key_F);
+    EXPECT_EQ(form().windowTitle(), "Find");
+    EXPECT_EQ(combo("Combo1").currentText(), "two");
+    EXPECT_TRUE(combo("Combo1").hasFocus());
+    EXPECT_TRUE(control<QRadioButton>("optDirectionDown").isChecked());
+    EXPECT_FALSE(combo("Combo2").isVisible());
+    EXPECT_EQ(enabled(), "11");
+
+    QTest::keyClick(&combo("Combo1"), Qt::Key_Enter);
+    EXPECT_EQ(active().RichTextBox1->SelStart(), 20);
+    EXPECT_FALSE(variables().SuppressCaretUpdate);
+    control<QCheckBox>("chkStartFromBeginning").click();
+    access(Qt::Key_N);
+    EXPECT_EQ(active().RichTextBox1->SelStart(), 31) << "this press begins afresh no more";
+    EXPECT_FALSE(control<QCheckBox>("chkStartFromBeginning").isChecked());
+    answerMessage(QMessageBox::Ok);
+    access(Qt::Key_N);
+    EXPECT_EQ(asked.back(), "Can't find any matches.");
+    EXPECT_EQ(lastIcon, QMessageBox::Information);
+    EXPECT_EQ(active().RichTextBox1->SelStart(), 0);
+    EXPECT_EQ(combo("Combo1").currentText(), "two");
+    EXPECT_EQ(items("Combo1"), QStringList({"two", "two", "two", ""}));
+}
+
+TEST_F(FindTest, ReplacesInTheOtherShape) {
+    openForm(Qt::Key_F);
+    EXPECT_EQ(enabled(), "01");
+    press("cmdFindReplace(1)");
+    EXPECT_EQ(form().windowTitle(), "Replace");
+    EXPECT_TRUE(button("Command2").hasFocus());
+    EXPECT_EQ(enabled(), "000");
+    fill("Combo1", "two");
+    EXPECT_EQ(enabled(), "111");
+    fill("Combo2", "2");
+    press("cmdFindReplace(1)");
+    EXPECT_EQ(textOf(active()), "Version=2\r\none 2\r\nTWO three\r\ntwo");
+    EXPECT_TRUE(active().Modified());
+    EXPECT_EQ(items("Combo2"), QStringList({"2", "", "", ""}));
+
+    access(Qt::Key_A);
+    fill("Combo2", "zwei");
+    answerMessage(QMessageBox::Ok);
+    access(Qt::Key_L);
+    EXPECT_EQ(textOf(active()), "Version=2\r\none 2\r\nzwei three\r\nzwei");
+    EXPECT_EQ(asked.back(), "Done replacing.\r\n2 replacements were made.");
+    EXPECT_EQ(items("Combo2"), QStringList({"zwei", "2", "", ""}));
+}
+
+TEST_F(FindTest, KeepsHistoryAndPlaceInTheStore) {
+    openForm(Qt::Key_R);
+    EXPECT_EQ(form().pos(), QPoint(1725 / 15, 2160 / 15));
+    for (const char* text : {"o", "n", "e", "t", "w"}) {
+        fill("Combo1", text);
+        QTest::keyClick(&combo("Combo1"), Qt::Key_Enter);
+    }
+    form().move(30, 45);
+    QTest::keyClick(&form(), Qt::Key_Escape);
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(setting("Search Strings", "0") + setting("Search Strings", "3"), "wn");
+    EXPECT_EQ(setting("frmFind", "Left") + " " + setting("frmFind", "Top"), "450 675");
+
+    openForm(Qt::Key_R);
+    EXPECT_EQ(items("Combo1"), QStringList({"w", "t", "e", "n"}));
+    EXPECT_EQ(form().pos(), QPoint(30, 45));
+    QTest::keyClick(&combo("Combo1"), Qt::Key_Down);
+    QTest::keyClick(&combo("Combo1"), Qt::Key_Down);
+    EXPECT_EQ(combo("Combo1").currentText(), "t") << "one chosen from the list";
+    form().move(60, 45);
+    window().close();
+    EXPECT_EQ(setting("frmFind", "Left"), "900") << "closed with the main window";
+}
+
+TEST_F(FindTest, StaysOpenForWhateverIsActive) {
+    openForm(Qt::Key_F);
+    fill("Combo1", "three");
+    auto& first = active();
+    open(file("b.klt", "Version=2\r\nThree"));
+    press("cmdFindReplace(0)");
+    EXPECT_EQ(selected(), "Three");
+    EXPECT_EQ(first.RichTextBox1->SelLength(), 0);
+    openForm(Qt::Key_R);
+    EXPECT_EQ(combo("Combo1").currentText(), "three") << "the same window in its other shape";
+    window().closeDocument(active());
+    window().closeDocument(active());
+    press("cmdFindReplace(0)");
+}
+
+}  // namespace
+}  // namespace klt

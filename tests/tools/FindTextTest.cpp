@@ -1,0 +1,119 @@
+#include "tools/FindText.h"
+
+#include <gtest/gtest.h>
+
+#include "support/MemoryTextArea.h"
+
+namespace klt {
+namespace {
+
+using enum FindButton;
+using enum FindDirection;
+
+/// A text area from a text with its selection between "<" and ">", and back.
+MemoryTextArea areaOf(std::string text) {
+    const size_t start = text.find('<'), end = text.find('>') - 1;
+    text.erase(end + 1, 1).erase(start, 1);
+    MemoryTextArea area(text);
+    area.Select(static_cast<Position>(start), static_cast<Position>(end - start));
+    return area;
+}
+
+std::string marked(const TextArea& area) {
+    std::string text(area.Text());
+    text.insert(static_cast<size_t>(area.SelStart() + area.SelLength()), ">");
+    text.insert(static_cast<size_t>(area.SelStart()), "<");
+    return text;
+}
+
+constexpr FindOptions kAny{}, kCase{.matchCase = true}, kWord{.wholeWord = true};
+constexpr Position kNone = kNotFound;
+
+struct Row {
+    FindButton button;
+    FindRequest request;
+    const char* before;
+    Position result;
+    const char* after;
+};
+
+// "0123456789-" stands for the characters that no search touches.
+const Row kRows[] = {
+    // ranges
+    {FindNext, {"ab"}, "0123456789-<>ab ab", 11, "0123456789-<ab> ab"},
+    {FindNext, {"ab"}, "0123456789-<ab> ab", 14, "0123456789-ab <ab>"},
+    {FindNext, {"ab"}, "0123456789-ab <ab>", kNone, "<>0123456789-ab ab"},
+    {FindNext, {"ab", "", kAny, Up}, "0123456789-ab ab <>ab", 11, "0123456789-<ab> ab ab"},
+    {FindNext, {"ab", "", kAny, Up}, "0123456789-<ab> ab ab", 11, "0123456789-<ab> ab ab"},
+    {FindNext, {"ab", "", kAny, Up}, "0123456789-a<>b", kNone, "<>0123456789-ab"},
+    {FindNext, {"ab", "", kAny, All}, "0123456789-ab <ab>", 11, "0123456789-<ab> ab"},
+    {FindNext, {"ab", "", kAny, All, false, false}, "0123456789-ab <ab>", kNone, "<>0123456789-ab ab"},
+    {FindNext, {"ab", "", kAny, Down, true}, "0123456789-ab <ab>", 11, "0123456789-<ab> ab"},
+    {FindNext, {"ab", "", kAny, Up, true}, "0123456789<>-ab", 11, "0123456789-<ab>"},
+    {FindNext, {"ab", "", kAny, Down, true, false}, "0123456789-ab <ab>", kNone, "<>0123456789-ab ab"},
+    // the first eleven characters
+    {FindNext, {"2"}, "<>Version=2\r\n2", 11, "Version=2\r\n<2>"},
+    {FindNext, {"b"}, "<>ab", kNone, "<>ab"},
+    {FindNext, {"-a"}, "<>0123456789-ab", kNone, "<>0123456789-ab"},
+    {FindNext,
+     {"9"},
+     "<>\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9678999",
+     17,
+     "\u00E9\u00E9\u00E9\u00E9\u00E9\u00E967899<9>"},
+    {FindNext, {"\r\nb"}, "<>0123456789\r\nb\r\nb", 13, "0123456789\r\nb<\r\nb>"},
+    {FindNext, {"ab", "", kAny, Up}, "01234<>56789-ab", kNone, "<>0123456789-ab"},
+    {Replace, {"ersi", "x"}, "V<ersi>on=2\r\nersi", 1, "Version=2\r\nx<>"},
+    {ReplaceAll, {"1", "x", kAny, All}, "<>1111111111-11", 2, "<>1111111111-xx"},
+    {ReplaceAll, {"1", "x", kAny, Up}, "1111<>11111-11", kNone, "1111<>11111-11"},
+    // options
+    {FindNext, {"AB"}, "0123456789-<>xab ab", 12, "0123456789-x<ab> ab"},
+    {FindNext, {"AB", "", kCase}, "0123456789-<>ab AB", 14, "0123456789-ab <AB>"},
+    {FindNext, {"AB", "", kWord}, "0123456789-<>xab ab", 15, "0123456789-xab <ab>"},
+    {FindNext, {"\u00C4B"}, "0123456789-<>\u00E4b", 11, "0123456789-<\u00E4b>"},
+    // replacing
+    {Replace, {"AB", "x"}, "0123456789-<ab> ab", 1, "0123456789-x<> ab"},
+    {Replace, {"AB", "x"}, "0123456789-<> ab", 1, "0123456789- x<>"},
+    {Replace, {"AB", "x", kCase}, "0123456789-<ab> AB", 1, "0123456789-ab x<>"},
+    {Replace, {"ab", "x", kWord}, "0123456789-<ab>c", 1, "0123456789-x<>c"},
+    {Replace, {"ab", "x"}, "0123456789-<a>b", kNone, "<>0123456789-ab"},
+    {ReplaceAll, {"ab", "x"}, "0123456789-<ab> ab AB", 2, "<>0123456789-ab x x"},
+    {ReplaceAll, {"ab", "x", kWord}, "0123456789-<>abc ab", 2, "<>0123456789-xc x"},
+    {ReplaceAll, {"ab", "x", kCase, All}, "0123456789-ab <ab> AB", 2, "<>0123456789-x x AB"},
+    {ReplaceAll, {"ab", "ab", kAny, Up}, "0123456789-ab<> AB", 1, "<>0123456789-ab AB"},
+    {ReplaceAll, {"ab", "abab", kAny, Up}, "0123456789-ab a<>b", 1, "<>0123456789-abab ab"},
+    {ReplaceAll, {"b", "x"}, "0123456789-a<>\r\n", kNone, "0123456789-a<>\r\n"},
+    {ReplaceAll, {"\n", "x"}, "0123456789-<>\r\n", kNone, "0123456789-<>\r\n"},
+    {ReplaceAll, {"ab", ""}, "0123456789-<>abab", 2, "0123456789-<>abab"},
+};
+
+TEST(FindText, KeepsToItsRules) {
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.request.find + " in " + row.before);
+        auto area = areaOf(row.before);
+        EXPECT_EQ(runFind(area, row.button, row.request).result, row.result);
+        EXPECT_EQ(marked(area), row.after);
+    }
+}
+
+TEST(FindText, ScrollsTheFoundLineToTheTopAndLaysPlainStyle) {
+    MemoryTextArea area("Version=2\r\na\r\nb\r\nc b\r\nd");
+    area.SetStyles(std::string(static_cast<size_t>(area.Length()), 5));
+    area.SetSelStart(15);
+    EXPECT_TRUE(runFind(area, FindNext, {"b"}).searchedOn);
+    EXPECT_EQ(area.FirstVisibleLine(), 3);
+    EXPECT_FALSE(runFind(area, Replace, {"b", "x"}).searchedOn) << "the match is selected";
+    EXPECT_EQ(area.StyleAt(19), 5);
+    EXPECT_TRUE(runFind(area, ReplaceAll, {"b", "x", {}, All}).isNewText);
+    EXPECT_EQ(area.StyleAt(0) + area.StyleAt(19), 0);
+    EXPECT_FALSE(area.CanUndo() || area.isFrozen());
+}
+
+TEST(FindText, TellsWhatCameOfIt) {
+    EXPECT_EQ(findMessage(FindNext, {11, true}) + findMessage(Replace, {1, true}), "");
+    EXPECT_EQ(findMessage(FindNext, {}), "Can't find any matches.");
+    EXPECT_EQ(findMessage(ReplaceAll, {1, false}), "Done replacing.\r\n1 replacement was made.");
+    EXPECT_EQ(findMessage(ReplaceAll, {2, false}), "Done replacing.\r\n2 replacements were made.");
+}
+
+}  // namespace
+}  // namespace klt
