@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "ui/CheckWizardField.h"
+#include "ui/FieldPopup.h"
 #include "ui/RichTextBox.h"
 
 namespace klt {
@@ -35,6 +36,7 @@ frmInput::frmInput(modKLTSyntaxHighlighter& highlighter, Store& store)
     setWindowTitle("KLT Editor Beta");
     buildLayout();
     makeWizardField(*richReturn_, "name(", highlighter, store);
+    addFieldPopup(*richReturn_);
     connect(richReturn_, &RichTextBox::Change, this,
             [this] { okButton_->setEnabled(richReturn_->Length() > 0); });
     connect(okButton_, &QPushButton::clicked, this, &frmInput::TerminateDialog);

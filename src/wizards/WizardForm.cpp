@@ -18,6 +18,16 @@
 #include "wizards/WizardText.h"
 
 namespace klt {
+namespace {
+
+/// Where a menu opens: at the mouse; below the button where the keyboard pressed it.
+QPoint menuPlace(const QWidget& button) {
+    const QPoint mouse = QCursor::pos();
+    const QRect area = button.rect();
+    return area.contains(button.mapFromGlobal(mouse)) ? mouse : button.mapToGlobal(area.bottomLeft());
+}
+
+}  // namespace
 
 WizardForm::WizardForm(std::unique_ptr<Wizard> wizard, WizardServices services, QWidget* owner)
     : QDialog(owner),
@@ -69,8 +79,9 @@ void WizardForm::wireButton(const WizardControl& control) {
         case ButtonUse::Help:
             return onClick([this] { services_.showHelp(wizard_->table().form); });
         case ButtonUse::SyntaxAid:
-            return onClick(
-                [this, &row] { services_.showSyntaxAid(*this, field(row.field), row.menu, QCursor::pos()); });
+            return onClick([this, &row, &button] {
+                services_.showSyntaxAid(*this, field(row.field), row.menu, menuPlace(button));
+            });
         case ButtonUse::GivesWizard:
             return onClick([this, &row] { services_.showGivesWizard(*this, field(row.field)); });
         case ButtonUse::Own:
