@@ -19,6 +19,7 @@ namespace klt {
 Editor::Editor(Store& store, Instances* instances, std::string commandLine)
     : variables(store),
       highlighter(variables.Settings),
+      aids({store, highlighter, variables.SuppressCaretUpdate}),
       colouring(store, queue, highlighter, [this]() -> frmMDIKLTEditor& { return mainWindow(); }),
       documents(
           variables, store, queue, [this]() -> frmMDIKLTEditor& { return mainWindow(); },

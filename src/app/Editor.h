@@ -16,6 +16,7 @@
 #include "app/frmMDIKLTEditor.h"
 #include "app/modVariables.h"
 #include "ui/modKLTSyntaxHighlighter.h"
+#include "wizards/WizardAids.h"
 
 namespace klt {
 
@@ -48,6 +49,7 @@ public:
     modVariables variables;
     CommandQueue queue;
     modKLTSyntaxHighlighter highlighter;
+    WizardAids aids;
     DocumentColouring colouring;
     Documents documents;
 

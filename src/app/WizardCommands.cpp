@@ -54,7 +54,7 @@ void showCaret(RichTextBox& text) {
 void show(Editor& editor, RichTextBox& document, std::unique_ptr<Wizard> wizard) {
     const QPointer<RichTextBox> text(&document);
     frmMDIKLTEditor& window = editor.mainWindow();
-    WizardForm(std::move(wizard), wizardServices(editor), &window).exec();
+    WizardForm(std::move(wizard), editor.aids.services(), &window).exec();
     window.activateWindow();
     window.Timer1().start();
     if (text) showCaret(*text);
@@ -66,10 +66,6 @@ void tell(Editor& editor, std::string_view message, MessageIcon icon) {
 }
 
 }  // namespace
-
-WizardServices wizardServices(Editor& editor) {
-    return {editor.store(), editor.highlighter, editor.variables.SuppressCaretUpdate};
-}
 
 void openWizard(Editor& editor, std::string_view form) {
     auto* const document = editor.mainWindow().ActiveForm();

@@ -2,14 +2,9 @@
 
 #include <string_view>
 
-#include "wizards/WizardServices.h"
-
 namespace klt {
 
 class Editor;
-
-/// What the wizards' forms get of the running program.
-WizardServices wizardServices(Editor& editor);
 
 /// Opens the wizard of that form for new lines of the active document, and comes back when it has closed.
 /// Nothing happens without a document or such a wizard.

@@ -36,8 +36,8 @@ protected:
     void key(Qt::Key which) { QTest::keyClick(form_->focusWidget(), which); }
     /// Types into the fields one after another, from the one that has the focus; "" leaves a field as it is.
     void tabThrough(const std::vector<const char*>& texts) {
-        for (const char* text : texts) {
-            if (text != texts.front()) key(Qt::Key_Tab);
+        for (const char* const& text : texts) {
+            if (&text != &texts.front()) key(Qt::Key_Tab);
             QTest::keyClicks(form_->focusWidget(), text);
         }
     }
@@ -61,7 +61,7 @@ TEST_F(AdWizardTest, WritesNewLinesWhereTheyBelong) {
         tabThrough({"Sea Legs", "5/4"});
         choose("optAdType");
         EXPECT_EQ(form_->focusWidget()->objectName(), "optAdType");
-        tabThrough({"", "men", "+1 to sk:sailing(", "Limits", "IQ>=9", "a, b", "H1", "3", "Odd"});
+        tabThrough({"", "men", "+1 to sk:sailing(", "", "Limits", "IQ>=9", "", "a, b", "H1", "3", "", "Odd"});
         EXPECT_EQ(text("rtbItemGives"), "+1 To SK:sailing()");
         key(Qt::Key_Return);
         EXPECT_TRUE(form_->isVisible());
@@ -136,6 +136,23 @@ TEST_F(AdWizardTest, LeavesEveryItemOfAFileAsItIs) {
         place = after.range.end - 1;
     }
     EXPECT_EQ(items, 30);
+}
+
+TEST_F(AdWizardTest, FillsItsFieldsByTheAids) {
+    open(file("a.klt", kHead));
+    inWizard([&] {
+        answerNext<WizardForm>([](WizardForm& gives) {
+            QTest::mouseClick(gives.findChild<QAbstractButton*>("Option1"), Qt::LeftButton);
+            QTest::keyClicks(&gives.field("GivesValue"), "2");
+            QTest::keyClicks(&gives.field("GivesTarget"), "DX");
+            QTest::mouseClick(gives.findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        });
+        QTest::mouseClick(&the<QPushButton>("cmdGivesWizard"), Qt::LeftButton);
+        EXPECT_EQ(text("rtbItemGives"), "=\"2\" \"DX\"");
+        QTimer::singleShot(0, form_, [] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_W); });
+        QTest::mouseClick(&the<QPushButton>("cmdUpto"), Qt::LeftButton);
+        EXPECT_EQ(text("rtbItemUpto"), "LowPrereq");
+    });
 }
 
 TEST_F(AdWizardTest, TellsWhatIsMissing) {
