@@ -15,6 +15,7 @@
 #include "settings/Names.h"
 #include "tools/MergeFiles.h"
 #include "tools/MergeOrder.h"
+#include "ui/FieldPopup.h"
 #include "ui/MessageBox.h"
 #include "ui/RichTextBox.h"
 #include "ui/WaitCursor.h"
@@ -87,6 +88,7 @@ QLayout* frmKLTMerger::buildOutput() {
     Label2 = named<QLabel>("Label2", "Name of the compiled KLT File:");
     Text1 = named<RichTextBox>("Text1", RichTextBox::Kind::Field);
     nameBy(*Label2, *Text1);
+    addFieldPopup(*Text1);
     cmdBrowse = named<QPushButton>("cmdBrowse", "&Browse...");
     auto* grid = new QGridLayout;
     grid->addWidget(Label2, 0, 0);
