@@ -9,7 +9,6 @@
 #include <QTimer>
 
 #include "OpenEditor.h"
-#include "app/WizardCommands.h"
 #include "lines/AdvantageLine.h"
 #include "wizards/WizardForm.h"
 
@@ -43,7 +42,7 @@ public:
     explicit OpenForm(OpenEditor& open)
         : form_(std::make_unique<Wizard>(kAdWizard,
                                          Opening{OpeningMode::Insert, [&open] { return &open.box(); }}),
-                wizardServices(open.editor()), &open.editor().mainWindow()) {
+                open.editor().aids.services(), &open.editor().mainWindow()) {
         form_.setModal(false);
         form_.show();
         QApplication::processEvents();

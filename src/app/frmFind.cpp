@@ -15,6 +15,7 @@
 #include "app/Editor.h"
 #include "app/frmKLTEditor.h"
 #include "platform/Unicode.h"
+#include "ui/FieldPopup.h"
 #include "ui/FormPlace.h"
 #include "ui/MessageBox.h"
 #include "ui/WaitCursor.h"
@@ -43,6 +44,7 @@ QComboBox* makeCombo(const char* name) {
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMinimumContentsLength(28);
     combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    addFieldPopup(*combo);
     return combo;
 }
 

@@ -38,7 +38,8 @@ std::optional<std::string_view> ReplacedLine::select(TextArea& area) {
 }
 
 std::optional<std::string_view> LineBox::select(TextArea& area) {
-    area.SetText("");
+    // Setting the text would empty the undo history amid the step.
+    area.Select(0, area.Length());
     return "";
 }
 

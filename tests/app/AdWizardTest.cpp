@@ -8,6 +8,7 @@
 #include <QRadioButton>
 
 #include "language/EditedLine.h"
+#include "lines/AdvantageLine.h"
 #include "support/EditorFixture.h"
 #include "wizards/WizardForm.h"
 
@@ -117,6 +118,22 @@ TEST_F(AdWizardTest, EditsALineInItsPlace) {
     EXPECT_TRUE(panel(3).starts_with("Line 6 ")) << panel(3);
     document.Undo();
     EXPECT_EQ(textOf(active()), kHead) << "it is one step";
+}
+
+TEST_F(AdWizardTest, WritesIntoTheBoxOfItsCaller) {
+    RichTextBox box(RichTextBox::Kind::Preview);
+    box.SetText("an older line");
+    auto wizard = std::make_unique<Wizard>(kAdWizard, Opening{OpeningMode::Package, [&box] { return &box; }});
+    wizard->click("optPoType", kOn);
+    WizardForm form(std::move(wizard), editor().aids.services(), &window());
+    form_ = &form;
+    form.show();
+    EXPECT_FALSE(the<QGroupBox>("fraType").isVisible() || the<QGroupBox>("fraCategory").isVisible());
+    const std::string notes(90, 'n');
+    tabThrough({"Keel", "5", "", "", "", "", "", notes.c_str()});
+    done();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(box.Text(), "Keel, 5, notes(" + notes + ')') << "it is not broken";
 }
 
 TEST_F(AdWizardTest, LeavesEveryItemOfAFileAsItIs) {
