@@ -14,6 +14,7 @@
 #include "ui/FieldPopup.h"
 #include "ui/RichTextBox.h"
 #include "ui/modKLTSyntaxHighlighter.h"
+#include "wizards/FieldHelp.h"
 #include "wizards/WizardCombo.h"
 #include "wizards/WizardServices.h"
 #include "wizards/WizardText.h"
@@ -59,6 +60,7 @@ private:
     QWidget& field(const ControlRow& row, QWidget& parent) {
         auto& made = *new RichTextBox(RichTextBox::Kind::Field, &parent);
         made.setMinimumWidth(kFieldWidth);
+        made.setWhatsThis(toQString(fieldHelp(row.tag)));
         if (row.tag.empty()) {
             services_.highlighter.SetFieldFormat(made);
             closeParentheses(made, services_.store);

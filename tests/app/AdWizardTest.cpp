@@ -268,6 +268,8 @@ TEST_F(AdWizardTest, FieldsAndCombosHaveThePopup) {
             for (const auto* item : popup->actions())
                 items += (item->isSeparator() ? "-" : item->objectName().section('.', 1)) + ' ';
             EXPECT_EQ(items, "E1 - E2 E3 E4 E5 - E7 - H1 ");
+            EXPECT_EQ(popup->actions().back()->isEnabled(), widget == box.viewport())
+                << "what there is help on";
             QTest::keyClick(popup, Qt::Key_S);
         }
         EXPECT_EQ(box.SelText(), "abc");
