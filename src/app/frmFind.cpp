@@ -84,7 +84,6 @@ frmFind::frmFind(Editor& editor, Store& store)
     showHistory(*Combo2, replacements_);
     takeSelection();
     wire();
-    Combo1->setFocus();
     setShape(Shape::Find);
     restorePosition(*this, store_, kPosition);
 }
@@ -180,6 +179,8 @@ void frmFind::setShape(Shape shape) {
     updateButtons();
     layout()->activate();
     resize(std::max(width(), sizeHint().width()), sizeHint().height());
+    Combo1->setFocus();
+    Combo1->lineEdit()->selectAll();
 }
 
 void frmFind::unload() {
@@ -239,13 +240,16 @@ void frmFind::run(FindButton button) {
     auto* document = editor_.mainWindow().ActiveForm();
     if (!document) return;
     enterHistories(button);
+    RichTextBox& text = *document->RichTextBox1;
     FindOutcome outcome;
     {
         const WaitCursor waiting;
         const RaisedFlag suppressed(editor_.variables.SuppressCaretUpdate);
-        outcome = runFind(*document->RichTextBox1, button, request());
-        if (outcome.isNewText) editor_.highlighter.SetDocumentFormat(*document->RichTextBox1);
+        outcome = runFind(text, button, request());
+        if (outcome.isNewText) editor_.highlighter.SetDocumentFormat(text);
     }
+    // The bars have not heard of the caret's moves.
+    emit text.SelChange();
     if (outcome.searchedOn) chkStartFromBeginning->setChecked(false);
     const std::string message = findMessage(button, outcome);
     restart_ = !message.empty();

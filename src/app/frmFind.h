@@ -29,7 +29,7 @@ public:
     /// text to look for.
     frmFind(Editor& editor, Store& store);
 
-    /// Shows or hides what belongs to replacing.
+    /// Shows or hides what belongs to replacing. The focus goes to the text to look for.
     void setShape(Shape shape);
 
 private:

@@ -87,6 +87,7 @@ QLayout* frmKLTMerger::buildList() {
 QLayout* frmKLTMerger::buildOutput() {
     Label2 = named<QLabel>("Label2", "Name of the compiled KLT File:");
     Text1 = named<RichTextBox>("Text1", RichTextBox::Kind::Field);
+    addFieldPopup(*Text1);
     nameBy(*Label2, *Text1);
     addFieldPopup(*Text1);
     cmdBrowse = named<QPushButton>("cmdBrowse", "&Browse...");

@@ -57,6 +57,16 @@ FindOutcome replaceSelected(TextArea& text, const FindRequest& request) {
     return {.result = 1};
 }
 
+/// Sets the text anew, but as an edit, so that one step takes it back. A part alone would take longer.
+void setWhole(TextArea& text, std::string_view whole) {
+    const RedrawFreeze freeze(text);
+    text.ColourRun(0, text.Length(), 0);
+    text.Select(0, text.Length());
+    text.SetSelText(whole);
+    text.ScrollToLine(0);
+    text.SetSelStart(0);
+}
+
 FindOutcome replaceAll(TextArea& text, const FindRequest& request) {
     if (tearsLineEnd(request.find)) return {};
     const TextRange part = rangeOf(text, request);
@@ -66,10 +76,7 @@ FindOutcome replaceAll(TextArea& text, const FindRequest& request) {
         FastReplace(old, part, request.find, request.with, request.options.matchCase, &count);
     if (count == 0) return {};
     const bool remains = whole.size() > old.size() - static_cast<size_t>(part.end - part.start);
-    if (remains) {
-        const RedrawFreeze freeze(text);
-        text.SetText(whole);
-    }
+    if (remains) setWhole(text, whole);
     return {.result = static_cast<Position>(count), .isNewText = remains};
 }
 

@@ -29,7 +29,7 @@ struct FindOutcome {
     Position result = kNotFound;
     /// The text was searched for the next match, which uses `startFromBeginning` up.
     bool searchedOn = false;
-    /// The whole text was set anew, and wants its base format.
+    /// The text was set anew, and wants its base format.
     bool isNewText = false;
 };
 
@@ -40,8 +40,8 @@ inline constexpr int kUntouchedCharacters = 11;
 ///
 /// `FindNext` selects the next match and scrolls its line to the top. `Replace` replaces a selected match,
 /// and without one finds the next and replaces that. Where nothing is found the caret goes to 0. `ReplaceAll`
-/// sets the whole text anew, whose styles, protection and undo history go; it knows no whole words, and
-/// leaves a text as it is of whose searched part nothing would remain.
+/// sets the text anew, in one step to undo; its styles and protection go, the caret goes to 0. It knows no
+/// whole words, and leaves a text as it is of whose searched part nothing would remain.
 FindOutcome runFind(TextArea& text, FindButton button, const FindRequest& request);
 
 /// What the user is told of the outcome; empty where it speaks for itself. What is told of ends the search:

@@ -71,6 +71,8 @@ TEST_F(FindTest, FindsByKeysAndTellsWhenNoMoreIsThere) {
 
     QTest::keyClick(&combo("Combo1"), Qt::Key_Enter);
     EXPECT_EQ(active().RichTextBox1->SelStart(), 20);
+    EXPECT_TRUE(panel(3).starts_with("Line 3 ")) << panel(3);
+    EXPECT_TRUE(window().findChild<QAction*>("ctbrToolbar(0).7")->isEnabled());
     EXPECT_FALSE(variables().SuppressCaretUpdate);
     control<QCheckBox>("chkStartFromBeginning").click();
     access(Qt::Key_N);
@@ -107,6 +109,10 @@ TEST_F(FindTest, ReplacesInTheOtherShape) {
     EXPECT_EQ(textOf(active()), "Version=2\r\none 2\r\nzwei three\r\nzwei");
     EXPECT_EQ(asked.back(), "Done replacing.\r\n2 replacements were made.");
     EXPECT_EQ(items("Combo2"), QStringList({"zwei", "2", "", ""}));
+    QTest::keyClick(active().RichTextBox1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(textOf(active()), "Version=2\r\none 2\r\nTWO three\r\ntwo");
+    QTest::keyClick(active().RichTextBox1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(textOf(active()), "Version=2\r\none two\r\nTWO three\r\ntwo");
 }
 
 TEST_F(FindTest, KeepsHistoryAndPlaceInTheStore) {
@@ -143,6 +149,7 @@ TEST_F(FindTest, StaysOpenForWhateverIsActive) {
     EXPECT_EQ(first.RichTextBox1->SelLength(), 0);
     openForm(Qt::Key_R);
     EXPECT_EQ(combo("Combo1").currentText(), "three") << "the same window in its other shape";
+    EXPECT_TRUE(combo("Combo1").hasFocus());
     window().closeDocument(active());
     window().closeDocument(active());
     press("cmdFindReplace(0)");
