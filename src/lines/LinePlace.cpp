@@ -26,6 +26,8 @@ void makeSubSection(TextArea& document, std::string_view subsection, const Categ
     const bool isFollowed =
         next < categories.list.size() &&
         document.Find('<' + categories.list[next] + '>', section.start, section.end) != kNotFound;
+    // Also where the next one is not there yet: in the text's last section the caret would stand at the
+    // header, and go from there into the section above.
     if (!isFollowed) document.SetSelStart(section.end);
     // Back over the line end in front; a text may end without one.
     const bool isBehindLine = document.SelStart() == document.Length() && !endsInLineEnd(document);
@@ -61,6 +63,12 @@ void GoToSubSection(TextArea& document, std::string_view section, std::string_vi
         makeSubSection(document, subsection, categories, range, isSectionNew);
     }
     document.SetSelStyle(static_cast<StyleByte>(StyleCategory::NormalText));
+}
+
+void GoToSection(TextArea& document, std::string_view section) {
+    EnsureSection(document, section);
+    document.UpTo(kLineEnd);
+    write(document, StyleCategory::NormalText, kLineEnd);
 }
 
 void ScrollToSection(TextArea& document, std::string_view section) {

@@ -28,6 +28,9 @@ struct CategoryList {
 void GoToSubSection(TextArea& document, std::string_view section, std::string_view subsection,
                     const CategoryList& categories);
 
+/// The same right under the header of a section that has no subsections.
+void GoToSection(TextArea& document, std::string_view section);
+
 /// Brings the line of the section to the top of the window; nothing without it.
 void ScrollToSection(TextArea& document, std::string_view section);
 

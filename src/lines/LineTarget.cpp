@@ -1,5 +1,6 @@
 #include "lines/LineTarget.h"
 
+#include "language/StyleCategory.h"
 #include "lines/LinePlace.h"
 #include "platform/TextAreaGuards.h"
 
@@ -26,7 +27,11 @@ PlacedLine::PlacedLine(AreaLookup document, std::string_view section, std::strin
       index_(index) {}
 
 std::optional<std::string_view> PlacedLine::select(TextArea& area) {
-    GoToSubSection(area, section_, subsection_, {categories_, index_});
+    if (subsection_.empty()) {
+        GoToSection(area, section_);
+    } else {
+        GoToSubSection(area, section_, subsection_, {categories_, index_});
+    }
     return "";
 }
 
@@ -34,6 +39,8 @@ std::optional<std::string_view> ReplacedLine::select(TextArea& area) {
     const auto length = static_cast<Position>(oldText_.size());
     if (area.Slice(start_, start_ + length) != oldText_) return std::nullopt;
     area.Select(start_, length);
+    // Like a new line; without it, it would look like the heading in front of it.
+    area.SetSelStyle(static_cast<StyleByte>(StyleCategory::NormalText));
     return "";
 }
 

@@ -39,9 +39,11 @@ private:
     AreaLookup area_;
 };
 
-/// The empty line that `GoToSubSection` finds or makes.
+/// The empty line that `GoToSubSection` finds or makes; in a section without subsections `GoToSection`.
 class PlacedLine : public LineTarget {
 public:
+    PlacedLine(AreaLookup document, std::string_view section)
+        : LineTarget(std::move(document)), section_(section) {}
     PlacedLine(AreaLookup document, std::string_view section, std::string subsection,
                std::vector<std::string> categories, int index);
 
@@ -52,7 +54,7 @@ private:
     std::string_view section_;
     std::string subsection_;
     std::vector<std::string> categories_;
-    int index_;
+    int index_ = -1;
 };
 
 /// The item that is edited, as long as it stands where it stood.

@@ -81,6 +81,7 @@ std::unique_ptr<LineTarget> Wizard::target() const {
         return std::make_unique<ReplacedLine>(opening_.target, opening_.item);
     if (opening_.mode == OpeningMode::Package) return std::make_unique<LineBox>(opening_.target);
     const PlaceRow& row = *place();
+    if (row.combo.empty()) return std::make_unique<PlacedLine>(opening_.target, row.section);
     const ControlState& combo = state.control(row.combo);
     return std::make_unique<PlacedLine>(opening_.target, row.section, '<' + combo.text + '>', combo.list,
                                         combo.state);

@@ -48,7 +48,7 @@ struct ControlRow {
     ControlKind kind = ControlKind::TextField;
     /// In front of a field or combo; the caption of an option, check or button.
     std::string_view label = {};
-    /// What the field is checked as, such as "cost("; empty for none.
+    /// What the field is checked as, such as "cost("; empty where only its parentheses are counted.
     std::string_view tag = {};
     /// The items of a fixed or completing combo.
     std::span<const std::string_view> items = {};

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "language/StyleCategory.h"
 #include "lines/LineTarget.h"
 #include "support/MemoryTextArea.h"
 
@@ -102,7 +103,9 @@ TEST(ReplacedLine, WritesOnlyWhereTheItemStillStands) {
     ReplacedLine target([&area] { return area; }, item);
 
     document.SetSelStart(document.Length());
+    document.ColourRun(0, 7, static_cast<StyleByte>(StyleCategory::Sections));
     EXPECT_TRUE(target.write({"Longer, 7"}));
+    EXPECT_EQ(document.StyleAt(7), static_cast<StyleByte>(StyleCategory::NormalText));
     EXPECT_EQ(document.Text(), "[ADS]\r\nLonger, 7\r\nJ, 6");
     document.Undo();
     EXPECT_EQ(document.Text(), "[ADS]\r\nI, 5\r\nJ, 6");

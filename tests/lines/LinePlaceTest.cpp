@@ -64,10 +64,16 @@ TEST(GoToSubSection, LeavesTheCaretOnAnEmptyLine) {
         {"missing in the last section too", "[S]/I, 1/", "<A>", {"A", "X"}, 0, "[S]/I, 1/<A>/^//"},
         {"any [ ends the section", "[S]/Item[x], 1/<A>/", "<A>", {"A"}, 0, "[S]/It/<A>/^/em[x], 1/<A>/"},
         {"found in an item too", "[S]/I, 1, needs(<A>)/<A>/", "<A>", {"A"}, 0, "[S]/I, 1, needs(<A>)/^/<A>/"},
+        {"in a section that has none", "[s] x/I, 1/", "", {}, -1, "[s] x/^/I, 1/"},
+        {"one that is not there", "x/", "", {}, -1, "x/[S]///^"},
     };
     for (const auto& row : rows) {
         MemoryTextArea document(withLineEnds(row.text));
-        GoToSubSection(document, "[S]", row.subsection, {row.list, row.index});
+        if (row.subsection.empty()) {
+            GoToSection(document, "[S]");
+        } else {
+            GoToSubSection(document, "[S]", row.subsection, {row.list, row.index});
+        }
         auto text = std::string(document.Text());
         EXPECT_EQ(document.SelLength(), 0) << row.name;
         EXPECT_EQ(text.insert(static_cast<size_t>(document.SelStart()), "^"), withLineEnds(row.result))
