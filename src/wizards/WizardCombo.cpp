@@ -57,6 +57,10 @@ WizardCombo::WizardCombo(ControlKind kind, ControlState& state, Store& store, co
         state_.text = text.toStdString();
         state_.state = -1;
     });
+    // The release of the arrow that chose the item would complete it to the first that begins like it.
+    connect(this, &QComboBox::activated, this, [this] {
+        if (isEditable()) lineEdit()->selectAll();
+    });
 }
 
 void WizardCombo::showState() {

@@ -61,12 +61,7 @@ private:
         auto& made = *new RichTextBox(RichTextBox::Kind::Field, &parent);
         made.setMinimumWidth(kFieldWidth);
         made.setWhatsThis(toQString(fieldHelp(row.tag)));
-        if (row.tag.empty()) {
-            services_.highlighter.SetFieldFormat(made);
-            closeParentheses(made, services_.store);
-        } else {
-            makeWizardField(made, std::string(row.tag), services_.highlighter, services_.store);
-        }
+        makeWizardField(made, std::string(row.tag), services_.highlighter, services_.store);
         addFieldPopup(made);
         return keepText(made, row);
     }

@@ -249,6 +249,7 @@ TEST_F(AdWizardTest, CombosCompleteAndKeep) {
         key(Qt::Key_Backtab);
         key(Qt::Key_Down);
         EXPECT_EQ(state.text + std::to_string(state.state), "Mental1");
+        EXPECT_EQ(combo.lineEdit()->selectedText(), "Mental") << "so that its beginning is not completed";
     });
 }
 

@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <functional>
 
+#include "language/StyleCategory.h"
 #include "settings/Catalogue.h"
 #include "settings/Store.h"
 #include "support/Scratch.h"
@@ -90,7 +91,11 @@ TEST_F(WizardAidsTest, AskAndPutTheAnswerIntoTheField) {
     field.SetText("+1 to \"DX\"");
     next([] {
         for (const auto* mark : {"Option2", "Check3"}) click(mark);
-        type("GivesValue", "3");
+        auto& value = *find<RichTextBox>("GivesValue");
+        type("GivesValue", ")3");
+        EXPECT_EQ(value.StyleAt(1), static_cast<StyleByte>(StyleCategory::SyntaxError));
+        QTest::keyClick(&value, Qt::Key_Delete);
+        EXPECT_EQ(value.StyleAt(0), static_cast<StyleByte>(StyleCategory::NormalText));
         const auto& target = *find<RichTextBox>("GivesTarget");
         aid("Command1", Qt::Key_S, [] { type("richReturn", "Knife", Qt::Key_Escape); });
         EXPECT_EQ(target.Text(), "");
