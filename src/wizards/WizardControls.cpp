@@ -177,6 +177,9 @@ WizardControls makeControls(QWidget& form, const WizardTable& table, WizardState
 }
 
 void showState(const WizardControls& controls, const WizardState& state) {
+    // What goes goes first: with both on show for a moment the form would grow, and stay so.
+    for (size_t i = 0; i < controls.controls.size(); ++i)
+        if (!state.controls()[i].isVisible) controls.controls[i].widget.hide();
     for (size_t i = 0; i < controls.controls.size(); ++i) {
         const auto& control = controls.controls[i];
         const FrameState* frame = control.row.frame.empty() ? nullptr : &state.frame(control.row.frame);

@@ -221,7 +221,10 @@ TEST_F(AdWizardTest, TellsWhereNoLineCanBeEdited) {
 TEST_F(AdWizardTest, CombosCompleteAndKeep) {
     open(file("a.klt", kHead));
     inWizard([&] {
+        choose("optQuirkType");
+        const int height = form_->height();
         choose("optAdType");
+        EXPECT_EQ(form_->height(), height);
         auto& combo = the<QComboBox>("cmbAdCat");
         const auto& state = form_->wizard().state.control("cmbAdCat");
         const auto pick = [&](const QString& typed) {
