@@ -54,10 +54,12 @@ frmKLTMerger::frmKLTMerger(CommonDialog1& fileDialog, Store& store, QWidget* own
     : QDialog(owner), fileDialog_(fileDialog), store_(store) {
     setObjectName("frmKLTMerger");
     setWindowTitle("KLT Merger");
-    auto* all = new QGridLayout(this);
-    all->addLayout(buildList(), 0, 0);
-    all->addLayout(buildOutput(), 1, 0);
-    all->addLayout(buildButtons(), 2, 0);
+    auto* files = new QGridLayout;
+    addList(*files);
+    addOutput(*files);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(files);
+    all->addLayout(buildButtons());
     Text1->SetText(withSeparator(fileDialog.InitDir()) + "MyKLT.klt");
     filesChanged();
     loadFileClicked();
@@ -67,7 +69,7 @@ frmKLTMerger::frmKLTMerger(CommonDialog1& fileDialog, Store& store, QWidget* own
     cmdAddFile->setFocus();
 }
 
-QLayout* frmKLTMerger::buildList() {
+void frmKLTMerger::addList(QGridLayout& grid) {
     constexpr QSize kListSize(420, 160);
     Label1 = named<QLabel>("Label1", "Files to be merged:");
     vbFilesToMerge = named<MergeFileList>("vbFilesToMerge");
@@ -75,27 +77,23 @@ QLayout* frmKLTMerger::buildList() {
     nameBy(*Label1, *vbFilesToMerge);
     cmdAddFile = named<QPushButton>("cmdAddFile", "&Add File");
     cmdRemoveFiles = named<QPushButton>("cmdRemoveFiles", "&Remove Files");
-    auto* grid = new QGridLayout;
-    grid->addWidget(Label1, 0, 0);
-    grid->addWidget(vbFilesToMerge, 1, 0, 3, 1);
-    grid->addWidget(cmdAddFile, 1, 1);
-    grid->addWidget(cmdRemoveFiles, 2, 1);
-    grid->setRowStretch(3, 1);
-    return grid;
+    grid.addWidget(Label1, 0, 0);
+    grid.addWidget(vbFilesToMerge, 1, 0, 3, 1);
+    grid.addWidget(cmdAddFile, 1, 1);
+    grid.addWidget(cmdRemoveFiles, 2, 1);
+    grid.setRowStretch(3, 1);
 }
 
-QLayout* frmKLTMerger::buildOutput() {
+void frmKLTMerger::addOutput(QGridLayout& grid) {
     Label2 = named<QLabel>("Label2", "Name of the compiled KLT File:");
     Text1 = named<RichTextBox>("Text1", RichTextBox::Kind::Field);
     addFieldPopup(*Text1);
     nameBy(*Label2, *Text1);
     addFieldPopup(*Text1);
     cmdBrowse = named<QPushButton>("cmdBrowse", "&Browse...");
-    auto* grid = new QGridLayout;
-    grid->addWidget(Label2, 0, 0);
-    grid->addWidget(Text1, 1, 0);
-    grid->addWidget(cmdBrowse, 1, 1);
-    return grid;
+    grid.addWidget(Label2, 4, 0);
+    grid.addWidget(Text1, 5, 0);
+    grid.addWidget(cmdBrowse, 5, 1);
 }
 
 QLayout* frmKLTMerger::buildButtons() {

@@ -5,6 +5,7 @@
 #include <vector>
 
 class QCheckBox;
+class QGridLayout;
 class QLabel;
 class QPushButton;
 
@@ -30,8 +31,8 @@ public:
     bool checksSyntax() const;
 
 private:
-    QLayout* buildList();
-    QLayout* buildOutput();
+    void addList(QGridLayout& grid);
+    void addOutput(QGridLayout& grid);
     QLayout* buildButtons();
     void wire();
 

@@ -46,9 +46,10 @@ FindOutcome findOn(TextArea& text, FindButton button, const FindRequest& request
         return {.searchedOn = true};
     }
     text.ScrollToLine(text.GetLineFromChar(found));
-    if (button == FindButton::FindNext) return {.result = found, .searchedOn = true};
-    text.SetSelText(request.with);
-    return {.result = 1, .searchedOn = true};
+    if (button == FindButton::Replace) text.SetSelText(request.with);
+    // Far out in a long line it would not be seen.
+    text.ScrollCaret();
+    return {.result = button == FindButton::FindNext ? found : 1, .searchedOn = true};
 }
 
 FindOutcome replaceSelected(TextArea& text, const FindRequest& request) {

@@ -38,7 +38,7 @@ inline constexpr int kUntouchedCharacters = 11;
 
 /// Carries out a press of a button on a text.
 ///
-/// `FindNext` selects the next match and scrolls its line to the top. `Replace` replaces a selected match,
+/// `FindNext` selects the next match, scrolls its line to the top and sideways to its end. `Replace` replaces a selected match,
 /// and without one finds the next and replaces that. Where nothing is found the caret goes to 0. `ReplaceAll`
 /// sets the text anew, in one step to undo; its styles and protection go, the caret goes to 0. It knows no
 /// whole words, and leaves a text as it is of whose searched part nothing would remain.

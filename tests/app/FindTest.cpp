@@ -143,9 +143,10 @@ TEST_F(FindTest, StaysOpenForWhateverIsActive) {
     openForm(Qt::Key_F);
     fill("Combo1", "three");
     auto& first = active();
-    open(file("b.klt", "Version=2\r\nThree"));
+    open(file("b.klt", "Version=2\r\n" + std::string(500, 'x') + " Three"));
     press("cmdFindReplace(0)");
     EXPECT_EQ(selected(), "Three");
+    EXPECT_GT(active().RichTextBox1->SendScintilla(RichTextBox::SCI_GETXOFFSET), 0) << "it is in sight";
     EXPECT_EQ(first.RichTextBox1->SelLength(), 0);
     openForm(Qt::Key_R);
     EXPECT_EQ(combo("Combo1").currentText(), "three") << "the same window in its other shape";
