@@ -89,7 +89,6 @@ void frmKLTMerger::addOutput(QGridLayout& grid) {
     Text1 = named<RichTextBox>("Text1", RichTextBox::Kind::Field);
     addFieldPopup(*Text1);
     nameBy(*Label2, *Text1);
-    addFieldPopup(*Text1);
     cmdBrowse = named<QPushButton>("cmdBrowse", "&Browse...");
     grid.addWidget(Label2, 4, 0);
     grid.addWidget(Text1, 5, 0);
