@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QWhatsThis>
 #include <array>
 #include <functional>
@@ -67,6 +68,11 @@ QString helpOn(const QWidget* widget) {
     return widget == nullptr ? QString() : widget->whatsThis();
 }
 
+void showHelp(QWidget& widget, QPoint global) {
+    const QString text = helpOn(&widget);
+    if (!text.isEmpty()) QWhatsThis::showText(global, text, &widget);
+}
+
 /// One without a caption is a separator.
 struct Row {
     const char* key = "";
@@ -108,40 +114,49 @@ void ShowFieldPopup(const Face& face, QPoint global) {
         item.setEnabled(row.isEnabled(face));
         QObject::connect(&item, &QAction::triggered, face.widget, face.*row.run);
     }
-    const QString text = helpOn(face.widget);
     QAction& help = addItem(*menu, "H1", "&Help", "F1");
-    help.setEnabled(!text.isEmpty());
+    help.setEnabled(!helpOn(face.widget).isEmpty());
     QObject::connect(&help, &QAction::triggered, face.widget,
-                     [widget = face.widget, text, global] { QWhatsThis::showText(global, text, widget); });
+                     [widget = face.widget, global] { showHelp(*widget, global); });
     menu->popup(global);
+}
+
+void addHelpKey(QWidget& field) {
+    auto* key = new QShortcut(Qt::Key_F1, &field);
+    key->setContext(Qt::WidgetShortcut);
+    QObject::connect(key, &QShortcut::activated, &field,
+                     [&field] { showHelp(field, field.mapToGlobal(field.rect().bottomLeft())); });
 }
 
 /// Stands between a combo and its own popup.
 class ComboPopup : public QObject {
 public:
-    explicit ComboPopup(QComboBox& combo) : QObject(&combo), edit_(*combo.lineEdit()) {
+    explicit ComboPopup(QComboBox& combo) : QObject(&combo), combo_(combo) {
         // The keys reach the combo, the mouse its line.
         combo.installEventFilter(this);
-        edit_.installEventFilter(this);
+        combo.lineEdit()->installEventFilter(this);
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override {
+        // None once the combo takes no text of the user's own.
+        QLineEdit* const edit = combo_.lineEdit();
+        if (edit == nullptr) return false;
         if (event->type() == QEvent::ContextMenu) {
             const auto& wish = static_cast<QContextMenuEvent&>(*event);
             // The right button's popup comes with its release.
-            if (wish.reason() != QContextMenuEvent::Mouse) ShowFieldPopup(faceOf(edit_), wish.globalPos());
+            if (wish.reason() != QContextMenuEvent::Mouse) ShowFieldPopup(faceOf(*edit), wish.globalPos());
             return true;
         }
-        if (receiver == &edit_ && event->type() == QEvent::MouseButtonRelease) {
+        if (receiver == edit && event->type() == QEvent::MouseButtonRelease) {
             const auto& release = static_cast<QMouseEvent&>(*event);
             if (release.button() == Qt::RightButton)
-                ShowFieldPopup(faceOf(edit_), release.globalPosition().toPoint());
+                ShowFieldPopup(faceOf(*edit), release.globalPosition().toPoint());
         }
         return false;
     }
 
 private:
-    QLineEdit& edit_;
+    QComboBox& combo_;
 };
 
 }  // namespace
@@ -149,10 +164,12 @@ private:
 void addFieldPopup(RichTextBox& field) {
     QObject::connect(&field, &RichTextBox::popupWanted, &field,
                      [&field](QPoint global) { ShowFieldPopup(faceOf(field), global); });
+    addHelpKey(field);
 }
 
 void addFieldPopup(QComboBox& combo) {
     new ComboPopup(combo);
+    addHelpKey(combo);
 }
 
 }  // namespace klt

@@ -7,8 +7,8 @@ namespace klt {
 class RichTextBox;
 
 /// From now on the right mouse button, or the keyboard's menu key, opens the popup "SingleItemRTFPopup" over
-/// the field: what the Edit menu does to a text, for one line. Its help is the field's own text for "What's
-/// This?", or that of what it stands in.
+/// the field: what the Edit menu does to a text, for one line. Its help, which F1 shows too, is the field's
+/// own text for "What's This?", or that of what it stands in.
 void addFieldPopup(RichTextBox& field);
 /// The same for the text of a combo.
 void addFieldPopup(QComboBox& combo);

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "language/EditedLine.h"
 #include "lines/AdvantageLine.h"
@@ -277,6 +278,10 @@ TEST_F(AdWizardTest, FieldsAndCombosHaveThePopup) {
             QTest::keyClick(popup, Qt::Key_S);
         }
         EXPECT_EQ(box.SelText(), "abc");
+        box.setFocus();
+        key(Qt::Key_F1);
+        EXPECT_TRUE(std::ranges::any_of(QApplication::topLevelWidgets(),
+                                        [](auto* each) { return each->inherits("QWhatsThat"); }));
     });
 }
 
