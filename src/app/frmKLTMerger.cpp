@@ -87,6 +87,7 @@ void frmKLTMerger::addList(QGridLayout& grid) {
 void frmKLTMerger::addOutput(QGridLayout& grid) {
     Label2 = named<QLabel>("Label2", "Name of the compiled KLT File:");
     Text1 = named<RichTextBox>("Text1", RichTextBox::Kind::Field);
+    addFieldPopup(*Text1);
     nameBy(*Label2, *Text1);
     cmdBrowse = named<QPushButton>("cmdBrowse", "&Browse...");
     grid.addWidget(Label2, 4, 0);

@@ -1,5 +1,6 @@
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -113,6 +114,11 @@ TEST_F(FindTest, ReplacesInTheOtherShape) {
     EXPECT_EQ(textOf(active()), "Version=2\r\none 2\r\nTWO three\r\ntwo");
     QTest::keyClick(active().RichTextBox1, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(textOf(active()), "Version=2\r\none two\r\nTWO three\r\ntwo");
+
+    QTest::mouseClick(combo("Combo2").lineEdit(), Qt::RightButton);
+    auto* popup = QApplication::activePopupWidget();
+    ASSERT_TRUE(popup != nullptr && popup->objectName() == "SingleItemRTFPopup");
+    popup->close();
 }
 
 TEST_F(FindTest, KeepsHistoryAndPlaceInTheStore) {

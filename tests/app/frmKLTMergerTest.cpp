@@ -152,6 +152,11 @@ TEST_F(MergerTest, TheOutputsNameEndsInKlt) {
         QTest::keyClick(&text, Qt::Key_Backspace);
         EXPECT_EQ(output(), "ab.kl.klt");
 
+        QTest::mouseClick(text.viewport(), Qt::RightButton);
+        auto* popup = QApplication::activePopupWidget();
+        ASSERT_TRUE(popup != nullptr && popup->objectName() == "SingleItemRTFPopup");
+        popup->close();
+
         answerFileDialog(home / "out");
         press("cmdBrowse");
         EXPECT_EQ(lastTitle, "Select Data File Name");
