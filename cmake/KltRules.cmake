@@ -7,7 +7,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    # Without these it would leave out whatever is compiled with a precompiled header.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
 add_library(klt_warnings INTERFACE)
@@ -27,6 +28,9 @@ function(klt_folder name)
     target_link_libraries(klt_${name} PUBLIC ${ARG_USES} PRIVATE klt_warnings)
 endfunction()
 
+# What is tested is optimised; optimising the tests takes longer than running them.
+set(KLT_TEST_OPTIONS -O0 -g1)
+
 # klt_test(FOLDER/NAME USES TARGET... [WINDOW] [PATHS])
 # One test program from tests/FOLDER/NAME.cpp, labelled with its folder. WINDOW gives it an offscreen Qt, PATHS
 # tells it where the sources, the test data and the programs are. The others are the same wherever they are
@@ -41,11 +45,12 @@ function(klt_test path)
     target_link_libraries(${name} PRIVATE klt_warnings klt_test_support ${ARG_USES})
     if(ARG_WINDOW)
         target_link_libraries(${name} PRIVATE klt_test_window)
+        target_precompile_headers(${name} REUSE_FROM klt_test_window)
     else()
-        target_link_libraries(${name} PRIVATE GTest::gtest_main)
+        target_link_libraries(${name} PRIVATE klt_test_main)
+        target_precompile_headers(${name} REUSE_FROM klt_test_main)
     endif()
-    # What is tested is optimised; optimising the tests takes longer than running them.
-    target_compile_options(${name} PRIVATE -O0 -g1)
+    target_compile_options(${name} PRIVATE ${KLT_TEST_OPTIONS})
     if(ARG_PATHS)
         target_compile_definitions(${name} PRIVATE
             KLT_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data" KLT_SOURCE="${CMAKE_SOURCE_DIR}"
