@@ -14,8 +14,8 @@ void needApplication() {
     // Not destroyed: nothing may outlive it, and the process ends anyway.
     static auto* const application = new QApplication(argc, argv);
     benchmark::DoNotOptimize(application);
-    // The offscreen platform behaves as if a screen reader ran, for which the library counts characters from the
-    // text's start at each move.
+    // The offscreen platform behaves as if a screen reader ran, for which the library counts characters from
+    // the text's start at each move.
     QAccessible::setActive(false);
 }
 

@@ -28,10 +28,10 @@ struct BreakPoint {
     bool operator==(const BreakPoint&) const = default;
 };
 
-/// The places, in ascending order, where the rules of the language let the physical line end; whether the checker
-/// finds the same behind such a break is not asked here. None where the line may not be broken at all: where it
-/// holds `//` or a line end, is no item line, stands in a section whose lines are no logical ones, or is a package
-/// line that neither adds nor creates an item.
+/// The places, in ascending order, where the rules of the language let the physical line end; whether the
+/// checker finds the same behind such a break is not asked here. None where the line may not be broken at
+/// all: where it holds `//` or a line end, is no item line, stands in a section whose lines are no logical
+/// ones, or is a package line that neither adds nor creates an item.
 std::vector<BreakPoint> breakPoints(std::string_view line, Section section);
 
 }  // namespace klt

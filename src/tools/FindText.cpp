@@ -5,6 +5,7 @@
 #include "platform/LineEnds.h"
 #include "platform/TextAreaGuards.h"
 #include "platform/TextOperations.h"
+#include "platform/TextSearch.h"
 #include "platform/Unicode.h"
 
 namespace klt {
@@ -68,11 +69,23 @@ void setWhole(TextArea& text, std::string_view whole) {
     text.SetSelStart(0);
 }
 
+/// Whether the text with all replacements would be more than a gibibyte.
+bool becomesTooLong(std::string_view old, TextRange part, const FindRequest& request) {
+    constexpr size_t kLongest = size_t{1} << 30;
+    if (request.with.size() <= request.find.size()) return false;
+    size_t length = old.size();
+    TextSearch(request.find, request.options.matchCase).each(old, part.start, part.end, [&](TextRange) {
+        length += request.with.size() - 1;
+    });
+    return length > kLongest;
+}
+
 FindOutcome replaceAll(TextArea& text, const FindRequest& request) {
     if (tearsLineEnd(request.find)) return {};
     const TextRange part = rangeOf(text, request);
     size_t count = 0;
     const auto old = text.Text();
+    if (becomesTooLong(old, part, request)) return {.isTooLong = true};
     const std::string whole =
         FastReplace(old, part, request.find, request.with, request.options.matchCase, &count);
     if (count == 0) return {};
@@ -91,6 +104,7 @@ FindOutcome runFind(TextArea& text, FindButton button, const FindRequest& reques
 }
 
 std::string findMessage(FindButton button, const FindOutcome& outcome) {
+    if (outcome.isTooLong) return "The text would become too long. Nothing was replaced.";
     if (outcome.result == kNotFound) return "Can't find any matches.";
     if (button != FindButton::ReplaceAll) return {};
     const char* const verb = outcome.result == 1 ? " replacement was" : " replacements were";

@@ -31,6 +31,8 @@ struct FindOutcome {
     bool searchedOn = false;
     /// The text was set anew, and wants its base format.
     bool isNewText = false;
+    /// Nothing was replaced, since the text would have become longer than a box can hold.
+    bool isTooLong = false;
 };
 
 /// How many characters at the start of a text, the version line and its line end, no search touches.
@@ -38,10 +40,10 @@ inline constexpr int kUntouchedCharacters = 11;
 
 /// Carries out a press of a button on a text.
 ///
-/// `FindNext` selects the next match, scrolls its line to the top and sideways to its end. `Replace` replaces a selected match,
-/// and without one finds the next and replaces that. Where nothing is found the caret goes to 0. `ReplaceAll`
-/// sets the text anew, in one step to undo; its styles and protection go, the caret goes to 0. It knows no
-/// whole words, and leaves a text as it is of whose searched part nothing would remain.
+/// `FindNext` selects the next match, scrolls its line to the top and sideways to its end. `Replace` replaces
+/// a selected match, and without one finds the next and replaces that. Where nothing is found the caret goes
+/// to 0. `ReplaceAll` sets the text anew, in one step to undo; its styles and protection go, the caret goes
+/// to 0. It knows no whole words, and leaves a text as it is of whose searched part nothing would remain.
 FindOutcome runFind(TextArea& text, FindButton button, const FindRequest& request);
 
 /// What the user is told of the outcome; empty where it speaks for itself. What is told of ends the search:

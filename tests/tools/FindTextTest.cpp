@@ -110,6 +110,13 @@ TEST(FindText, ScrollsTheFoundLineToTheTopAndLaysPlainStyle) {
     EXPECT_FALSE(area.isFrozen());
 }
 
+TEST(FindText, RefusesToMakeATextTooLong) {
+    MemoryTextArea area(std::string(3'000'000, 'a'));
+    const auto outcome = runFind(area, ReplaceAll, {"a", std::string(400, 'b'), {}, All});
+    EXPECT_EQ(findMessage(ReplaceAll, outcome), "The text would become too long. Nothing was replaced.");
+    EXPECT_EQ(area.Length(), 3'000'000);
+}
+
 TEST(FindText, TellsWhatCameOfIt) {
     EXPECT_EQ(findMessage(FindNext, {11, true}) + findMessage(Replace, {1, true}), "");
     EXPECT_EQ(findMessage(FindNext, {}), "Can't find any matches.");
