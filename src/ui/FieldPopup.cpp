@@ -138,6 +138,8 @@ public:
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override {
+        // Others come also while the combo is being destroyed.
+        if (event->type() != QEvent::ContextMenu && event->type() != QEvent::MouseButtonRelease) return false;
         // None once the combo takes no text of the user's own.
         QLineEdit* const edit = combo_.lineEdit();
         if (edit == nullptr) return false;
