@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -49,11 +50,14 @@ public:
 
 protected:
     void accept() override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
     QLineEdit* nameEdit() const { return findChild<QLineEdit*>("fileNameEdit"); }
     bool isPoliced() const { return properties_.DialogTitle == kPolicedTitle; }
     void police();
+    bool isChoicePermitted() const;
+    std::vector<QPushButton*> buttons() const;
     bool refusesChoice();
 
     CommonDialog1& properties_;
@@ -64,6 +68,7 @@ void CommonDialog1::Dialog::prepare(QWidget* owner, bool save) {
     const unsigned flags = properties_.Flags;
     setWindowTitle(QString::fromStdString(properties_.DialogTitle));
     setAcceptMode(save ? AcceptSave : AcceptOpen);
+    for (auto* button : buttons()) button->installEventFilter(this);
     setFileMode(flags & kAllowMultiselect ? ExistingFiles : flags & kFileMustExist ? ExistingFile : AnyFile);
     setOption(DontConfirmOverwrite, !(flags & kOverwritePrompt));
     const auto filter = SplitText(properties_.Filter, "|");
@@ -85,14 +90,32 @@ std::vector<std::string> CommonDialog1::Dialog::chosen() const {
     return paths;
 }
 
+bool CommonDialog1::Dialog::isChoicePermitted() const {
+    const auto paths = chosen();
+    return std::all_of(paths.begin(), paths.end(), mayBeMerged);
+}
+
 void CommonDialog1::Dialog::police() {
     if (!isPoliced() || nameEdit()->text().isEmpty()) return;
-    const auto paths = chosen();
-    const bool permitted = std::all_of(paths.begin(), paths.end(), mayBeMerged);
-    for (const auto which : {QDialogButtonBox::Open, QDialogButtonBox::Save}) {
-        auto* button = findChild<QDialogButtonBox*>()->button(which);
-        if (button) button->setEnabled(permitted);
+    const bool permitted = isChoicePermitted();
+    for (auto* button : buttons()) button->setEnabled(permitted);
+}
+
+std::vector<QPushButton*> CommonDialog1::Dialog::buttons() const {
+    std::vector<QPushButton*> all;
+    for (const auto which : {QDialogButtonBox::Open, QDialogButtonBox::Save})
+        if (auto* button = findChild<QDialogButtonBox*>()->button(which)) all.push_back(button);
+    return all;
+}
+
+/// The dialog enables its button also on occasions of its own, such as a folder read to its end.
+bool CommonDialog1::Dialog::eventFilter(QObject* receiver, QEvent* event) {
+    auto* button = qobject_cast<QPushButton*>(receiver);
+    if (button && event->type() == QEvent::EnabledChange && button->isEnabled() && isPoliced() &&
+        !nameEdit()->text().isEmpty() && !isChoicePermitted()) {
+        button->setEnabled(false);
     }
+    return QFileDialog::eventFilter(receiver, event);
 }
 
 /// Whether the choice may not stand; the user is told unless the button said so already.
