@@ -9,19 +9,17 @@ using namespace klt;
 namespace {
 
 struct Checked {
+    Checked(std::string bytes, std::string_view section, Position slice) : text(std::move(bytes)) {
+        state.SetCurrentSection(section);
+        DocumentPass pass(text, state, nullptr, &errors);
+        while (pass.advance(slice)) {
+        }
+    }
+
     StyledText text;
     CheckerState state;
     ErrorRuns errors;
 };
-
-Checked check(const std::string& text, std::string_view section, Position slice) {
-    Checked checked{StyledText(text), {}, {}};
-    checked.state.SetCurrentSection(section);
-    DocumentPass pass(checked.text, checked.state, nullptr, &checked.errors);
-    while (pass.advance(slice)) {
-    }
-    return checked;
-}
 
 }  // namespace
 
@@ -30,16 +28,16 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
     const auto section = kSectionNames[data[0] % kSectionNames.size()];
     const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
 
-    const auto whole = check(text, section, static_cast<Position>(text.size()) + 1);
+    const Checked whole(text, section, static_cast<Position>(text.size()) + 1);
     fuzz::requireSound(text, whole.text, whole.errors);
     for (const Position slice : {1, 3}) {
-        const auto sliced = check(text, section, slice);
+        const Checked sliced(text, section, slice);
         fuzz::require(sliced.text.text() == whole.text.text() &&
                           sliced.text.styles() == whole.text.styles() && sliced.errors == whole.errors &&
                           sliced.state == whole.state,
                       "whole equals sliced");
     }
-    const auto again = check(std::string(whole.text.text()), section, 7);
+    const Checked again(std::string(whole.text.text()), section, 7);
     fuzz::require(again.text.styles() == whole.text.styles(), "a second pass lays the same styles");
 
     StyledText preview(text);
