@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <algorithm>
+#include <future>
 
 #include "app/frmKLTChecker.h"
 #include "ui/modKLTSyntaxHighlighter.h"
@@ -12,8 +14,6 @@ namespace {
 // Between two slices events run: often enough for a button to answer, seldom enough to cost nothing.
 constexpr qint64 kSliceMilliseconds = 16;
 constexpr Position kLinesAtOnce = 200;
-// The check of a line may still colour the byte in front of it.
-constexpr Position kUnsettled = 8;
 
 }  // namespace
 
@@ -37,13 +37,19 @@ WindowPass::~WindowPass() {
 void WindowPass::run() {
     const Position firstVisible = box_.FirstVisibleLine();
     QCoreApplication::processEvents();
-    while (slice()) {
+    for (bool goesOn = slice(); goesOn;) {
         tell();
         if (!locked_) showFinishedPart();
         QCoreApplication::processEvents();
+        const Position finished = settledEnd();
+        // Where no thread is to be had it is scanned afterwards.
+        auto next = std::async(std::launch::async | std::launch::deferred, [this] { return slice(); });
+        layStylesTo(finished);
+        goesOn = next.get();
     }
+    layStylesTo(text_.size());
+    box_.SetProtectedRuns(versionRuns(text_.styles()));
     box_.lettersChanged();
-    layStyles(box_, text_.styles());
     box_.ScrollToLine(firstVisible);
     box_.ScrollCaret();
     box_.EmptyUndoBuffer();
@@ -76,17 +82,27 @@ void WindowPass::setLocked(bool locked) {
     if (std::exchange(locked_, locked) == locked) return;
     if (locked) return freeze_.emplace(box_), void();
     // What has not been checked yet shows none of the colours of an earlier pass.
-    if (shown_ == 0) box_.SetBaseStyle(static_cast<StyleByte>(StyleCategory::NormalText));
+    box_.ColourRun(laid_, box_.Length(), static_cast<StyleByte>(StyleCategory::NormalText));
     showFinishedPart();
     freeze_.reset();
 }
 
 void WindowPass::showFinishedPart() {
-    const Position end = std::max(shown_, pass_.position() - kUnsettled);
+    layStylesTo(settledEnd());
     box_.lettersChanged();
-    box_.LayStyles(shown_,
-                   text_.styles().substr(static_cast<size_t>(shown_), static_cast<size_t>(end - shown_)));
-    shown_ = end;
+}
+
+/// The check of the next line may still colour the byte in front of it.
+Position WindowPass::settledEnd() const {
+    constexpr Position kUnsettled = 8;
+    return std::max(laid_, pass_.position() - kUnsettled);
+}
+
+void WindowPass::layStylesTo(Position end) {
+    if (end <= laid_) return;
+    box_.LayStyles(laid_,
+                   text_.styles().substr(static_cast<size_t>(laid_), static_cast<size_t>(end - laid_)));
+    laid_ = end;
 }
 
 }  // namespace klt

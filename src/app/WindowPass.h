@@ -13,7 +13,8 @@ class RichTextBox;
 class frmKLTChecker;
 
 /// One pass over the text in a box, slice by slice, with events let run in between. Meanwhile the box takes
-/// no edit and is not redrawn, unless the user unlocks it to watch.
+/// no edit and is not redrawn, unless the user unlocks it to watch. While one slice is scanned on a thread of
+/// its own, the styles of those before are handed to the box; nothing else runs beside a scan.
 class WindowPass : public QObject, private PassObserver {
 public:
     /// `progress` may be null. All must outlive the pass.
@@ -32,6 +33,8 @@ private:
     void tell();
     void setLocked(bool locked);
     void showFinishedPart();
+    void layStylesTo(Position end);
+    Position settledEnd() const;
 
     RichTextBox& box_;
     frmKLTChecker* progress_;
@@ -39,7 +42,7 @@ private:
     std::optional<RedrawFreeze> freeze_;
     StyledText text_;
     DocumentPass pass_;
-    Position shown_ = 0;  // the place up to which an unlocked box shows the result
+    Position laid_ = 0;  // the place up to which the box has the styles
     bool locked_ = true;
 
     std::string section_;

@@ -316,6 +316,10 @@ void RichTextBox::ColourRun(Position start, Position end, StyleByte style, bool 
 void RichTextBox::SetStyles(std::string_view styles, const std::vector<TextRange>& runs) {
     if (static_cast<Position>(styles.size()) != Length()) return;
     LayStyles(0, styles);
+    SetProtectedRuns(runs);
+}
+
+void RichTextBox::SetProtectedRuns(const std::vector<TextRange>& runs) {
     protection_.clear();
     for (const TextRange& run : runs) {
         if (run.start < run.end) protection_.protect(snapped(run.start, run.end - run.start));

@@ -84,6 +84,8 @@ public:
     void SetBaseStyle(StyleByte style);
     /// Lays a style on each of as many bytes from `start`; protection stays.
     void LayStyles(Position start, std::string_view styles);
+    /// Protects these runs alone. With runs it empties the undo history.
+    void SetProtectedRuns(const std::vector<TextRange>& runs);
     /// The text where it stands, good until the next edit: a pass may put letters over those that differ in
     /// ASCII case alone, for that changes no line, length or style. `lettersChanged` then shows them.
     std::span<char> letters();

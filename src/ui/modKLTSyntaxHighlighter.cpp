@@ -17,18 +17,6 @@ StyleFormats formatsOf(const StyleTable& styles) {
     return formats;
 }
 
-/// The stretches of version lines, which no other text is coloured like.
-std::vector<TextRange> versionRuns(std::string_view styles) {
-    constexpr char kVersion = static_cast<char>(StyleCategory::VersionInformation);
-    std::vector<TextRange> runs;
-    for (size_t start = styles.find(kVersion); start != styles.npos; start = styles.find(kVersion, start)) {
-        const size_t end = std::min(styles.find_first_not_of(kVersion, start), styles.size());
-        runs.push_back({static_cast<Position>(start), static_cast<Position>(end)});
-        start = end;
-    }
-    return runs;
-}
-
 }  // namespace
 
 void modKLTSyntaxHighlighter::LoadStyles(RichTextBox& text) {
@@ -63,6 +51,18 @@ void modKLTSyntaxHighlighter::ColourRange(RichTextBox& text, Position from, Posi
     CheckRange(checked, state, from, to);
     text.RewriteRun(0, checked.text());
     layStyles(text, checked.styles());
+}
+
+std::vector<TextRange> versionRuns(std::string_view styles) {
+    // No other text is coloured like them.
+    constexpr char kVersion = static_cast<char>(StyleCategory::VersionInformation);
+    std::vector<TextRange> runs;
+    for (size_t start = styles.find(kVersion); start != styles.npos; start = styles.find(kVersion, start)) {
+        const size_t end = std::min(styles.find_first_not_of(kVersion, start), styles.size());
+        runs.push_back({static_cast<Position>(start), static_cast<Position>(end)});
+        start = end;
+    }
+    return runs;
 }
 
 void layStyles(RichTextBox& box, std::string_view styles) {

@@ -36,6 +36,9 @@ private:
     CRegSettings& settings_;
 };
 
+/// The version lines of a text with these styles: what is to be protected.
+std::vector<TextRange> versionRuns(std::string_view styles);
+
 /// Lays what a check came to, a style for each byte of the box's text, and protects the version lines.
 void layStyles(RichTextBox& box, std::string_view styles);
 
