@@ -270,16 +270,19 @@ StyleByte RichTextBox::StyleAt(Position place) const {
     return static_cast<StyleByte>(send(SCI_GETSTYLEAT, place));
 }
 
-std::string RichTextBox::Styles() const {
+std::string RichTextBox::Styles(Position start, Position end) const {
     constexpr Position kBlock = 65536;
-    std::string styles(static_cast<size_t>(Length()), '\0');
-    std::string cells(2 * kBlock + 2, '\0');
-    for (Position start = 0; start < Length(); start += kBlock) {
-        const Position end = std::min(start + kBlock, Length());
-        SendScintilla(SCI_GETSTYLEDTEXT, start, end, cells.data());
-        for (Position at = start; at < end; ++at) {
-            styles[static_cast<size_t>(at)] = cells[static_cast<size_t>(2 * (at - start) + 1)];
-        }
+    start = std::max<Position>(start, 0);
+    end = std::min(end, Length());
+    std::string styles;
+    if (start >= end) return styles;
+    styles.reserve(static_cast<size_t>(end - start));
+    // Each byte stands in front of its style, two NULs behind them all.
+    std::string cells(static_cast<size_t>(2 * std::min(kBlock, end - start) + 2), '\0');
+    for (; start < end; start += kBlock) {
+        const Position length = std::min(kBlock, end - start);
+        SendScintilla(SCI_GETSTYLEDTEXT, start, start + length, cells.data());
+        for (Position at = 0; at < length; ++at) styles += cells[static_cast<size_t>(2 * at + 1)];
     }
     return styles;
 }
@@ -379,10 +382,10 @@ void RichTextBox::lettersChanged() {
 
 QString RichTextBox::StyleRuns() const {
     QStringList lines;
-    const Position length = Length();
-    for (Position start = 0, end = 0; start < length; start = end) {
-        const StyleByte style = StyleAt(start);
-        while (end < length && StyleAt(end) == style) ++end;
+    const std::string styles = Styles();
+    for (size_t start = 0, end = 0; start < styles.size(); start = end) {
+        end = std::min(styles.find_first_not_of(styles[start], start), styles.size());
+        const auto style = static_cast<StyleByte>(styles[start]);
         if (style == 0 || style >= kStyleCategoryNames.size()) continue;
         const std::string_view name = kStyleCategoryNames[style];
         lines << QStringLiteral("%1 %2 %3")

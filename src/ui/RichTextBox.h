@@ -90,8 +90,9 @@ public:
     /// ASCII case alone, for that changes no line, length or style. `lettersChanged` then shows them.
     std::span<char> letters();
     void lettersChanged();
-    /// The style of each byte.
-    std::string Styles() const;
+    /// The style of each byte of [start, end), clamped to the text.
+    std::string Styles(Position start, Position end) const;
+    std::string Styles() const { return Styles(0, Length()); }
 
     /// Takes one font for all styles; colours stay.
     void setTextFont(const TextFont& font);

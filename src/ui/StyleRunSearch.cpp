@@ -1,7 +1,7 @@
 #include "ui/StyleRunSearch.h"
 
 #include <algorithm>
-#include <memory>
+#include <string>
 
 namespace klt {
 namespace {
@@ -40,18 +40,13 @@ private:
     static constexpr Position kBlock = 16384;
 
     bool has(StyleByte style) const { return style == style_; }
-    void read(Position start, Position end) {
-        box_.SendScintilla(QsciScintillaBase::SCI_GETSTYLEDTEXT, start, end, cells_.get());
-    }
-    /// Each byte stands in front of its style, two NULs behind them all.
-    StyleByte cell(Position at) const {
-        return static_cast<StyleByte>(cells_[static_cast<size_t>(2 * at + 1)]);
-    }
+    void read(Position start, Position end) { block_ = box_.Styles(start, end); }
+    StyleByte cell(Position at) const { return static_cast<StyleByte>(block_[static_cast<size_t>(at)]); }
 
     const RichTextBox& box_;
     StyleByte style_;
     Position length_;
-    std::unique_ptr<char[]> cells_ = std::make_unique<char[]>(2 * kBlock + 2);
+    std::string block_;
 };
 
 }  // namespace
