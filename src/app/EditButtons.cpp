@@ -1,12 +1,13 @@
 #include "app/EditButtons.h"
 
 #include "app/Toolbars.h"
+#include "language/LogicalLine.h"
 #include "platform/TextArea.h"
 
 namespace klt {
 namespace {
 
-constexpr Position kFirstLineLength = std::string_view("Version=2").size();
+constexpr Position kFirstLineLength = kVersionLine.size();
 
 }  // namespace
 

@@ -1,11 +1,11 @@
 #include "app/EditRules.h"
 
-#include <string_view>
+#include "language/LogicalLine.h"
 
 namespace klt {
 namespace {
 
-constexpr Position kFirstLineLength = std::string_view("Version=2").size();
+constexpr Position kFirstLineLength = kVersionLine.size();
 
 }  // namespace
 
