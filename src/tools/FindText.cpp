@@ -72,7 +72,8 @@ void setWhole(TextArea& text, std::string_view whole) {
 /// Whether the text with all replacements would be more than a gibibyte.
 bool becomesTooLong(std::string_view old, TextRange part, const FindRequest& request) {
     constexpr size_t kLongest = size_t{1} << 30;
-    if (request.with.size() <= request.find.size()) return false;
+    // Were every byte a match: then nothing need be counted.
+    if (request.with.empty() || old.size() * request.with.size() <= kLongest) return false;
     size_t length = old.size();
     TextSearch(request.find, request.options.matchCase).each(old, part.start, part.end, [&](TextRange) {
         length += request.with.size() - 1;
