@@ -5,8 +5,8 @@
 #include <string>
 
 #include "SampleText.h"
-#include "lines/AdvantageLine.h"
-#include "lines/Wizard.h"
+#include "wizards/AdvantageWizard.h"
+#include "wizards/Wizard.h"
 
 namespace {
 

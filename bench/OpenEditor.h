@@ -11,7 +11,7 @@
 #include "Application.h"
 #include "SampleText.h"
 #include "app/Editor.h"
-#include "app/frmKLTEditor.h"
+#include "app/documents/frmKLTEditor.h"
 #include "settings/Store.h"
 
 namespace klt {

@@ -6,12 +6,12 @@
 
 #include "Application.h"
 #include "SampleText.h"
-#include "lines/AdvantageLine.h"
-#include "lines/Wizard.h"
-#include "platform/LineEnds.h"
-#include "platform/TextSearch.h"
+#include "text/LineEnds.h"
+#include "text/TextSearch.h"
 #include "tools/FindText.h"
 #include "ui/RichTextBox.h"
+#include "wizards/AdvantageWizard.h"
+#include "wizards/Wizard.h"
 
 namespace klt {
 namespace {

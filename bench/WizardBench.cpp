@@ -9,8 +9,8 @@
 #include <QTimer>
 
 #include "OpenEditor.h"
-#include "lines/AdvantageLine.h"
-#include "wizards/WizardForm.h"
+#include "forms/WizardForm.h"
+#include "wizards/AdvantageWizard.h"
 
 namespace klt {
 namespace {

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "checker/ErrorReason.h"
-#include "language/Ascii.h"
 #include "language/StyledText.h"
+#include "text/Ascii.h"
 
 namespace klt::fuzz {
 
@@ -19,7 +19,7 @@ inline void require(bool holds, const char* what) {
 
 /// What holds of every text after every check.
 inline void requireSound(std::string_view before, const StyledText& after, const ErrorRuns& errors) {
-    require(equalsIgnoreCase(before, after.text()), "only the case of letters changes");
+    require(equalIgnoringAsciiCase(before, after.text()), "only the case of letters changes");
     require(after.styles().size() == before.size(), "a style for each byte");
     for (const char style : after.styles())
         require(static_cast<size_t>(style) < kStyleCategoryNames.size(), "every style is a category");

@@ -2,9 +2,9 @@
 // chooses the caret's place, the second how lines are broken.
 
 #include "CheckInvariants.h"
-#include "lines/AdvantageLine.h"
-#include "lines/Wizard.h"
 #include "support/MemoryTextArea.h"
+#include "wizards/AdvantageWizard.h"
+#include "wizards/Wizard.h"
 
 using namespace klt;
 

@@ -1,8 +1,8 @@
 // Merging: the bytes of several files, with a NUL between them.
 
 #include "CheckInvariants.h"
-#include "platform/Encoding.h"
 #include "support/MergeFault.h"
+#include "text/Encoding.h"
 #include "tools/MergeFiles.h"
 
 using namespace klt;

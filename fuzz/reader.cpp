@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/Encoding.h"
-#include "platform/LineEnds.h"
-#include "platform/Unicode.h"
+#include "text/Encoding.h"
+#include "text/LineEnds.h"
+#include "text/Unicode.h"
 
 namespace {
 

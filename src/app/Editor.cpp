@@ -4,14 +4,14 @@
 #include <QPointer>
 #include <utility>
 
-#include "app/Commands.h"
-#include "app/ErrorWalk.h"
-#include "app/frmKLTMerger.h"
+#include "app/commands/Commands.h"
+#include "app/dialogs/frmKLTMerger.h"
+#include "app/documents/ErrorWalk.h"
 #include "platform/CommandLine.h"
 #include "platform/KeptCopies.h"
 #include "platform/Paths.h"
+#include "platform/ProgramNames.h"
 #include "platform/Recovery.h"
-#include "settings/Names.h"
 #include "ui/MessageBox.h"
 
 namespace klt {

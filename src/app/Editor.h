@@ -7,16 +7,16 @@
 #include <string>
 #include <string_view>
 
-#include "app/CommandQueue.h"
-#include "app/DocumentColouring.h"
-#include "app/DocumentEvents.h"
-#include "app/Documents.h"
 #include "app/InstanceServer.h"
-#include "app/frmFind.h"
-#include "app/frmMDIKLTEditor.h"
+#include "app/commands/CommandQueue.h"
+#include "app/dialogs/frmFind.h"
+#include "app/documents/DocumentColouring.h"
+#include "app/documents/DocumentEvents.h"
+#include "app/documents/Documents.h"
 #include "app/modVariables.h"
+#include "app/window/frmMDIKLTEditor.h"
+#include "forms/WizardAids.h"
 #include "ui/modKLTSyntaxHighlighter.h"
-#include "wizards/WizardAids.h"
 
 namespace klt {
 

@@ -98,7 +98,7 @@ public:
     }
     // So that "SK_RL:" can form.
     void lineBreak() {
-        if (scan.at(i) == '_' && equalsIgnoreCase(word.view(), "SK")) word.append(scan.span(i, i + 1));
+        if (scan.at(i) == '_' && equalIgnoringAsciiCase(word.view(), "SK")) word.append(scan.span(i, i + 1));
     }
     Position prefixErrorStart() const { return tagErrorStart(scan, start); }
     bool comma() { return fail(kForbidden); }

@@ -95,9 +95,9 @@ Place FunctionWalk::comma() {
 void FunctionWalk::blank() {
     ColourWord(scan_, i_, word_);
     if (top() == AtFunction::If) {
-        if (now_.ifStage == 0 && equalsIgnoreCase(word_.view(), "THEN"))
+        if (now_.ifStage == 0 && equalIgnoringAsciiCase(word_.view(), "THEN"))
             now_.ifStage = 1;
-        else if (now_.ifStage == 1 && equalsIgnoreCase(word_.view(), "ELSE"))
+        else if (now_.ifStage == 1 && equalIgnoringAsciiCase(word_.view(), "ELSE"))
             now_.ifStage = 2;
         else if (now_.ifStage == 2)
             now_.ifStage = 3;

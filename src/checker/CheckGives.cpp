@@ -76,7 +76,7 @@ private:
 bool GivesWalk::separator() {
     if (separatorGoesOn()) return false;
     const bool isPoints =
-        scan.at(i) == ' ' && equalsIgnoreCase(scan.span(i + 1, i + 4), "pts") && scan.at(i + 4) == ' ';
+        scan.at(i) == ' ' && equalIgnoringAsciiCase(scan.span(i + 1, i + 4), "pts") && scan.at(i + 4) == ' ';
     if (isPoints || scan.at(i - 1) == ',')
         word.clear();
     else
@@ -87,7 +87,7 @@ bool GivesWalk::separator() {
 // The unit behind a number, when the characters just taken end in it.
 void GivesWalk::points() {
     if (toLower(scan.at(i)) != 's' || scan.at(i + 1) != ' ') return;
-    if (equalsIgnoreCase(word.tail(), "pts"))
+    if (equalIgnoringAsciiCase(word.tail(), "pts"))
         scan.recognise(scan.lineStart + i, word.tail(), "pts", StyleCategory::Keywords);
 }
 
@@ -95,7 +95,7 @@ void GivesWalk::points() {
 bool GivesWalk::closedInValue() {
     if (depth > 0) return close();
     if (scan.firstGives < 0)
-        scan.firstGives = static_cast<Place>(findIgnoreCase(scan.text, tagWord(Tag::Gives)) + 1);
+        scan.firstGives = static_cast<Place>(findIgnoringAsciiCase(scan.text, tagWord(Tag::Gives)) + 1);
     return failFrom(scan.lineStart + scan.firstGives - 1, ErrorReason::GivesNoTarget);
 }
 
@@ -144,7 +144,7 @@ bool GivesWalk::value() {
 
 void GivesWalk::to() {
     const auto look = scan.span(i, i + 2);
-    if (!equalsIgnoreCase(look, "to")) return;
+    if (!equalIgnoringAsciiCase(look, "to")) return;
     word.append(look);
     i += 2;
     endWord(scan, i, word);
@@ -155,7 +155,7 @@ void GivesWalk::to() {
 bool GivesWalk::upto() {
     endWord(scan, i, word);
     const auto next = scan.span(i + 1, i + 5);
-    if (!equalsIgnoreCase(next, "upto")) return false;
+    if (!equalIgnoringAsciiCase(next, "upto")) return false;
     if (!toSeen_) return fail(ErrorReason::GivesUptoWithoutTo);
     if (uptoSeen_) return fail(ErrorReason::GivesSecondUpto);
     word.append(next);

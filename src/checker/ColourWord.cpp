@@ -13,7 +13,7 @@ constexpr auto kReserved = [] {
         const auto add = [&](const auto& list) {
             for (const auto word : list.words()) {
                 bool isNew = true;
-                for (size_t i = 0; i < count; ++i) isNew = isNew && !equalsIgnoreCase(all[i], word);
+                for (size_t i = 0; i < count; ++i) isNew = isNew && !equalIgnoringAsciiCase(all[i], word);
                 if (isNew) all[count++] = word;
             }
         };

@@ -2,8 +2,8 @@
 
 #include "checker/Scanners.h"
 #include "checker/Structures.h"
-#include "language/Ascii.h"
 #include "language/LogicalLine.h"
+#include "text/Ascii.h"
 
 namespace klt {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/TextArea.h"
+#include "text/TextArea.h"
 
 namespace klt {
 

@@ -2,6 +2,7 @@
 #include "checker/Scanners.h"
 #include "checker/Structures.h"
 #include "language/CharTable.h"
+#include "text/Unicode.h"
 
 namespace klt {
 
@@ -53,10 +54,6 @@ private:
     bool costSeen_ = false;
     Place depth_ = 0;
 };
-
-constexpr bool isContinuation(char c) {
-    return (c & 0xC0) == 0x80;
-}
 
 // The place behind the character that begins at `i`.
 Place FieldWalk::behindCharacter(Place i) const {

@@ -1,8 +1,9 @@
 // The lines of [PACKAGES].
 
 #include "checker/Structures.h"
-#include "language/Ascii.h"
 #include "language/Vocabulary.h"
+#include "text/Ascii.h"
+#include "text/Unicode.h"
 
 namespace klt {
 
@@ -19,7 +20,7 @@ constexpr Place widthOf(std::string_view word) {
 // Without its last three characters.
 std::string_view cutThree(std::string_view text) {
     for (int cut = 0; cut < 3 && !text.empty(); ++cut) {
-        while (text.size() > 1 && (text.back() & 0xC0) == 0x80) text.remove_suffix(1);
+        while (text.size() > 1 && isContinuation(text.back())) text.remove_suffix(1);
         text.remove_suffix(1);
     }
     return text;
@@ -75,12 +76,12 @@ private:
 
 // The place of the first hit at or behind `from`, or 0.
 Place PackageLine::find(std::string_view word, Place from) const {
-    return static_cast<Place>(findIgnoreCase(scan_.text, word, static_cast<size_t>(from - 1)) + 1);
+    return static_cast<Place>(findIgnoringAsciiCase(scan_.text, word, static_cast<size_t>(from - 1)) + 1);
 }
 
 Place PackageLine::findLastAnd() const {
     for (Place i = scan_.length() - widthOf(kAnd) + 1; i >= 1; --i)
-        if (equalsIgnoreCase(scan_.span(i, i + widthOf(kAnd)), kAnd)) return i;
+        if (equalIgnoringAsciiCase(scan_.span(i, i + widthOf(kAnd)), kAnd)) return i;
     return 0;
 }
 
@@ -121,7 +122,7 @@ void PackageLine::emessage() {
 void PackageLine::add() {
     constexpr Place kName = 5;
     const int attributeIndex = kAttributes.find(scan_.span(kName, kName + 2));
-    if (equalsIgnoreCase(scan_.span(kName, kName + 4), "RACE"))
+    if (equalIgnoringAsciiCase(scan_.span(kName, kName + 4), "RACE"))
         race();
     else if (attributeIndex >= 0)
         attribute(attributeIndex);
@@ -133,7 +134,7 @@ void PackageLine::race() {
     constexpr Place kRaceAt = 9;
     scan_.line.rewrite(scan_.lineStart + 4, "Race");
     const auto name = kRaceAt + widthOf(kAt);
-    if (!equalsIgnoreCase(scan_.span(kRaceAt, name), kAt))
+    if (!equalIgnoringAsciiCase(scan_.span(kRaceAt, name), kAt))
         return scan_.wholeError(ErrorReason::RaceWithoutAt);
     mark(kRaceAt, kAt);
     if (trimBlanks(scan_.span(name, textEnd())).empty()) scan_.wholeError(ErrorReason::RaceEmpty);
@@ -143,12 +144,12 @@ void PackageLine::attribute(int index) {
     constexpr Place kSuffix = 7;
     scan_.line.rewrite(scan_.lineStart + 4, kAttributes[index]);
     Place at = kSuffix;
-    if (equalsIgnoreCase(scan_.span(kSuffix, kSuffix + 3), "ADJ")) {
+    if (equalIgnoringAsciiCase(scan_.span(kSuffix, kSuffix + 3), "ADJ")) {
         scan_.line.rewrite(scan_.lineStart + kSuffix - 1, "Adj");
         at += 3;
     }
     const auto value = at + widthOf(kAt);
-    if (!equalsIgnoreCase(scan_.span(at, value), kAt))
+    if (!equalIgnoringAsciiCase(scan_.span(at, value), kAt))
         return scan_.wholeError(ErrorReason::AttributeWithoutAt);
     mark(at, kAt);
     for (Place i = value; i <= scan_.length(); ++i) {
@@ -264,7 +265,7 @@ void PackageLine::levelTest(Place from, Place end) {
     auto value = scan_.span(from, end);
     const auto unit = value.substr(value.size() - std::min<size_t>(value.size(), 3));
     const auto rest = cutThree(value);
-    if (equalsIgnoreCase(unit, "pts")) {
+    if (equalIgnoringAsciiCase(unit, "pts")) {
         scan_.line.rewrite(scan_.lineStart + from - 1 + widthOf(value) - widthOf(unit), "pts");
         value.remove_suffix(unit.size());
     } else if (!rest.empty()) {

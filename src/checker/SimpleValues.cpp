@@ -128,7 +128,7 @@ Place CheckRounding(Scan& scan, Place position) {
     const auto end = scan.lineStart + close - 1;
     const auto value = scan.span(position, close);
     const int part = kRoundingParts.find(value);
-    const bool isNo = scan.state.section() == Section::Stats && equalsIgnoreCase(value, "No");
+    const bool isNo = scan.state.section() == Section::Stats && equalIgnoringAsciiCase(value, "No");
     if (!isPartOfRounding(value) && part < 0 && !isNo)
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadRounding);
     const bool isRewritten = part >= 0 && !isPartOfRounding(value);

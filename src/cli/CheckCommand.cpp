@@ -6,7 +6,7 @@
 #include "checker/DocumentPass.h"
 #include "cli/Report.h"
 #include "language/Section.h"
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 
 namespace klt {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
-#include "platform/Unicode.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

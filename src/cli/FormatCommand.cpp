@@ -3,8 +3,8 @@
 #include <string>
 
 #include "checker/DocumentPass.h"
-#include "platform/Encoding.h"
 #include "platform/FileWriter.h"
+#include "text/Encoding.h"
 
 namespace klt {
 

@@ -1,6 +1,6 @@
 #include "cli/MergeCommand.h"
 
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 #include "tools/MergeFiles.h"
 
 namespace klt {

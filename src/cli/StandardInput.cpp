@@ -9,7 +9,7 @@
 #include <new>
 #include <vector>
 
-#include "platform/LargePages.h"
+#include "text/LargePages.h"
 
 namespace klt {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "language/Ascii.h"
 #include "language/LogicalLine.h"
-#include "platform/TextOperations.h"
-#include "platform/Unicode.h"
+#include "text/Ascii.h"
+#include "text/TextOperations.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

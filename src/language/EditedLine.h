@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/TextArea.h"
+#include "text/TextArea.h"
 
 // How a line is read back into its form. This is not the checker's walk (language/LogicalLine.h), and where
 // the two differ, both stand as they are:

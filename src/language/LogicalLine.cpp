@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "language/Ascii.h"
+#include "text/Ascii.h"
 
 namespace klt {
 
@@ -59,7 +59,7 @@ LineKind classifyLine(std::string_view line, Section section) {
         default:
             break;
     }
-    if (equalsIgnoreCase(line, kVersionLine)) return LineKind::Version;
+    if (equalIgnoringAsciiCase(line, kVersionLine)) return LineKind::Version;
     if (line.front() == '{' && section == Section::Packages) return LineKind::PackageHeader;
     return LineKind::Item;
 }

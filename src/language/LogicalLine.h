@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "language/Section.h"
-#include "platform/TextArea.h"
+#include "text/TextArea.h"
 
 namespace klt {
 

@@ -1,6 +1,6 @@
 #include "language/Section.h"
 
-#include "language/Ascii.h"
+#include "text/Ascii.h"
 
 namespace klt {
 
@@ -22,12 +22,12 @@ static_assert(
 
 Section sectionOf(std::string_view name) {
     for (size_t i = 1; i < kSectionNames.size(); ++i)
-        if (equalsIgnoreCase(kSectionNames[i], name)) return static_cast<Section>(i);
+        if (equalIgnoringAsciiCase(kSectionNames[i], name)) return static_cast<Section>(i);
     return Section::Other;
 }
 
 bool isSectionHeader(std::string_view trimmed) {
-    return findIgnoreCase(kSectionList, trimmed) != std::string_view::npos;
+    return findIgnoringAsciiCase(kSectionList, trimmed) != std::string_view::npos;
 }
 
 }  // namespace klt

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "language/Ascii.h"
+#include "text/Ascii.h"
 
 namespace klt {
 
@@ -44,7 +44,7 @@ void StyledText::makeStyles() {
 void StyledText::rewrite(Position start, std::string_view text) {
     const auto from = static_cast<size_t>(start);
     if (start < 0 || from > text_.size() || text.size() > text_.size() - from) return;
-    if (equalsIgnoreCase(text, this->text().substr(from, text.size())))
+    if (equalIgnoringAsciiCase(text, this->text().substr(from, text.size())))
         text.copy(text_.data() + from, text.size());
 }
 

@@ -6,7 +6,8 @@
 #include <string_view>
 
 #include "language/StyleCategory.h"
-#include "platform/TextArea.h"
+#include "text/TextArea.h"
+#include "text/Unicode.h"
 
 namespace klt {
 
@@ -61,8 +62,6 @@ public:
     std::string takeStyles() { return std::move(styles_); }
 
 private:
-    static bool isContinuation(char c) { return (c & 0xC0) == 0x80; }
-
     void makeStyles();
 
     std::string own_;

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "language/Ascii.h"
+#include "text/Ascii.h"
 
 namespace klt {
 
@@ -26,7 +26,7 @@ public:
         if (word.empty() || word.size() >= 32) return -1;
         if ((lengths_[firstOf(word)] >> word.size() & 1U) == 0) return -1;
         const int i = slots_[slotOf(word)];
-        return i >= 0 && equalsIgnoreCase(words_[static_cast<size_t>(i)], word) ? i : -1;
+        return i >= 0 && equalIgnoringAsciiCase(words_[static_cast<size_t>(i)], word) ? i : -1;
     }
 
     constexpr std::string_view operator[](int index) const { return words_[static_cast<size_t>(index)]; }

@@ -4,7 +4,7 @@
 #include <ctime>
 #include <cwchar>
 
-#include "platform/Unicode.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

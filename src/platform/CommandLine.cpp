@@ -1,8 +1,8 @@
 #include "platform/CommandLine.h"
 
 #include "platform/Paths.h"
-#include "platform/TextOperations.h"
-#include "platform/Unicode.h"
+#include "text/TextOperations.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/Descriptor.h"
-#include "platform/LargePages.h"
+#include "text/LargePages.h"
 
 namespace klt {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/Encoding.h"
 #include "platform/Failure.h"
+#include "text/Encoding.h"
 
 namespace klt {
 

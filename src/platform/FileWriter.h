@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Encoding.h"
 #include "platform/Failure.h"
+#include "text/Encoding.h"
 
 namespace klt {
 

@@ -1,6 +1,6 @@
 #include "platform/HandOverMessage.h"
 
-#include "platform/Unicode.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

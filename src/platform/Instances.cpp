@@ -14,8 +14,8 @@
 #include <memory>
 
 #include "platform/FileCalls.h"
-#include "platform/TextSearch.h"
-#include "platform/Unicode.h"
+#include "text/TextSearch.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

@@ -11,7 +11,7 @@
 #include <system_error>
 #include <vector>
 
-#include "platform/Unicode.h"
+#include "text/Unicode.h"
 
 namespace fs = std::filesystem;
 
@@ -175,6 +175,17 @@ std::string runtimeFolder() {
     auto folder = std::string(base).append(kOurFolder);
     makePrivateFolder(folder);
     return isOurs(folder, S_IRWXG | S_IRWXO) ? folder : std::string();
+}
+
+std::string FileExtension(std::string_view path) {
+    const auto name = FileName(path);
+    const auto dot = name.rfind('.');
+    return dot == name.npos ? std::string() : name.substr(dot + 1);
+}
+
+std::string FileName(std::string_view path) {
+    const auto separator = path.find_last_of("/\\");
+    return std::string(separator == path.npos ? path : path.substr(separator + 1));
 }
 
 }  // namespace klt

@@ -34,4 +34,10 @@ std::string runtimeFolder();
 /// Makes a folder with mode 0700, and what is missing above it. False where it is not there afterwards.
 bool makePrivateFolder(const std::string& path);
 
+/// The letters behind the last dot of the name, without the dot; empty where the name has none.
+std::string FileExtension(std::string_view path);
+
+/// The part of a path behind the last "/" or "\".
+std::string FileName(std::string_view path);
+
 }  // namespace klt

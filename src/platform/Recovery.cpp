@@ -10,7 +10,6 @@
 #include "platform/FileCalls.h"
 #include "platform/NewFile.h"
 #include "platform/Paths.h"
-#include "platform/TextOperations.h"
 
 namespace fs = std::filesystem;
 

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Encoding.h"
 #include "platform/Failure.h"
+#include "text/Encoding.h"
 
 namespace klt {
 

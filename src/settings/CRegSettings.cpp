@@ -1,6 +1,7 @@
 #include "settings/CRegSettings.h"
 
 #include "settings/Conversions.h"
+#include "text/Ascii.h"
 
 namespace klt {
 
@@ -13,11 +14,11 @@ std::string_view valueName(std::string_view key) {
 }  // namespace
 
 void CRegSettings::Company(std::string_view company) {
-    company_ = trimmed(company.empty() ? kCompany : company);
+    company_ = trimBlanks(company.empty() ? kCompany : company);
 }
 
 void CRegSettings::AppName(std::string_view appName) {
-    appName_ = trimmed(appName.empty() ? kAppName : appName);
+    appName_ = trimBlanks(appName.empty() ? kAppName : appName);
 }
 
 std::string CRegSettings::path(std::string_view section) const {

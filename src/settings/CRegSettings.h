@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "settings/Names.h"
+#include "platform/ProgramNames.h"
 #include "settings/Store.h"
 
 namespace klt {

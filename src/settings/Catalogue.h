@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/ProgramNames.h"
 #include "settings/GetSetting.h"
-#include "settings/Names.h"
 
 namespace klt {
 

@@ -5,7 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/Unicode.h"
+#include "text/Ascii.h"
+#include "text/Unicode.h"
 
 namespace klt {
 
@@ -13,7 +14,7 @@ namespace {
 
 /// Any number that the text spells, not yet rounded. Neither infinity nor anything spelled in letters.
 std::optional<double> realFrom(std::string_view text) {
-    text = trimmed(text);
+    text = trimBlanks(text);
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     if (text.empty() || text.find_first_not_of("0123456789.-+eE") != std::string_view::npos)
         return std::nullopt;
@@ -25,12 +26,6 @@ std::optional<double> realFrom(std::string_view text) {
 
 }  // namespace
 
-std::string_view trimmed(std::string_view text) {
-    const auto start = text.find_first_not_of(' ');
-    return start == std::string_view::npos ? std::string_view()
-                                           : text.substr(start, text.find_last_not_of(' ') - start + 1);
-}
-
 std::optional<std::int32_t> numberFrom(std::string_view text) {
     const auto number = realFrom(text);
     if (!number) return std::nullopt;
@@ -40,7 +35,7 @@ std::optional<std::int32_t> numberFrom(std::string_view text) {
 }
 
 std::optional<bool> truthFrom(std::string_view text) {
-    text = trimmed(text);
+    text = trimBlanks(text);
     if (equalIgnoringCase(text, "True")) return true;
     if (equalIgnoringCase(text, "False")) return false;
     const auto number = realFrom(text);

@@ -6,9 +6,6 @@
 
 namespace klt {
 
-/// The text without the blanks at both ends.
-std::string_view trimmed(std::string_view text);
-
 /// The number that a stored text spells: decimal, blanks around it, a fraction rounded to the even neighbour,
 /// kept within 32 bits. Nothing for any other text.
 std::optional<std::int32_t> numberFrom(std::string_view text);

@@ -1,6 +1,6 @@
 #include "settings/GetSetting.h"
 
-#include "settings/Names.h"
+#include "platform/ProgramNames.h"
 
 namespace klt {
 

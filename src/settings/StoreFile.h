@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "platform/Database.h"
-#include "settings/FolderLock.h"
+#include "platform/FolderLock.h"
 #include "settings/StoredValue.h"
 
 namespace klt {

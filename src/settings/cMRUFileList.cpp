@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/Unicode.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "settings/Names.h"
+#include "platform/ProgramNames.h"
 #include "settings/cRegistry.h"
 
 namespace klt {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <utility>
+#include "text/Ascii.h"
 
 #include "settings/Conversions.h"
 
@@ -26,7 +27,7 @@ bool holdsReference(std::string_view text) {
 }
 
 std::string quoted(std::string_view path) {
-    std::string text(trimmed(path));
+    std::string text(trimBlanks(path));
     if (!text.starts_with('"')) text.insert(0, 1, '"');
     if (!text.ends_with('"')) text += '"';
     return text;

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "platform/LineEnds.h"
-#include "platform/TextAreaGuards.h"
-#include "platform/TextOperations.h"
-#include "platform/TextSearch.h"
-#include "platform/Unicode.h"
+#include "text/LineEnds.h"
+#include "text/TextAreaGuards.h"
+#include "text/TextOperations.h"
+#include "text/TextSearch.h"
+#include "text/Unicode.h"
 
 namespace klt {
 namespace {

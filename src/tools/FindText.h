@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/TextArea.h"
+#include "text/TextArea.h"
 
 namespace klt {
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <utility>
 
-#include "platform/LargePages.h"
+#include "text/LargePages.h"
 
 namespace klt {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "language/Ascii.h"
 #include "language/NewDocument.h"
+#include "text/Ascii.h"
 
 namespace klt {
 

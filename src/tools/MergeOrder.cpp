@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/TextOperations.h"
-#include "platform/Unicode.h"
+#include "platform/Paths.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

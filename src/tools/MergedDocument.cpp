@@ -1,10 +1,10 @@
 #include "tools/MergedDocument.h"
 
-#include "language/Ascii.h"
 #include "language/NewDocument.h"
 #include "language/Section.h"
-#include "platform/LargePages.h"
-#include "platform/Unicode.h"
+#include "text/Ascii.h"
+#include "text/LargePages.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "platform/TextArea.h"
-#include "platform/Unicode.h"
+#include "text/TextArea.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

@@ -1,7 +1,7 @@
 #include "ui/CloseParenthesis.h"
 
-#include "platform/TextAreaGuards.h"
 #include "settings/Catalogue.h"
+#include "text/TextAreaGuards.h"
 
 namespace klt {
 
@@ -11,7 +11,7 @@ void CloseParenthesis(RichTextBox& box, Store& store) {
     if (box.SetSelText(")")) box.SetSelStart(box.SelStart() - 1);
 }
 
-void closeParentheses(RichTextBox& box, Store& store) {
+void pairTypedParentheses(RichTextBox& box, Store& store) {
     QObject::connect(&box, &RichTextBox::KeyPress, &box, [&box, &store](QChar character) {
         if (character == '(') CloseParenthesis(box, store);
     });

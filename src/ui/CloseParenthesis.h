@@ -12,6 +12,6 @@ class Store;
 void CloseParenthesis(RichTextBox& box, Store& store);
 
 /// From now on a "(" typed into `box` brings its ")". `store` must outlive the box.
-void closeParentheses(RichTextBox& box, Store& store);
+void pairTypedParentheses(RichTextBox& box, Store& store);
 
 }  // namespace klt

@@ -1,4 +1,5 @@
 #include "ui/DroppedFiles.h"
+#include "ui/QtStrings.h"
 
 #include <QFile>
 #include <QMimeData>
@@ -9,7 +10,7 @@ namespace klt {
 std::vector<std::string> localFiles(const QMimeData& data) {
     std::vector<std::string> paths;
     for (const auto& url : data.urls())
-        if (url.isLocalFile()) paths.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
+        if (url.isLocalFile()) paths.push_back(toPath(url.toLocalFile()));
     return paths;
 }
 

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/TextArea.h"
+#include "text/TextArea.h"
 
 namespace klt {
 

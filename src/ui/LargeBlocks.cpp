@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "platform/LargePages.h"
+#include "text/LargePages.h"
 
 namespace klt {
 

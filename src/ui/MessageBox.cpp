@@ -1,14 +1,11 @@
 #include "ui/MessageBox.h"
+#include "ui/QtStrings.h"
 
 #include <QPointer>
 #include <memory>
 
 namespace klt {
 namespace {
-
-QString fromUtf8(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QMessageBox::Icon iconOf(MessageIcon icon) {
     switch (icon) {
@@ -30,10 +27,10 @@ QMessageBox::StandardButton MessageBox(QWidget* owner, std::string_view text, Me
                                        std::string_view title, QMessageBox::StandardButtons buttons) {
     // On the heap, since the owner may take it along.
     const QPointer<QMessageBox> box =
-        new QMessageBox(iconOf(icon), fromUtf8(title), QString(), buttons, owner);
+        new QMessageBox(iconOf(icon), toQString(title), QString(), buttons, owner);
     box->setObjectName("MessageBox");
     box->setTextFormat(Qt::PlainText);
-    box->setText(fromUtf8(text));
+    box->setText(toQString(text));
     for (const auto first : {QMessageBox::Ok, QMessageBox::Yes})
         if (buttons.testFlag(first)) box->setDefaultButton(first);
     const auto answer = static_cast<QMessageBox::StandardButton>(box->exec());

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/TextArea.h"
+#include "text/TextArea.h"
 
 namespace klt {
 

@@ -5,9 +5,9 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "language/Ascii.h"
 #include "language/StyleCategory.h"
-#include "platform/Unicode.h"
+#include "text/Ascii.h"
+#include "text/Unicode.h"
 #include "ui/AccessOnDemand.h"
 #include "ui/LargeBlocks.h"
 #include "ui/RichTextBoxGuards.h"
@@ -349,7 +349,7 @@ void RichTextBox::protectionChanged(bool grown) {
 void RichTextBox::RewriteRun(Position start, std::string_view text) {
     const Position end = start + static_cast<Position>(text.size());
     if (start < 0 || end > Length() || Slice(start, end) == text) return;
-    if (equalsIgnoreCase(Slice(start, end), text)) {
+    if (equalIgnoringAsciiCase(Slice(start, end), text)) {
         text.copy(letters().data() + start, text.size());
         return lettersChanged();
     }

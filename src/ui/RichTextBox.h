@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/TextArea.h"
+#include "text/TextArea.h"
 #include "ui/CharacterTally.h"
 #include "ui/InsertedText.h"
 #include "ui/Protection.h"

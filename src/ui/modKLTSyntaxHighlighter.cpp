@@ -50,7 +50,7 @@ void modKLTSyntaxHighlighter::ColourRange(RichTextBox& text, Position from, Posi
     StyledText checked(std::string(text.Text()), text.Styles());
     CheckRange(checked, state, from, to);
     text.RewriteRun(0, checked.text());
-    layStyles(text, checked.styles());
+    layCheckedStyles(text, checked.styles());
 }
 
 std::vector<TextRange> versionRuns(std::string_view styles) {
@@ -65,7 +65,7 @@ std::vector<TextRange> versionRuns(std::string_view styles) {
     return runs;
 }
 
-void layStyles(RichTextBox& box, std::string_view styles) {
+void layCheckedStyles(RichTextBox& box, std::string_view styles) {
     box.SetStyles(styles, versionRuns(styles));
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "checker/CheckerState.h"
-#include "language/StyleTable.h"
 #include "language/StyledText.h"
 #include "settings/CRegSettings.h"
 #include "ui/RichTextBox.h"
+#include "ui/StyleTable.h"
 
 namespace klt {
 
@@ -40,6 +40,6 @@ private:
 std::vector<TextRange> versionRuns(std::string_view styles);
 
 /// Lays what a check came to, a style for each byte of the box's text, and protects the version lines.
-void layStyles(RichTextBox& box, std::string_view styles);
+void layCheckedStyles(RichTextBox& box, std::string_view styles);
 
 }  // namespace klt

@@ -8,10 +8,10 @@
 #include <QRadioButton>
 #include <algorithm>
 
+#include "forms/WizardForm.h"
 #include "language/EditedLine.h"
-#include "lines/AdvantageLine.h"
 #include "support/EditorFixture.h"
-#include "wizards/WizardForm.h"
+#include "wizards/AdvantageWizard.h"
 
 using namespace klt;
 

@@ -6,8 +6,8 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
-#include "app/Commands.h"
-#include "app/frmKLTChecker.h"
+#include "app/commands/Commands.h"
+#include "app/dialogs/frmKLTChecker.h"
 #include "checker/DocumentPass.h"
 #include "support/Drop.h"
 #include "support/EditorFixture.h"

@@ -1,4 +1,4 @@
-#include "app/CommandQueue.h"
+#include "app/commands/CommandQueue.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "app/CommonDialog1.h"
+#include "app/dialogs/CommonDialog1.h"
 
 #include <gmock/gmock.h>
 

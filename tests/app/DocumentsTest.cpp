@@ -1,4 +1,4 @@
-#include "app/Documents.h"
+#include "app/documents/Documents.h"
 
 #include <gmock/gmock.h>
 #include <sys/wait.h>

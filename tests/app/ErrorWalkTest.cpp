@@ -1,6 +1,6 @@
 // F8 and Shift+F8.
 
-#include "app/ErrorWalk.h"
+#include "app/documents/ErrorWalk.h"
 
 #include "language/StyleCategory.h"
 #include "support/EditorFixture.h"

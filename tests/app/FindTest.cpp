@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "app/frmFind.h"
+#include "app/dialogs/frmFind.h"
 #include "support/EditorFixture.h"
 
 namespace klt {

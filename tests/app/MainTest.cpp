@@ -1,4 +1,4 @@
-#include "app/Main.h"
+#include "app/Startup.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "app/Menus.h"
+#include "app/menus/Menus.h"
 
 #include <gmock/gmock.h>
 
@@ -11,9 +11,9 @@
 #include <QTextBrowser>
 #include <set>
 
-#include "app/ArrangeWindows.h"
-#include "app/Commands.h"
-#include "app/EditRules.h"
+#include "app/commands/Commands.h"
+#include "app/menus/EditRules.h"
+#include "app/window/ArrangeWindows.h"
 #include "support/EditorFixture.h"
 
 using namespace klt;

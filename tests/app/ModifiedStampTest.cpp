@@ -1,4 +1,4 @@
-#include "app/ModifiedStamp.h"
+#include "app/documents/ModifiedStamp.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/Toolbars.h"
+#include "app/menus/Toolbars.h"
 
 #include <gmock/gmock.h>
 
@@ -10,9 +10,9 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "app/CommandIcons.h"
-#include "app/CommandTable.h"
-#include "app/Commands.h"
+#include "app/commands/Commands.h"
+#include "app/menus/CommandIcons.h"
+#include "app/menus/CommandTable.h"
 #include "settings/Catalogue.h"
 #include "support/EditorFixture.h"
 

@@ -1,4 +1,4 @@
-#include "app/frmKLTMerger.h"
+#include "app/dialogs/frmKLTMerger.h"
 
 #include <gmock/gmock.h>
 

@@ -6,8 +6,8 @@
 
 #include <filesystem>
 
-#include "platform/Unicode.h"
 #include "support/Scratch.h"
+#include "text/Unicode.h"
 
 using namespace klt;
 namespace fs = std::filesystem;
@@ -62,6 +62,27 @@ TEST(Paths, CanonicalPath) {
 TEST(Paths, FullFileNameKeepsABackslash) {
     EXPECT_EQ(FullFileName("/a\\b/c.klt"), "/a\\b/c.klt");
     EXPECT_EQ(FullFileName("c.klt"), fs::current_path().string() + "/c.klt");
+}
+
+TEST(Paths, FileNameAndExtension) {
+    const struct {
+        const char *path, *name, *extension;
+    } rows[] = {
+        {"/a/b.klt", "b.klt", "klt"},
+        {"C:\\x\\y.KLT", "y.KLT", "KLT"},
+        {"/a.b/c", "c", ""},
+        {"a.b\\c", "c", ""},
+        {"KLT4", "KLT4", ""},
+        {"x.", "x.", ""},
+        {".klt", ".klt", "klt"},
+        {"a.tar.gz", "a.tar.gz", "gz"},
+        {"/a/", "", ""},
+        {"", "", ""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(FileName(row.path), row.name);
+        EXPECT_EQ(FileExtension(row.path), row.extension) << row.path;
+    }
 }
 
 TEST(Paths, FoundInAnyCase) {

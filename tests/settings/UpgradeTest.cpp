@@ -2,9 +2,9 @@
 
 #include <map>
 
+#include "platform/ProgramNames.h"
 #include "settings/GetSetting.h"
 #include "settings/MakerProfile.h"
-#include "settings/Names.h"
 #include "support/Scratch.h"
 
 namespace klt {

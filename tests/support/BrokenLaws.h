@@ -6,7 +6,7 @@
 
 #include "checker/DocumentPass.h"
 #include "language/EditedLine.h"
-#include "tools/LineBreaker.h"
+#include "wizards/LineBreaker.h"
 
 namespace klt {
 

@@ -18,11 +18,11 @@
 #include <vector>
 
 #include "app/Editor.h"
-#include "app/frmKLTEditor.h"
+#include "app/documents/frmKLTEditor.h"
 #include "platform/Clock.h"
 #include "platform/Instances.h"
+#include "platform/ProgramNames.h"
 #include "settings/GetSetting.h"
-#include "settings/Names.h"
 #include "settings/Store.h"
 #include "support/Scratch.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/Unicode.h"
+#include "text/Unicode.h"
 
 namespace klt {
 namespace {

@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "checker/DocumentPass.h"
-#include "language/Ascii.h"
 #include "language/LogicalLine.h"
 #include "language/NewDocument.h"
-#include "platform/Unicode.h"
+#include "text/Ascii.h"
+#include "text/Unicode.h"
 
 namespace klt {
 

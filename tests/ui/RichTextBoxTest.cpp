@@ -16,8 +16,8 @@
 #include <QWheelEvent>
 #include <functional>
 
-#include "Box.h"
-#include "platform/TextAreaGuards.h"
+#include "support/Box.h"
+#include "text/TextAreaGuards.h"
 
 using namespace klt;
 using namespace std::string_literals;

@@ -6,8 +6,8 @@
 #include <limits>
 #include <type_traits>
 
-#include "platform/TextAreaGuards.h"
 #include "support/MemoryTextArea.h"
+#include "text/TextAreaGuards.h"
 #include "ui/RichTextBox.h"
 
 using namespace klt;

@@ -5,9 +5,9 @@
 #include <QContextMenuEvent>
 #include <QUrl>
 
-#include "Box.h"
 #include "settings/Catalogue.h"
 #include "settings/Store.h"
+#include "support/Box.h"
 #include "support/Scratch.h"
 #include "ui/CloseParenthesis.h"
 
@@ -49,7 +49,7 @@ TEST(CloseParenthesis, FollowsATypedOne) {
         writeSetting(store, settings::kMatchParenthesis, row.matches);
         for (const auto kind : {Kind::Document, Kind::Field}) {
             Box box(kind, row.text);
-            closeParentheses(box, store);
+            pairTypedParentheses(box, store);
             if (*row.text == 'P') box.ColourRun(0, 2, 1, true);
             box.Select(row.selected.start, row.selected.end - row.selected.start);
             box.changes = 0;
@@ -65,7 +65,7 @@ TEST(CloseParenthesis, FollowsATypedOne) {
         }
     }
     Box box;
-    closeParentheses(box, store);
+    pairTypedParentheses(box, store);
     box.commit("(");
     EXPECT_EQ(marked(box), "(|)") << "from an input method";
 }

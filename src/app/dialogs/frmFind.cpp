@@ -1,0 +1,256 @@
+#include "app/dialogs/frmFind.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+#include "app/Editor.h"
+#include "app/commands/Commands.h"
+#include "app/documents/frmKLTEditor.h"
+#include "text/Unicode.h"
+#include "ui/FieldPopup.h"
+#include "ui/FormPlace.h"
+#include "ui/MessageBox.h"
+#include "ui/QtStrings.h"
+#include "ui/WaitCursor.h"
+
+namespace klt {
+namespace {
+
+constexpr const char* kHelpCommand = "H1";
+constexpr WindowPosition kPosition = *settings::windowPosition("frmFind");
+
+template <typename Control>
+Control* named(Control* control, const QString& name) {
+    control->setObjectName(name);
+    return control;
+}
+
+QComboBox* makeCombo(const char* name) {
+    auto* combo = named(new QComboBox, name);
+    combo->setEditable(true);
+    combo->setCompleter(nullptr);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(28);
+    combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    addFieldPopup(*combo);
+    return combo;
+}
+
+QLabel* makeLabel(const QString& caption, QComboBox& field) {
+    auto* label = new QLabel(caption);
+    label->setBuddy(&field);
+    field.setAccessibleName(QString(caption).remove('&').remove(':'));
+    return label;
+}
+
+/// Shows the list; the text in the field stays, and nobody is told of a change.
+void showHistory(QComboBox& combo, const FindHistory& history) {
+    const QSignalBlocker silent(combo);
+    const QString text = combo.currentText();
+    combo.clear();
+    for (const auto& entry : history.entries()) combo.addItem(toQString(entry));
+    combo.setCurrentIndex(-1);
+    combo.setEditText(text);
+}
+
+}  // namespace
+
+frmFind::frmFind(Editor& editor, Store& store)
+    : QDialog(&editor.mainWindow()),
+      editor_(editor),
+      store_(store),
+      searches_(FindHistory::load(store, settings::kSearchStrings)),
+      replacements_(FindHistory::load(store, settings::kReplaceStrings)) {
+    setObjectName("frmFind");
+    auto* all = new QGridLayout(this);
+    all->addLayout(buildFields(), 0, 0);
+    all->addLayout(buildOptions(), 1, 0);
+    all->addLayout(buildButtons(), 0, 1, 3, 1);
+    all->setRowStretch(2, 1);
+    all->setColumnStretch(0, 1);
+    showHistory(*Combo1, searches_);
+    showHistory(*Combo2, replacements_);
+    takeSelection();
+    wire();
+    setShape(Shape::Find);
+    restorePosition(*this, store_, kPosition);
+}
+
+QLayout* frmFind::buildFields() {
+    Combo1 = makeCombo("Combo1");
+    Combo2 = makeCombo("Combo2");
+    auto* fields = new QGridLayout;
+    fields->addWidget(makeLabel("&Find What:", *Combo1), 0, 0);
+    fields->addWidget(Combo1, 0, 1);
+    replaceLabel_ = makeLabel("Replace &With:", *Combo2);
+    fields->addWidget(replaceLabel_, 1, 0);
+    fields->addWidget(Combo2, 1, 1);
+    return fields;
+}
+
+QLayout* frmFind::buildOptions() {
+    auto* frame = new QGroupBox("Direction");
+    optDirectionUp = named(new QRadioButton("&Up"), "optDirectionUp");
+    optDirectionDown = named(new QRadioButton("&Down"), "optDirectionDown");
+    optDirectionAll = named(new QRadioButton("&All"), "optDirectionAll");
+    frame->setLayout(new QVBoxLayout);
+    for (auto* option : {optDirectionUp, optDirectionDown, optDirectionAll})
+        frame->layout()->addWidget(option);
+    optDirectionDown->setChecked(true);
+
+    chkWholeWordOnly = named(new QCheckBox("Find Whole Word &Only"), "chkWholeWordOnly");
+    chkMatchCase = named(new QCheckBox("Match Ca&se"), "chkMatchCase");
+    chkStartFromBeginning = named(new QCheckBox("&Start From Beginning"), "chkStartFromBeginning");
+    auto* checks = new QVBoxLayout;
+    checks->addStretch();
+    for (auto* check : {chkWholeWordOnly, chkMatchCase, chkStartFromBeginning}) checks->addWidget(check);
+    checks->addStretch();
+
+    auto* options = new QHBoxLayout;
+    options->addWidget(frame);
+    options->addLayout(checks);
+    options->addStretch();
+    return options;
+}
+
+QLayout* frmFind::buildButtons() {
+    constexpr std::array kCaptions = {"Find &Next", "&Replace", "Rep&lace All"};
+    auto* buttons = new QVBoxLayout;
+    for (size_t n = 0; n < kCaptions.size(); ++n) {
+        cmdFindReplace[n] = named(new QPushButton(kCaptions[n]), QString("cmdFindReplace(%1)").arg(n));
+        buttons->addWidget(cmdFindReplace[n]);
+    }
+    cmdFindReplace[0]->setDefault(true);
+    Command2 = named(new QPushButton("Cancel"), "Command2");
+    buttons->addWidget(Command2);
+    buttons->addStretch();
+    Command4 = named(new QPushButton("&Help"), "Command4");
+    Command4->setEnabled(commandIsThere(kHelpCommand));
+    buttons->addWidget(Command4);
+    // Enter is for the search, whatever has the focus but a button.
+    for (auto* button : {cmdFindReplace[1], cmdFindReplace[2], Command2, Command4})
+        button->setAutoDefault(false);
+    return buttons;
+}
+
+void frmFind::wire() {
+    connect(Combo1, &QComboBox::editTextChanged, this, &frmFind::findTextChanged);
+    connect(Combo1, &QComboBox::activated, this, &frmFind::findTextChanged);
+    connect(Combo2, &QComboBox::editTextChanged, this, [this] { restart_ = true; });
+    for (const auto button : {FindButton::FindNext, FindButton::Replace, FindButton::ReplaceAll})
+        connect(cmdFindReplace[static_cast<size_t>(button)], &QPushButton::clicked, this,
+                [this, button] { pressed(button); });
+    connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
+    connect(Command4, &QPushButton::clicked, this,
+            [this] { emit editor_.mainWindow().MenuClick(kHelpCommand); });
+    connect(this, &QDialog::finished, this, &frmFind::unload);
+    connect(&editor_.mainWindow(), &frmMDIKLTEditor::unloading, this, &QWidget::close);
+}
+
+void frmFind::takeSelection() {
+    // The field takes no more anyway.
+    constexpr Position kMost = 32767;
+    const auto* document = editor_.mainWindow().ActiveForm();
+    if (!document) return;
+    const TextArea& text = *document->RichTextBox1;
+    const auto selected = text.Slice(text.SelStart(), text.SelStart() + text.SelLength());
+    Combo1->setEditText(toQString(selected.substr(0, unitStart(selected, kMost))));
+}
+
+void frmFind::setShape(Shape shape) {
+    shape_ = shape;
+    const bool replaces = shape == Shape::Replace;
+    setWindowTitle(replaces ? "Replace" : "Find");
+    for (QWidget* control : {static_cast<QWidget*>(replaceLabel_), static_cast<QWidget*>(Combo2),
+                             static_cast<QWidget*>(cmdFindReplace[2])})
+        control->setVisible(replaces);
+    updateButtons();
+    layout()->activate();
+    resize(std::max(width(), sizeHint().width()), sizeHint().height());
+    Combo1->setFocus();
+    Combo1->lineEdit()->selectAll();
+}
+
+void frmFind::unload() {
+    searches_.save(store_, settings::kSearchStrings);
+    replacements_.save(store_, settings::kReplaceStrings);
+    storePosition(*this, store_, kPosition);
+    deleteLater();
+}
+
+void frmFind::findTextChanged() {
+    updateButtons();
+    restart_ = true;
+}
+
+void frmFind::updateButtons() {
+    const bool hasText = !Combo1->currentText().isEmpty();
+    cmdFindReplace[0]->setEnabled(hasText);
+    // It opens the other shape in this one.
+    cmdFindReplace[1]->setEnabled(hasText || shape_ == Shape::Find);
+    cmdFindReplace[2]->setEnabled(hasText);
+}
+
+void frmFind::pressed(FindButton button) {
+    if (button == FindButton::Replace && shape_ == Shape::Find) {
+        setShape(Shape::Replace);
+        findTextChanged();
+        Command2->setFocus();
+        return;
+    }
+    editor_.queue.submit(Origin::User, [form = QPointer(this), button] {
+        if (form) form->run(button);
+    });
+}
+
+FindRequest frmFind::request() const {
+    FindRequest request = {
+        .find = Combo1->currentText().toStdString(),
+        .with = Combo2->currentText().toStdString(),
+        .options = {.wholeWord = chkWholeWordOnly->isChecked(), .matchCase = chkMatchCase->isChecked()},
+        .direction = FindDirection::Down,
+        .startFromBeginning = chkStartFromBeginning->isChecked(),
+        .beginsAfresh = restart_};
+    if (optDirectionUp->isChecked()) request.direction = FindDirection::Up;
+    if (optDirectionAll->isChecked()) request.direction = FindDirection::All;
+    return request;
+}
+
+void frmFind::enterHistories(FindButton button) {
+    searches_.enter(Combo1->currentText().toStdString());
+    showHistory(*Combo1, searches_);
+    if (button == FindButton::FindNext) return;
+    replacements_.enter(Combo2->currentText().toStdString());
+    showHistory(*Combo2, replacements_);
+}
+
+void frmFind::run(FindButton button) {
+    auto* document = editor_.mainWindow().ActiveForm();
+    if (!document) return;
+    enterHistories(button);
+    RichTextBox& text = *document->RichTextBox1;
+    FindOutcome outcome;
+    {
+        const WaitCursor waiting;
+        const RaisedFlag suppressed(editor_.variables.SuppressCaretUpdate);
+        outcome = runFind(text, button, request());
+        if (outcome.isNewText) editor_.highlighter.SetDocumentFormat(text);
+    }
+    // The bars have not heard of the caret's moves.
+    emit text.SelChange();
+    if (outcome.searchedOn) chkStartFromBeginning->setChecked(false);
+    const std::string message = findMessage(button, outcome);
+    restart_ = !message.empty();
+    if (restart_) MessageBox(this, message, MessageIcon::Information, {});
+}
+
+}  // namespace klt

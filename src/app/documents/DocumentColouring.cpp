@@ -1,0 +1,49 @@
+#include "app/documents/DocumentColouring.h"
+
+#include <QCoreApplication>
+#include <memory>
+
+#include "app/commands/CommandQueue.h"
+#include "app/dialogs/frmKLTChecker.h"
+#include "app/documents/WindowPass.h"
+#include "app/documents/frmKLTEditor.h"
+#include "app/window/frmMDIKLTEditor.h"
+#include "language/NewDocument.h"
+#include "settings/Catalogue.h"
+#include "text/Ascii.h"
+#include "ui/WaitCursor.h"
+#include "ui/modKLTSyntaxHighlighter.h"
+
+namespace klt {
+
+DocumentColouring::DocumentColouring(Store& store, CommandQueue& queue, modKLTSyntaxHighlighter& highlighter,
+                                     std::function<frmMDIKLTEditor&()> mainWindow)
+    : store_(store), queue_(queue), highlighter_(highlighter), mainWindow_(std::move(mainWindow)) {}
+
+bool DocumentColouring::showsProgress(const frmKLTEditor& document) const {
+    if (readSetting(store_, settings::kShowKLTCheckerWindow) != 1) return false;
+    const RichTextBox& box = *document.RichTextBox1;
+    return box.Length() != static_cast<Position>(kNewDocumentText.size()) ||
+           !equalIgnoringAsciiCase(box.Text(), kNewDocumentText);
+}
+
+void DocumentColouring::ColourDocument(frmKLTEditor& document) {
+    std::unique_ptr<frmKLTChecker> progress;
+    if (showsProgress(document)) progress = std::make_unique<frmKLTChecker>(&mainWindow_());
+    const CommandQueue::Pass hold(queue_, progress.get());
+    const WaitCursor waiting;
+    if (progress) {
+        progress->show();
+        progress->repaint();
+    }
+    QCoreApplication::processEvents();
+    RichTextBox& box = *document.RichTextBox1;
+    {
+        WindowPass pass(box, highlighter_.state, progress.get());
+        highlighter_.LoadStyles(box);
+        pass.run();
+    }
+    if (progress && progress->isActiveWindow()) mainWindow_().activateWindow();
+}
+
+}  // namespace klt

@@ -1,0 +1,245 @@
+#include "app/documents/Documents.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <algorithm>
+
+#include "app/documents/frmKLTEditor.h"
+#include "app/modVariables.h"
+#include "app/window/frmMDIKLTEditor.h"
+#include "language/NewDocument.h"
+#include "platform/FileCalls.h"
+#include "platform/FileReader.h"
+#include "platform/FileWriter.h"
+#include "platform/KeptCopies.h"
+#include "platform/Paths.h"
+#include "platform/ProgramNames.h"
+#include "platform/Recovery.h"
+#include "settings/Catalogue.h"
+#include "settings/cRegistry.h"
+#include "ui/MessageBox.h"
+
+namespace klt {
+namespace {
+
+constexpr const char* kOpenTitle = "Select Data File to Open";
+constexpr unsigned kSaveFlags = kOverwritePrompt | kHideReadOnly | kPathMustExist | kExplorer | kLongNames;
+constexpr unsigned kOpenFlags = kHideReadOnly | kAllowMultiselect | kFileMustExist | kExplorer | kLongNames;
+static_assert(kSaveFlags == 2623494 && kOpenFlags == 2626052);
+
+void letEventsRun() {
+    QCoreApplication::processEvents();
+}
+
+/// What the document's file is called, or would be.
+std::string displayName(const frmKLTEditor& document) {
+    const std::string name = FileName(document.Caption());
+    return FileExtension(document.Caption()).empty() ? name + ".klt" : name;
+}
+
+}  // namespace
+
+Documents::Documents(modVariables& variables, Store& store, CommandQueue& queue,
+                     std::function<frmMDIKLTEditor&()> mainWindow,
+                     std::function<void(frmKLTEditor&)> ColourDocument)
+    : variables_(variables),
+      store_(store),
+      queue_(queue),
+      mainWindow_(std::move(mainWindow)),
+      ColourDocument_(std::move(ColourDocument)) {}
+
+void Documents::OpenDocument(std::string_view path, bool checkNow) {
+    const CommandQueue::Hold hold(queue_);
+    ++variables_.DocumentCounter;
+    frmMDIKLTEditor& window = mainWindow_();
+    frmKLTEditor& document = window.loadDocument();
+    letEventsRun();
+    if (path.find_first_not_of(' ') == path.npos) {
+        fillNew(document);
+    } else if (const auto found = findPathIgnoringCase(path)) {
+        fillFromFile(document, *found);
+    } else {
+        MessageBox(&window, "The specified data file (" + std::string(path) + ") does not exist.",
+                   MessageIcon::Exclamation, kTitle);
+    }
+    window.panels().showCaret(1, 1);
+    window.showDocument(document);
+    letEventsRun();
+    if (checkNow && readSetting(store_, settings::kAutoSyntaxCheck)) ColourDocument_(document);
+    window.updateMenus();
+}
+
+void Documents::fillNew(frmKLTEditor& document) {
+    document.setCaption("KLT" + std::to_string(variables_.DocumentCounter));
+    document.RichTextBox1->SetText(kNewDocumentText);
+}
+
+void Documents::fillFromFile(frmKLTEditor& document, const std::string& path) {
+    document.setCaption(path);
+    {
+        const RaisedFlag loading(variables_.LoadingDocuments);
+        const TextFile file = readTextFile(path);
+        document.encoding = file.encoding;
+        document.unread = file.error.has_value();
+        if (file.error) mainWindow_().notices().tell(path + " could not be read: " + *file.error);
+        document.RichTextBox1->SetText(file.text);
+    }
+    variables_.CurrentFilePath = path;
+    AddToRecent(path);
+    document.Label2->setEnabled(true);
+    for (const auto& copy : leftoverCopies(path)) {
+        std::string told = "A save of " + path;
+        told += " did not come to its end; what stood there before is kept in " + copy;
+        mainWindow_().notices().tell(told, [copy] { std::ignore = dismissKeptFile(copy); });
+    }
+}
+
+void Documents::openFiles(const std::vector<std::string>& paths) {
+    const CommandQueue::Hold hold(queue_);
+    const RaisedFlag loading(variables_.LoadingDocuments);
+    for (const auto& path : paths) {
+        OpenDocument(path, true);
+        letEventsRun();
+    }
+}
+
+void Documents::New() {
+    const RaisedFlag loading(variables_.LoadingDocuments);
+    OpenDocument("", true);
+}
+
+void Documents::Open() {
+    CommonDialog1& dialog = mainWindow_().fileDialog();
+    dialog.DialogTitle = kOpenTitle;
+    dialog.FileName.clear();
+    dialog.Flags = kOpenFlags;
+    openFiles(dialog.ShowOpen());
+}
+
+void Documents::Close() {
+    if (auto* document = mainWindow_().ActiveForm()) mainWindow_().closeDocument(*document);
+}
+
+std::string Documents::askForFile(const frmKLTEditor& document, std::string_view title) {
+    CommonDialog1& dialog = mainWindow_().fileDialog();
+    dialog.DialogTitle = title;
+    dialog.FileName = displayName(document);
+    dialog.Flags = kSaveFlags;
+    dialog.ShowSave();
+    return dialog.FileName;
+}
+
+void Documents::SaveDocument() {
+    if (auto* document = mainWindow_().ActiveForm()) save(*document);
+}
+
+void Documents::SaveDocumentAs() {
+    if (auto* document = mainWindow_().ActiveForm()) saveAs(*document);
+}
+
+void Documents::save(frmKLTEditor& document) {
+    if (!document.Exists()) return saveAs(document);
+    variables_.CurrentFilePath = document.Caption();
+    if (writeOrTell(document)) saved(document);
+}
+
+void Documents::saveAs(frmKLTEditor& document) {
+    // Other documents may come and go while the dialog is up.
+    const QPointer<frmKLTEditor> alive(&document);
+    const std::string chosen = askForFile(document, kOpenTitle);
+    if (chosen.empty() || !alive) return;
+    variables_.CurrentFilePath = chosen;
+    if (!writeOrTell(document)) return;
+    document.setCaption(chosen);
+    document.Label2->setEnabled(true);
+    saved(document);
+}
+
+void Documents::saved(frmKLTEditor& document) {
+    document.Label1->setEnabled(false);
+    if (mainWindow_().ActiveForm() == &document) mainWindow_().panels().showModified(false);
+    AddToRecent(variables_.CurrentFilePath);
+    mainWindow_().updateMenus();
+}
+
+/// Writes the document to `CurrentFilePath`. A failure leaves the document as it is.
+Failure Documents::write(frmKLTEditor& document) {
+    const std::string& path = variables_.CurrentFilePath;
+    const auto& all = mainWindow_().forms().documents();
+    const bool keepsOld = std::any_of(all.begin(), all.end(), [&path](const frmKLTEditor* other) {
+        return other->unread && linkTarget(other->Caption()) == linkTarget(path);
+    });
+    const auto written = writeTextFile(path, document.RichTextBox1->Text(), document.encoding,
+                                       keepsOld ? OldFile::KeptBeside : OldFile::Replaced);
+    if (written.error) return path + " could not be saved: " + *written.error;
+    document.encoding = written.encoding;
+    document.unread = false;
+    return std::nullopt;
+}
+
+bool Documents::writeOrTell(frmKLTEditor& document) {
+    const auto failure = write(document);
+    if (failure) mainWindow_().notices().tell(*failure);
+    return !failure;
+}
+
+bool Documents::CloseCheck(frmKLTEditor* document) {
+    if (!document) document = mainWindow_().ActiveForm();
+    if (!document || !document->Modified()) return false;
+    const QPointer<frmKLTEditor> alive(document);
+    const auto answer = MessageBox(
+        &mainWindow_(), "The data file " + displayName(*document) + " has been changed!\nSave changes?",
+        MessageIcon::Exclamation, kTitle, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (!alive) return false;
+    if (answer == QMessageBox::Yes) return saveAtClose(*document);
+    if (answer != QMessageBox::Cancel) return false;
+    variables_.LoadingDocuments = false;
+    return true;
+}
+
+/// True if the document has to stay, since its text could be put nowhere. A user who cancels the file dialog
+/// lets it go unsaved.
+bool Documents::saveAtClose(frmKLTEditor& document) {
+    const QPointer<frmKLTEditor> alive(&document);
+    const std::string chosen =
+        document.Exists() ? document.Caption() : askForFile(document, "Select Data File Name");
+    if (chosen.empty() || !alive) return false;
+    variables_.CurrentFilePath = chosen;
+    if (const auto failure = write(document)) return !keep(document, *failure);
+    AddToRecent(variables_.CurrentFilePath);
+    return false;
+}
+
+/// Keeps the text of a document that must go and could not be written because of `failure`.
+bool Documents::keep(const frmKLTEditor& document, const std::string& failure) {
+    NoticeBar& notices = mainWindow_().notices();
+    const auto kept =
+        keepForRecovery(displayName(document), document.RichTextBox1->Text(), document.encoding);
+    if (kept.error) {
+        notices.tell(failure + ". The document stays, for its text could not be kept in " + kept.path +
+                     " either: " + *kept.error);
+    } else {
+        notices.tell(failure + ". Its text is kept in " + kept.path,
+                     [kept] { std::ignore = dismissKeptFile(kept.path); });
+    }
+    return !kept.error;
+}
+
+void Documents::AddToRecent(const std::string& path) {
+    cMRUFileList& recent = variables_.RecentFiles;
+    cRegistry registry(store_);
+    registry.ClassKey(HKEY_CURRENT_USER);
+    registry.SectionKey(recentFilesPath());
+    // Loaded anew: another editor may have added to the list, or it could not be read at start-up.
+    const cMRUFileList before = recent;
+    const bool stored = store_.together([&] {
+        recent.Load(registry);
+        recent.AddFile(path);
+        return recent.Save(registry);
+    });
+    if (stored) return;
+    recent = before;
+    recent.AddFile(path);
+}
+
+}  // namespace klt

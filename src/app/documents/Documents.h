@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/commands/CommandQueue.h"
+#include "platform/Failure.h"
+
+namespace klt {
+
+class Store;
+class frmKLTEditor;
+class frmMDIKLTEditor;
+struct modVariables;
+
+/// Making, opening, saving and closing documents. What fails is told in the main window's bar of notices.
+class Documents {
+public:
+    /// `mainWindow` gives the main window, which is loaded at its first call. `ColourDocument` runs the pass.
+    Documents(modVariables& variables, Store& store, CommandQueue& queue,
+              std::function<frmMDIKLTEditor&()> mainWindow,
+              std::function<void(frmKLTEditor&)> ColourDocument);
+
+    /// Opens the file in a new window, which is the active one then; a path of blanks makes a new document. A
+    /// file that does not exist is told of in a message, and one that can't be read in a notice: the window
+    /// stays all the same, empty. `checkNow` permits the check that the setting "AutoSyntaxCheck" asks for.
+    void OpenDocument(std::string_view path, bool checkNow);
+    /// Opens each in turn and lets events run in between.
+    void openFiles(const std::vector<std::string>& paths);
+
+    /// What becomes of a document that is about to close, by default the active one: true if it stays.
+    bool CloseCheck(frmKLTEditor* document = nullptr);
+    void SaveDocument();
+    void SaveDocumentAs();
+    /// Puts the path at the head of the recent files and stores the list.
+    void AddToRecent(const std::string& path);
+
+    /// The commands of the menu.
+    void New();
+    void Open();
+    void Close();
+
+private:
+    void fillNew(frmKLTEditor& document);
+    void fillFromFile(frmKLTEditor& document, const std::string& path);
+    void save(frmKLTEditor& document);
+    void saveAs(frmKLTEditor& document);
+    bool saveAtClose(frmKLTEditor& document);
+    bool keep(const frmKLTEditor& document, const std::string& failure);
+    Failure write(frmKLTEditor& document);
+    bool writeOrTell(frmKLTEditor& document);
+    void saved(frmKLTEditor& document);
+    std::string askForFile(const frmKLTEditor& document, std::string_view title);
+
+    modVariables& variables_;
+    Store& store_;
+    CommandQueue& queue_;
+    std::function<frmMDIKLTEditor&()> mainWindow_;
+    std::function<void(frmKLTEditor&)> ColourDocument_;
+};
+
+}  // namespace klt

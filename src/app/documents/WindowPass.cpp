@@ -1,0 +1,108 @@
+#include "app/documents/WindowPass.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <algorithm>
+#include <future>
+
+#include "app/dialogs/frmKLTChecker.h"
+#include "ui/modKLTSyntaxHighlighter.h"
+
+namespace klt {
+namespace {
+
+// Between two slices events run: often enough for a button to answer, seldom enough to cost nothing.
+constexpr qint64 kSliceMilliseconds = 16;
+constexpr Position kLinesAtOnce = 200;
+
+}  // namespace
+
+WindowPass::WindowPass(RichTextBox& box, CheckerState& state, frmKLTChecker* progress)
+    : box_(box),
+      progress_(progress),
+      mask_(std::in_place, box),
+      freeze_(std::in_place, box),
+      text_(box.letters()),
+      pass_(text_, state, this) {
+    box_.setLocked(true);
+    if (!progress_) return;
+    connect(progress_, &frmKLTChecker::lockToggled, this, &WindowPass::setLocked);
+    progress_->SetProgressInfo(box_.LineCount());
+}
+
+WindowPass::~WindowPass() {
+    box_.setLocked(false);
+}
+
+void WindowPass::run() {
+    const Position firstVisible = box_.FirstVisibleLine();
+    QCoreApplication::processEvents();
+    for (bool goesOn = slice(); goesOn;) {
+        tell();
+        if (!locked_) showFinishedPart();
+        QCoreApplication::processEvents();
+        const Position finished = settledEnd();
+        // Where no thread is to be had it is scanned afterwards.
+        auto next = std::async(std::launch::async | std::launch::deferred, [this] { return slice(); });
+        layStylesTo(finished);
+        goesOn = next.get();
+    }
+    layStylesTo(text_.size());
+    box_.SetProtectedRuns(versionRuns(text_.styles()));
+    box_.lettersChanged();
+    box_.ScrollToLine(firstVisible);
+    box_.ScrollCaret();
+    box_.EmptyUndoBuffer();
+}
+
+/// False when the text has come to its end.
+bool WindowPass::slice() {
+    // The first one is short, so that the user sees something at once.
+    const qint64 most = pass_.lineIndex() == 0 ? 0 : kSliceMilliseconds;
+    QElapsedTimer clock;
+    clock.start();
+    while (pass_.advance(kLinesAtOnce)) {
+        if (clock.elapsed() >= most) return true;
+    }
+    return false;
+}
+
+void WindowPass::SetLblCaptions(std::string_view section, std::string_view subsection) {
+    section_ = section;
+    subsection_ = subsection;
+}
+
+void WindowPass::tell() {
+    if (!progress_) return;
+    progress_->SetLblCaptions(section_, subsection_);
+    if (step_) progress_->StepIt(*step_);
+}
+
+void WindowPass::setLocked(bool locked) {
+    if (std::exchange(locked_, locked) == locked) return;
+    if (locked) return freeze_.emplace(box_), void();
+    // What has not been checked yet shows none of the colours of an earlier pass.
+    box_.ColourRun(laid_, box_.Length(), static_cast<StyleByte>(StyleCategory::NormalText));
+    showFinishedPart();
+    freeze_.reset();
+}
+
+void WindowPass::showFinishedPart() {
+    layStylesTo(settledEnd());
+    box_.lettersChanged();
+}
+
+/// The check of the next line may still colour the byte in front of it.
+Position WindowPass::settledEnd() const {
+    constexpr Position kUnsettled = 8;
+    return std::max(laid_, pass_.position() - kUnsettled);
+}
+
+void WindowPass::layStylesTo(Position end) {
+    if (end <= laid_) return;
+    box_.LayStyles(laid_,
+                   text_.styles().substr(static_cast<size_t>(laid_), static_cast<size_t>(end - laid_)));
+    laid_ = end;
+}
+
+}  // namespace klt

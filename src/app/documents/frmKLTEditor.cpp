@@ -1,0 +1,45 @@
+#include "app/documents/frmKLTEditor.h"
+
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+
+namespace klt {
+namespace {
+
+QLabel* makeFlag(const char* name, const char* caption, QWidget* parent) {
+    auto* flag = new QLabel(caption, parent);
+    flag->setObjectName(name);
+    flag->setEnabled(false);
+    flag->hide();
+    return flag;
+}
+
+}  // namespace
+
+frmKLTEditor::frmKLTEditor()
+    : RichTextBox1(new RichTextBox(RichTextBox::Kind::Document, this)),
+      Label1(makeFlag("Label1", "Modified", this)),
+      Label2(makeFlag("Label2", "Exists", this)) {
+    setObjectName("frmKLTEditor");
+    RichTextBox1->setObjectName("RichTextBox1");
+    RichTextBox1->setFrameShape(QFrame::NoFrame);
+    setFocusProxy(RichTextBox1);
+    setCaption("Untitled");
+}
+
+void frmKLTEditor::setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    const QString title = QString::fromStdString(caption_);
+    RichTextBox1->setAccessibleName(title);
+    setWindowTitle(title);
+}
+
+void frmKLTEditor::closeEvent(QCloseEvent* event) {
+    event->setAccepted(!QueryUnload || !QueryUnload());
+}
+
+void frmKLTEditor::resizeEvent(QResizeEvent*) {
+    RichTextBox1->setGeometry(rect());
+}
+
+}  // namespace klt

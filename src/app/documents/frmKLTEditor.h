@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "text/Encoding.h"
+#include "ui/RichTextBox.h"
+
+namespace klt {
+
+/// The window of one document, which its text area covers. It lives inside a sub-window of the main window.
+class frmKLTEditor : public QWidget {
+    Q_OBJECT
+
+public:
+    frmKLTEditor();
+
+    RichTextBox* const RichTextBox1;
+    /// Flags of the document, out of view: enabled means that the text has changes that are not saved, and
+    /// that the document has a file.
+    QLabel* const Label1;
+    QLabel* const Label2;
+    /// The main window's shutdown has asked already: the document is to close without a question.
+    bool AppEnd = false;
+
+    bool Modified() const { return Label1->isEnabledTo(this); }
+    bool Exists() const { return Label2->isEnabledTo(this); }
+
+    /// The document's identity: the full path of its file, as bytes, or a name while it has none.
+    const std::string& Caption() const { return caption_; }
+    void setCaption(std::string caption);
+
+    /// What its file is written in.
+    Encoding encoding = Encoding::Any;
+    /// The file under this caption could not be read, so what stands in it is not what stands here.
+    bool unread = false;
+
+    /// Asked when the window is about to close; true keeps it.
+    std::function<bool()> QueryUnload;
+
+    QSize sizeHint() const override { return {560, 360}; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    std::string caption_;
+};
+
+}  // namespace klt

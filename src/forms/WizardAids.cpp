@@ -1,0 +1,94 @@
+#include "forms/WizardAids.h"
+
+#include <QComboBox>
+#include <memory>
+#include <utility>
+
+#include "forms/AidPopup.h"
+#include "forms/WizardForm.h"
+#include "forms/frmInput.h"
+#include "platform/ProgramNames.h"
+#include "settings/Catalogue.h"
+#include "ui/MessageBox.h"
+#include "wizards/AidMenus.h"
+#include "wizards/FunctionWizard.h"
+#include "wizards/GivesWizard.h"
+#include "wizards/SyntaxAid.h"
+
+namespace klt {
+
+/// The place of an @Function wizard's field in `FunctionTargets`, as long as the wizard is open.
+class WizardAids::OpenFunction {
+public:
+    OpenFunction(WizardAids& aids, RichTextBox& field, int level)
+        : aids_(aids), place_(static_cast<size_t>(level)) {
+        aids_.FunctionTargets.resize(place_);
+        aids_.FunctionTargets.emplace_back(&field);
+    }
+    ~OpenFunction() { aids_.FunctionTargets.resize(place_); }
+    OpenFunction(const OpenFunction&) = delete;
+    OpenFunction& operator=(const OpenFunction&) = delete;
+
+    RichTextBox* target() const { return aids_.FunctionTargets[place_]; }
+
+private:
+    WizardAids& aids_;
+    const size_t place_;
+};
+
+WizardAids::WizardAids(WizardServices services) : services_(std::move(services)) {
+    services_.showSyntaxAid = [this](WizardForm& form, RichTextBox& field, std::string_view menu,
+                                     QPoint place) { SyntaxAid(menu, field, form, place); };
+    services_.showGivesWizard = [this](WizardForm& form, RichTextBox& field) {
+        ShowGivesWizard(form, field);
+    };
+}
+
+std::string WizardAids::AskFor(std::string_view prompt, QWidget& owner) {
+    frmInput dialog(services_.highlighter, services_.store);
+    dialog.ShowDialog(prompt, &owner);
+    return dialog.DialogResult();
+}
+
+void WizardAids::SyntaxAid(std::string_view kind, RichTextBox& field, WizardForm& form, QPoint place) {
+    const AidMenu* const table = aidMenu(kind);
+    if (table == nullptr) return;
+    const int position = AidPopup(*table, &form).choose(place);
+    const auto ask = [&](std::string_view prompt) { return AskFor(prompt, form); };
+    switch (klt::SyntaxAid(*table, position, field, ask)) {
+        case AidOutcome::Nothing:
+            break;
+        case AidOutcome::Inserted:
+            field.setFocus();
+            break;
+        case AidOutcome::OpensFunctions:
+            ShowFunctionsWizard(form, field, dynamic_cast<const FunctionWizard*>(&form.wizard()));
+            break;
+    }
+}
+
+void WizardAids::ShowFunctionsWizard(QWidget& owner, RichTextBox& field, const FunctionWizard* outer) {
+    if (outer != nullptr && !outer->canNest(readSetting(services_.store, settings::kMaximumNested))) {
+        MessageBox(&owner, kNoMoreNesting, MessageIcon::Information, kTitle);
+        return;
+    }
+    const int level = outer == nullptr ? 0 : outer->level() + 1;
+    const OpenFunction open(*this, field, level);
+    WizardForm form(std::make_unique<FunctionWizard>([&open] { return open.target(); }, level), services_,
+                    &owner);
+    form.setProperty("Tag", QString::number(level));
+    // What the arguments are hangs on an item: no text of the user's own would bring them on.
+    form.findChild<QComboBox*>("Combo1")->setEditable(false);
+    form.exec();
+    if (open.target() != nullptr) open.target()->setFocus();
+}
+
+void WizardAids::ShowGivesWizard(QWidget& owner, RichTextBox& field) {
+    const QPointer<RichTextBox> GivesTarget(&field);
+    WizardForm form(std::make_unique<GivesWizard>([GivesTarget]() -> TextArea* { return GivesTarget; }),
+                    services_, &owner);
+    form.exec();
+    owner.activateWindow();
+}
+
+}  // namespace klt

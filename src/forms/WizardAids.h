@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QPoint>
+#include <QPointer>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/WizardServices.h"
+#include "ui/RichTextBox.h"
+
+namespace klt {
+
+class FunctionWizard;
+
+/// What wizards offer to fill a field with: the Syntax Aid menus, and the wizards of one expression. One
+/// object serves all forms, and must outlive them.
+class WizardAids {
+public:
+    /// What `services` lacks of the aids is added.
+    explicit WizardAids(WizardServices services);
+    WizardAids(const WizardAids&) = delete;
+    WizardAids& operator=(const WizardAids&) = delete;
+
+    /// For the forms that offer these aids.
+    const WizardServices& services() const { return services_; }
+
+    /// Asks for one line of text over `owner`; empty where the user cancelled.
+    std::string AskFor(std::string_view prompt, QWidget& owner);
+
+    /// Shows the menu `kind` at a place of the screen, and does with `field` of `form` what the chosen item
+    /// stands for. A `kind` that there is not shows nothing.
+    void SyntaxAid(std::string_view kind, RichTextBox& field, WizardForm& form, QPoint place);
+
+    /// Shows an @Function wizard over `owner`, to write into `field`, and returns when it has closed. With
+    /// `outer`, of whose arguments one is to be filled, it is nested, as deep as the setting allows; beyond
+    /// that the user is told.
+    void ShowFunctionsWizard(QWidget& owner, RichTextBox& field, const FunctionWizard* outer = nullptr);
+
+    /// Shows a Gives wizard over `owner`, to write into `field`, and returns when it has closed.
+    void ShowGivesWizard(QWidget& owner, RichTextBox& field);
+
+private:
+    class OpenFunction;
+
+    WizardServices services_;
+    /// The field of each open @Function wizard, the outermost first.
+    std::vector<QPointer<RichTextBox>> FunctionTargets;
+};
+
+}  // namespace klt

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QComboBox>
+#include <string>
+#include <vector>
+
+#include "wizards/WizardTable.h"
+
+namespace klt {
+
+class Store;
+struct ControlState;
+
+/// A combo of a wizard: a face of its state. What is typed goes into the state at once; what the list brings
+/// is told by `activated`.
+class WizardCombo : public QComboBox {
+    Q_OBJECT
+
+public:
+    /// `kind` says whether it completes what is typed, and keeps it. While `isSuppressed` it does not
+    /// complete. What it is given must outlive it.
+    WizardCombo(ControlKind kind, ControlState& state, Store& store, const bool& isSuppressed,
+                QWidget* parent);
+
+    /// Shows what the state holds.
+    void showState();
+    /// What leaving the combo does: in a combo that keeps its entries, the text becomes an item.
+    void commit();
+    /// The list is as wide as its longest item.
+    void showPopup() override;
+
+protected:
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void complete(int keyCode);
+
+    const ControlKind kind_;
+    ControlState& state_;
+    Store& store_;
+    const bool& isSuppressed_;
+    std::vector<std::string> shown_;
+};
+
+}  // namespace klt

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+#include <string_view>
+
+#include "forms/WizardControls.h"
+#include "forms/WizardServices.h"
+#include "wizards/Wizard.h"
+
+namespace klt {
+
+class RichTextBox;
+
+/// The window of any wizard, made from its table. It decides nothing: the wizard does.
+class WizardForm : public QDialog {
+    Q_OBJECT
+
+public:
+    /// A wizard for a new line fills its lists from the document, whose caret goes to its start; one for
+    /// another purpose comes filled. What `services` refers to must outlive the form.
+    WizardForm(std::unique_ptr<Wizard> wizard, WizardServices services, QWidget* owner);
+
+    Wizard& wizard() { return *wizard_; }
+    /// The field of that name, which must be one of the table's.
+    RichTextBox& field(std::string_view name) const;
+    /// Brings the controls up to date with the wizard's state, after that was changed by others.
+    void showState();
+
+    /// Moves to its place at the first time.
+    void setVisible(bool visible) override;
+    /// Remembers its place.
+    void done(int result) override;
+
+private:
+    void fillLists();
+    void wire();
+    void wireButton(const WizardControl& control);
+    void click(std::string_view control, int state);
+    void finish();
+    void complain(const Complaint& complaint);
+    void focusFirst();
+    void scrollToPlace() const;
+    QWidget& widget(std::string_view name) const;
+
+    std::unique_ptr<Wizard> wizard_;
+    const WizardServices services_;
+    WizardControls controls_;
+    bool isPlaced_ = false;
+};
+
+}  // namespace klt

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "wizards/WizardState.h"
+
+namespace klt {
+
+/// The item line that the fields make up, in one piece. Texts go in as they stand.
+std::string itemText(const ItemShape& shape, const WizardState& state);
+
+/// Takes a line apart by its tags, from the last one to the first, and fills the fields; the texts of other
+/// fields stay. Nothing is refused: what is not recognised stays in the name field or in the tag in front of
+/// it. The tags are searched without regard to quotes, nesting and word borders, a value is cut one character
+/// in front of the line's end, and a tag two characters in front of its start.
+void LoadLineIntoWizard(const ItemShape& shape, std::string_view line, WizardState& state);
+
+}  // namespace klt

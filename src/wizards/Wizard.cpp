@@ -1,0 +1,105 @@
+#include "wizards/Wizard.h"
+
+#include <algorithm>
+
+#include "text/Unicode.h"
+#include "wizards/Categories.h"
+#include "wizards/ItemLine.h"
+#include "wizards/NameList.h"
+
+namespace klt {
+
+Wizard::Wizard(const WizardTable& table, Opening opening)
+    : state(table), table_(table), opening_(std::move(opening)) {
+    applyEffects(kAtLoad);
+}
+
+void Wizard::fillCombos(std::string_view document) {
+    for (const PlaceRow& row : table_.places) {
+        if (!row.combo.empty()) state.control(row.combo).list = FillCategories(document, row.section);
+    }
+}
+
+void Wizard::SelectSubsection(const EditSection& section, std::string_view subsection) {
+    if (!section.option.empty()) click(section.option, kOn);
+    if (section.list.empty()) return;
+    const auto& list = state.control(section.list).list;
+    const auto last = std::find_if(list.rbegin(), list.rend(), [subsection](const std::string& each) {
+        return equalIgnoringCase(each, subsection);
+    });
+    if (last != list.rend()) state.setState(section.list, static_cast<int>(list.rend() - last) - 1);
+}
+
+void Wizard::click(std::string_view control, int newState) {
+    state.setState(control, newState);
+    applyEffects(control, newState);
+}
+
+void Wizard::applyEffects(Names of, int newState) {
+    for (const Effect& effect : table_.effects) {
+        const bool isMeant = holdsName(effect.of, of) &&
+                             (effect.state == kAnyState || effect.state == newState) &&
+                             isCalledFor(effect.modes) && state.holds(effect.when);
+        if (isMeant) state.apply(effect);
+    }
+}
+
+const PlaceRow* Wizard::place() const {
+    const auto found = std::ranges::find_if(table_.places, [this](const PlaceRow& row) {
+        return row.option.empty() || state.control(row.option).state == kOn;
+    });
+    return found == table_.places.end() ? nullptr : &*found;
+}
+
+std::optional<Complaint> Wizard::check() const {
+    return firstFailing(table_.rules);
+}
+
+std::optional<Complaint> Wizard::firstFailing(std::span<const CheckRule> rules) const {
+    for (const CheckRule& rule : rules) {
+        if (!isCalledFor(rule.modes) || !state.holds(rule.when)) continue;
+        const bool isGroup = rule.control.find(' ') != rule.control.npos;
+        const bool isMet = anyName(rule.control, [&](std::string_view name) {
+            const ControlState& control = state.control(name);
+            return isGroup ? control.state == kOn : !control.text.empty();
+        });
+        if (!isMet) return Complaint{rule.message, isGroup ? rule.focus : rule.control};
+    }
+    return std::nullopt;
+}
+
+std::string Wizard::text() const {
+    return itemText(table_.line, state);
+}
+
+void Wizard::load(std::string_view line) {
+    LoadLineIntoWizard(table_.line, line, state);
+}
+
+std::unique_ptr<LineTarget> Wizard::target() const {
+    if (opening_.mode == OpeningMode::Edit)
+        return std::make_unique<ReplacedLine>(opening_.target, opening_.item);
+    if (opening_.mode == OpeningMode::Package) return std::make_unique<LineBox>(opening_.target);
+    const PlaceRow& row = *place();
+    if (row.combo.empty()) return std::make_unique<PlacedLine>(opening_.target, row.section);
+    const ControlState& combo = state.control(row.combo);
+    return std::make_unique<PlacedLine>(opening_.target, row.section, '<' + combo.text + '>', combo.list,
+                                        combo.state);
+}
+
+std::string Wizard::finishedText(const LineBreakLimits& limits) const {
+    auto whole = text() + opening_.item.comment;
+    if (!table_.line.isBroken || opening_.mode == OpeningMode::Package) return whole;
+    const PlaceRow* const row = place();
+    return BreakLongLine(whole, row == nullptr ? Section::Other : sectionOf(row->section), limits);
+}
+
+DoneResult Wizard::finish(const LineBreakLimits& limits) {
+    if (const auto complaint = check()) return {DoneResult::Kind::Refused, *complaint};
+    if (!target()->write({finishedText(limits)})) return {DoneResult::Kind::Refused, {kTextHasChanged}};
+    if (table_.closesAfterDone || opening_.mode != OpeningMode::Insert) return {DoneResult::Kind::Closes};
+    applyEffects(kAfterDone);
+    return {DoneResult::Kind::StaysOpen};
+}
+
+}  // namespace klt

@@ -1,0 +1,66 @@
+#include "app/window/NoticeBar.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace klt;
+
+namespace {
+
+class NoticeBarTest : public testing::Test {
+protected:
+    NoticeBarTest() {
+        auto* column = new QVBoxLayout(&window);
+        column->addWidget(&bar);
+        column->addWidget(&edit);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        edit.setFocus();
+    }
+    QString text() const { return bar.findChild<QLabel*>("NoticeText")->text(); }
+    void dismiss() { QTest::mouseClick(bar.findChild<QPushButton*>("NoticeDismiss"), Qt::LeftButton); }
+
+    QWidget window;
+    NoticeBar bar{&window};
+    QLineEdit edit{&window};
+};
+
+TEST_F(NoticeBarTest, ItShowsTheNewestNoticeAndHowManyAreBehindIt) {
+    EXPECT_FALSE(bar.isVisible());
+    const auto* count = bar.findChild<QLabel*>("NoticeCount");
+    int dismissed = 0;
+    bar.tell("one", [&] { ++dismissed; });
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_FALSE(count->isVisible());
+    bar.tell("two");
+    EXPECT_EQ(text(), "two");
+    EXPECT_EQ(count->text(), "and 1 more");
+    dismiss();
+    EXPECT_EQ(text(), "one");
+    EXPECT_EQ(dismissed, 0);
+    dismiss();
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_EQ(dismissed, 1);
+}
+
+TEST_F(NoticeBarTest, NeitherComingNorGoingTakesTheFocus) {
+    bar.tell("one");
+    EXPECT_TRUE(edit.hasFocus());
+    dismiss();
+    EXPECT_TRUE(edit.hasFocus());
+}
+
+TEST_F(NoticeBarTest, ALongPathWithLineBreaksStaysOnOneLineAndDoesNotWidenTheWindow) {
+    const int height = bar.sizeHint().height(), width = window.minimumSizeHint().width();
+    bar.tell(std::string(5000, 'a') + "\n\t<b>end");
+    EXPECT_TRUE(text().endsWith("  <b>end"));
+    EXPECT_EQ(bar.sizeHint().height(), height);
+    EXPECT_LT(window.minimumSizeHint().width(), width + 400);
+}
+
+}  // namespace

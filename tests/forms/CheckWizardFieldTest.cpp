@@ -1,0 +1,86 @@
+// A wizard's field while one types: text, colours, caret and undo.
+
+#include "forms/CheckWizardField.h"
+
+#include <gtest/gtest.h>
+
+#include "settings/Catalogue.h"
+#include "settings/Store.h"
+#include "support/Box.h"
+#include "support/Scratch.h"
+#include "ui/modKLTSyntaxHighlighter.h"
+
+using namespace klt;
+
+namespace {
+
+class CheckWizardFieldTest : public testing::Test {
+protected:
+    CheckWizardFieldTest() { highlighter.state.functionStack.reset(); }  // as a pass leaves it
+    void switchOn(bool checks) { writeSetting(store, settings::kWizardSyntaxCheck, checks); }
+
+    ScratchHome home;
+    Store store;
+    CRegSettings styles{store};
+    modKLTSyntaxHighlighter highlighter{styles};
+};
+
+TEST_F(CheckWizardFieldTest, ColoursWhatIsTyped) {
+    const struct {
+        const char* tag;
+        const char* typed;
+        bool checks;
+        const char* text;
+        const char* runs;
+    } rows[] = {
+        {"gives(", "+1 to sk:Knife", true, "+1 To SK:Knife",
+         "0 1 Math Characters\n3 5 Keywords\n6 9 Prefix Tags"},
+        {"gives(", "+1 to sk:Knife", false, "+1 to sk:Knife", ""},
+        {"cost(", "10/20", true, "10/20", ""},
+        {"cost(", "abc", true, "abc", "0 3 Syntax Error"},
+        {"needs(", "SK:Knife (", true, "SK:Knife (", "0 10 Syntax Error"},
+        {"needs(", "%level", true, "%level", "0 6 Syntax Error"},
+        {"name(", "@FOO(", true, "@FOO(", "0 5 Syntax Error"},
+        {"name(", "@foo()", true, "@foo()", ""},
+        {"type(", "abc", true, "abc", ""},
+    };
+    writeSetting(store, settings::kMatchParenthesis, false);
+    for (const auto& row : rows) {
+        switchOn(row.checks);
+        Box box(RichTextBox::Kind::Field);
+        makeWizardField(box, row.tag, highlighter, store);
+        QTest::keyClicks(&box, row.typed);
+        EXPECT_EQ(box.shown(), row.text) << row.tag << row.typed;
+        EXPECT_EQ(box.StyleRuns().toStdString(), row.runs) << row.tag << row.typed;
+        EXPECT_EQ(box.SelStart(), box.Length());
+    }
+}
+
+TEST_F(CheckWizardFieldTest, KeepsCaretSelectionAndUndo) {
+    Box box(RichTextBox::Kind::Field, "+1 to knife");
+    box.SetSelStart(2);
+    QTest::keyClicks(&box, "2");
+    box.Select(4, 3);
+    CheckWizardField(box, "gives(", highlighter, store);
+    EXPECT_EQ(box.shown(), "+12 To knife");
+    EXPECT_EQ(box.SelText(), "To ");
+    ASSERT_TRUE(box.CanUndo());
+    box.Undo();
+    EXPECT_EQ(box.shown(), "+1 To knife");
+    EXPECT_TRUE(highlighter.state.CurrentSection().empty());
+}
+
+TEST_F(CheckWizardFieldTest, ComesOutOfErrorWhenTheParenthesesBalance) {
+    Box box(RichTextBox::Kind::Field);
+    makeWizardField(box, "notes(", highlighter, store);
+    writeSetting(store, settings::kMatchParenthesis, true);
+    QTest::keyClicks(&box, "a (b");
+    EXPECT_EQ(box.shown(), "a (b)");
+    EXPECT_EQ(box.StyleRuns().toStdString().find("Syntax Error"), std::string::npos);
+    box.key(Qt::Key_Delete);
+    EXPECT_EQ(box.StyleRuns(), "0 4 Syntax Error");
+    box.key(Qt::Key_Z, kCtrl);
+    EXPECT_EQ(box.StyleRuns().toStdString().find("Syntax Error"), std::string::npos);
+}
+
+}  // namespace

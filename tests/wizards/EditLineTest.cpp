@@ -1,0 +1,121 @@
+#include "wizards/EditLine.h"
+
+#include <gtest/gtest.h>
+
+#include "language/StyleCategory.h"
+#include "support/MemoryTextArea.h"
+#include "wizards/LineTarget.h"
+
+using namespace klt;
+
+namespace {
+
+using Kind = EditLineResult::Kind;
+
+/// Takes the "^" out of the text and puts the caret there.
+std::unique_ptr<MemoryTextArea> marked(std::string text) {
+    const auto caret = text.find('^');
+    text.erase(caret, 1);
+    auto area = std::make_unique<MemoryTextArea>(text);
+    area->SetSelStart(static_cast<Position>(caret));
+    return area;
+}
+
+TEST(EditLine, FindsTheSection) {
+    const std::string head =
+        "Version=2\r\n* The version information above MUST be the first line of the data file\r\n";
+    const struct {
+        const char* name;
+        std::string text;
+        Kind kind;
+        std::string section;
+        std::string selected;
+    } rows[] = {
+        {"in any case", "[aDs]\r\nI^tem, 5", Kind::Item, "ADS", "aDs"},
+        {"a header belongs to the section above", "[ADS]\r\nI, 5\r\n[SKI^LLS]", Kind::Item, "ADS", "ADS"},
+        {"other brackets are stepped over", "[BONUS]\r\n[x]\r\n* a [b\r\nI^", Kind::Item, "BONUS", "BONUS"},
+        {"brackets in the item count not", "[MODS]\r\nI [ADS]^", Kind::Item, "MODS", "MODS"},
+        {"the author", "[Ads]\r\n[author]\r\n*^", Kind::Author, "", "author"},
+        {"the head", head + "I^", Kind::Head, "", head.substr(0, 82)},
+        {"no brackets", "a\r\nb^c", Kind::Head, "", "a\r\nbc"},
+        {"only others", "[x]\r\nb^", Kind::Head, "", "[x]\r\nb"},
+    };
+    for (const auto& row : rows) {
+        const auto document = marked(row.text);
+        const auto found = EditLine(*document);
+        EXPECT_EQ(found.kind, row.kind) << row.name;
+        EXPECT_EQ(found.section ? found.section->name : "", row.section) << row.name;
+        EXPECT_EQ(document->SelText(), row.selected) << row.name;
+        EXPECT_EQ(found.EditLineStart, static_cast<Position>(row.text.rfind('\n', row.text.find('^')) + 1))
+            << row.name;
+    }
+}
+
+TEST(EditLine, FindsTheSubsection) {
+    const struct {
+        const char *name, *text, *subsection;
+        bool isWholeHeading = false;
+    } rows[] = {
+        {"between its brackets", "[A]\r\n<x>\r\n<B c> d\r\nI^", "B c"},
+        {"set in by a blank", "[A]\r\n <B>\r\nI^", "B"},
+        {"not a comparison", "[A]\r\n<B>\r\nI, 5,\r\n\tneeds(ST<3, \r\n\t <4>)\r\nJ^", "B"},
+        {"none", "[A]\r\nI^", ""},
+        {"the whole heading", "[A]\r\n<SK:B>=14>\r\nI^", "SK:B>=14", true},
+    };
+    for (const auto& row : rows) {
+        const auto document = marked(row.text);
+        EXPECT_EQ(subsectionAbove(*document, document->SelStart(), row.isWholeHeading), row.subsection)
+            << row.name;
+    }
+}
+
+TEST(LoadSingleLine, TakesTheItemAndItsComment) {
+    const struct {
+        const char *name, *text, *line, *selected;
+        const char* comment = "";
+    } rows[] = {
+        {"its line end stays", "a\r\nI^, 5\r\nb", "I, 5", "I, 5"},
+        {"joined", "I^, 5,\r\n\tnotes(a _\r\n\tb |\r\n\tc)\r\nx", "I, 5, notes(a b | c)",
+         "I, 5,\r\n\tnotes(a _\r\n\tb |\r\n\tc)"},
+        {"from the caret's line on", "I, 5,\r\n\tnotes^(a)", " notes(a)", "\tnotes(a)"},
+        {"open at the end of the text", "I^, 5,", "I, 5, ", "I, 5,"},
+        {"a comment", "I^, 5, page(1) \t // a  b _", "I, 5, page(1)", "I, 5, page(1) \t // a  b _",
+         " \t // a  b _"},
+        {"no comment inside parentheses", "I^, 5, notes(http://x)", "I, 5, notes(http://x)",
+         "I, 5, notes(http://x)"},
+        {"but one behind them", "I^, 5, notes(a//b) // c", "I, 5, notes(a//b)", "I, 5, notes(a//b) // c",
+         " // c"},
+    };
+    for (const auto& row : rows) {
+        const auto document = marked(row.text);
+        const auto item = LoadSingleLine(*document, document->SelStart());
+        EXPECT_EQ(item.line, row.line) << row.name;
+        EXPECT_EQ(item.comment, row.comment) << row.name;
+        EXPECT_EQ(item.oldText, row.selected) << row.name;
+        EXPECT_EQ(document->SelText(), row.selected) << row.name;
+    }
+}
+
+TEST(ReplacedLine, WritesOnlyWhereTheItemStillStands) {
+    MemoryTextArea document("[ADS]\r\nI, 5\r\nJ, 6");
+    TextArea* area = &document;
+    const auto item = LoadSingleLine(document, 7);
+    ReplacedLine target([&area] { return area; }, item);
+
+    document.SetSelStart(document.Length());
+    document.ColourRun(0, 7, static_cast<StyleByte>(StyleCategory::Sections));
+    EXPECT_TRUE(target.write({"Longer, 7"}));
+    EXPECT_EQ(document.StyleAt(7), static_cast<StyleByte>(StyleCategory::NormalText));
+    EXPECT_EQ(document.Text(), "[ADS]\r\nLonger, 7\r\nJ, 6");
+    document.Undo();
+    EXPECT_EQ(document.Text(), "[ADS]\r\nI, 5\r\nJ, 6");
+
+    document.SetSelStart(0);
+    document.SetSelText("x");
+    EXPECT_FALSE(target.write({"K, 7"})) << "it has moved";
+    EXPECT_EQ(document.Text(), "x[ADS]\r\nI, 5\r\nJ, 6");
+    area = nullptr;
+    EXPECT_FALSE(target.write({"K, 7"})) << "the document is closed";
+}
+
+}  // namespace
