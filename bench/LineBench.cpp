@@ -5,8 +5,7 @@
 #include <string>
 
 #include "SampleText.h"
-#include "wizards/AdvantageWizard.h"
-#include "wizards/Wizard.h"
+#include "wizards/Wizards.h"
 
 namespace {
 

@@ -10,8 +10,7 @@
 #include "text/TextSearch.h"
 #include "tools/FindText.h"
 #include "ui/RichTextBox.h"
-#include "wizards/AdvantageWizard.h"
-#include "wizards/Wizard.h"
+#include "wizards/Wizards.h"
 
 namespace klt {
 namespace {

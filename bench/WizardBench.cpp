@@ -10,7 +10,7 @@
 
 #include "OpenEditor.h"
 #include "forms/WizardForm.h"
-#include "wizards/AdvantageWizard.h"
+#include "wizards/Wizards.h"
 
 namespace klt {
 namespace {

@@ -3,8 +3,7 @@
 
 #include "CheckInvariants.h"
 #include "support/MemoryTextArea.h"
-#include "wizards/AdvantageWizard.h"
-#include "wizards/Wizard.h"
+#include "wizards/Wizards.h"
 
 using namespace klt;
 
@@ -14,17 +13,14 @@ void editLine(MemoryTextArea& document, LineBreakLimits limits) {
     const auto found = EditLine(document);
     fuzz::require(found.EditLineStart <= document.Length(), "the line begins inside the text");
     const bool isItem = found.kind == EditLineResult::Kind::Item;
-    fuzz::require(isItem == (found.section != nullptr), "an item has a section");
-    if (!isItem || found.section->form != kAdWizard.form) return;
+    fuzz::require(!isItem || found.section != Section::Other, "an item has a section");
 
     const std::string before(document.Text());
-    const std::string subsection(subsectionAbove(document, found.EditLineStart));
-    const auto item = LoadSingleLine(document, found.EditLineStart);
-    Wizard wizard(kAdWizard, {OpeningMode::Edit, [&document] { return &document; }, item});
-    wizard.fillCombos(before);
-    wizard.SelectSubsection(*found.section, subsection);
-    wizard.load();
-    if (wizard.finish(limits).kind != DoneResult::Kind::Closes) {
+    const auto wizard = wizardOfItem(
+        document, [&document] { return &document; }, found);
+    if (wizard == nullptr) return;
+    const EditedItem& item = wizard->opening().item;
+    if (wizard->finish(limits).kind != DoneResult::Kind::Closes) {
         fuzz::require(document.Text() == before, "a refusal changes nothing");
         return;
     }

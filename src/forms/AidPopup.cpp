@@ -25,15 +25,15 @@ AidPopup::AidPopup(const AidMenu& table, QWidget* parent) : QMenu(parent) {
         QMenu& menu = item.isSubItem ? *subMenu : *this;
         const QString caption = toQString(item.caption);
         QAction* action = nullptr;
-        if (caption.startsWith('-')) {
-            action = menu.addSection(caption.mid(1));
+        if (item.act == AidAct::Heading) {
+            action = menu.addSection(caption);
             fitHeading(menu, action->text());
-        } else if (isChoosable(table, position)) {
-            action = menu.addAction(caption);
-            action->setData(position);
-        } else {
+        } else if (item.act == AidAct::SubMenu) {
             subMenu = menu.addMenu(caption);
             action = subMenu->menuAction();
+        } else {
+            action = menu.addAction(caption);
+            action->setData(position);
         }
         action->setObjectName(objectName() + '.' + QString::number(position));
     }

@@ -1,6 +1,5 @@
 #include "forms/WizardAids.h"
 
-#include <QComboBox>
 #include <memory>
 #include <utility>
 
@@ -11,11 +10,15 @@
 #include "settings/Catalogue.h"
 #include "ui/MessageBox.h"
 #include "wizards/AidMenus.h"
-#include "wizards/FunctionWizard.h"
-#include "wizards/GivesWizard.h"
 #include "wizards/SyntaxAid.h"
+#include "wizards/Wizards.h"
 
 namespace klt {
+namespace {
+
+constexpr std::string_view kNoMoreNesting = "Cannot nest any more @Functions!";
+
+}  // namespace
 
 /// The place of an @Function wizard's field in `FunctionTargets`, as long as the wizard is open.
 class WizardAids::OpenFunction {
@@ -62,31 +65,30 @@ void WizardAids::SyntaxAid(std::string_view kind, RichTextBox& field, WizardForm
             field.setFocus();
             break;
         case AidOutcome::OpensFunctions:
-            ShowFunctionsWizard(form, field, dynamic_cast<const FunctionWizard*>(&form.wizard()));
+            ShowFunctionsWizard(form, field, form.wizard().opening().level);
             break;
     }
 }
 
-void WizardAids::ShowFunctionsWizard(QWidget& owner, RichTextBox& field, const FunctionWizard* outer) {
-    if (outer != nullptr && !outer->canNest(readSetting(services_.store, settings::kMaximumNested))) {
+void WizardAids::ShowFunctionsWizard(QWidget& owner, RichTextBox& field, int level) {
+    if (level > readSetting(services_.store, settings::kMaximumNested)) {
         MessageBox(&owner, kNoMoreNesting, MessageIcon::Information, kTitle);
         return;
     }
-    const int level = outer == nullptr ? 0 : outer->level() + 1;
     const OpenFunction open(*this, field, level);
-    WizardForm form(std::make_unique<FunctionWizard>([&open] { return open.target(); }, level), services_,
-                    &owner);
+    WizardForm form(
+        makeWizard(kFunctionsWizard, {.target = [&open] { return open.target(); }, .level = level + 1}),
+        services_, &owner);
     form.setProperty("Tag", QString::number(level));
-    // What the arguments are hangs on an item: no text of the user's own would bring them on.
-    form.findChild<QComboBox*>("Combo1")->setEditable(false);
     form.exec();
     if (open.target() != nullptr) open.target()->setFocus();
 }
 
 void WizardAids::ShowGivesWizard(QWidget& owner, RichTextBox& field) {
     const QPointer<RichTextBox> GivesTarget(&field);
-    WizardForm form(std::make_unique<GivesWizard>([GivesTarget]() -> TextArea* { return GivesTarget; }),
-                    services_, &owner);
+    WizardForm form(
+        makeWizard(kGivesWizard, {.target = [GivesTarget]() -> TextArea* { return GivesTarget; }}), services_,
+        &owner);
     form.exec();
     owner.activateWindow();
 }

@@ -11,8 +11,6 @@
 
 namespace klt {
 
-class FunctionWizard;
-
 /// What wizards offer to fill a field with: the Syntax Aid menus, and the wizards of one expression. One
 /// object serves all forms, and must outlive them.
 class WizardAids {
@@ -33,9 +31,9 @@ public:
     void SyntaxAid(std::string_view kind, RichTextBox& field, WizardForm& form, QPoint place);
 
     /// Shows an @Function wizard over `owner`, to write into `field`, and returns when it has closed. With
-    /// `outer`, of whose arguments one is to be filled, it is nested, as deep as the setting allows; beyond
-    /// that the user is told.
-    void ShowFunctionsWizard(QWidget& owner, RichTextBox& field, const FunctionWizard* outer = nullptr);
+    /// `level` others below it, of whose arguments one is to be filled, it is nested, as deep as the setting
+    /// allows; beyond that the user is told.
+    void ShowFunctionsWizard(QWidget& owner, RichTextBox& field, int level = 0);
 
     /// Shows a Gives wizard over `owner`, to write into `field`, and returns when it has closed.
     void ShowGivesWizard(QWidget& owner, RichTextBox& field);

@@ -47,8 +47,10 @@ ComboSelection selectionOf(const QLineEdit& edit) {
 WizardCombo::WizardCombo(ControlKind kind, ControlState& state, Store& store, const bool& isSuppressed,
                          QWidget* parent)
     : QComboBox(parent), kind_(kind), state_(state), store_(store), isSuppressed_(isSuppressed) {
-    setEditable(true);
-    setCompleter(nullptr);
+    if (kind != ControlKind::List) {
+        setEditable(true);
+        setCompleter(nullptr);
+    }
     setInsertPolicy(NoInsert);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kCharactersShown);
@@ -97,8 +99,8 @@ void WizardCombo::focusOutEvent(QFocusEvent* event) {
 }
 
 void WizardCombo::complete(int keyCode) {
-    if (kind_ == ControlKind::FixedCombo || isSuppressed_ || !readSetting(store_, settings::kAutoComplete))
-        return;
+    const bool completes = kind_ == ControlKind::CategoryCombo || kind_ == ControlKind::AutoCombo;
+    if (!completes || isSuppressed_ || !readSetting(store_, settings::kAutoComplete)) return;
     auto selection = selectionOf(*lineEdit());
     if (!AutoComplete(state_, selection, keyCode)) return;
     showState();

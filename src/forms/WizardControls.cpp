@@ -46,6 +46,7 @@ private:
             case ControlKind::CategoryCombo:
             case ControlKind::AutoCombo:
             case ControlKind::FixedCombo:
+            case ControlKind::List:
                 return combo(row, parent);
             case ControlKind::Option:
                 return *new QRadioButton(toQString(row.label), &parent);

@@ -20,12 +20,6 @@ static_assert(
 
 }  // namespace
 
-Section sectionOf(std::string_view name) {
-    for (size_t i = 1; i < kSectionNames.size(); ++i)
-        if (equalIgnoringAsciiCase(kSectionNames[i], name)) return static_cast<Section>(i);
-    return Section::Other;
-}
-
 bool isSectionHeader(std::string_view trimmed) {
     return findIgnoringAsciiCase(kSectionList, trimmed) != std::string_view::npos;
 }

@@ -3,6 +3,8 @@
 #include <array>
 #include <string_view>
 
+#include "text/Ascii.h"
+
 namespace klt {
 
 /// What a section's lines are checked as. `Other` stands for every text that names none of the twelve, the
@@ -34,7 +36,11 @@ constexpr std::string_view sectionName(Section section) {
 }
 
 /// The section of that name, brackets included, in any case; `Other` for any other text.
-Section sectionOf(std::string_view name);
+constexpr Section sectionOf(std::string_view name) {
+    for (size_t i = 1; i < kSectionNames.size(); ++i)
+        if (equalIgnoringAsciiCase(kSectionNames[i], name)) return static_cast<Section>(i);
+    return Section::Other;
+}
 
 /// Whether a trimmed line that begins with `[` is a section header: it occurs, in any case, somewhere in the
 /// list of the names. So "[ADS] [DISADS]" is one, and so is "[S", though neither names a section.

@@ -1,8 +1,8 @@
-#include "wizards/AdvantageWizard.h"
-
 #include <array>
 
 #include "wizards/ControlRows.h"
+#include "wizards/TableCheck.h"
+#include "wizards/Wizards.h"
 
 namespace klt {
 namespace {
@@ -103,9 +103,10 @@ constexpr std::array kTags = {
 
 }  // namespace
 
-constinit const WizardTable kAdWizard = {
+constinit const WizardTable kAdWizard = checked({
     .form = "frmAdWizard",
     .title = "Ad/Disad/Quirk/Power Wizard",
+    .command = "I1",
     .frames = kFrames,
     .controls = kControls,
     .effects = kEffects,
@@ -116,6 +117,6 @@ constinit const WizardTable kAdWizard = {
              .loaded = kTags,
              .nameField = "rtbItemName",
              .secondField = "rtbItemCost"},
-};
+});
 
 }  // namespace klt

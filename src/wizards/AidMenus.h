@@ -5,17 +5,12 @@
 
 namespace klt {
 
-/// One item of a Syntax Aid menu.
-struct AidItem {
-    /// With its access key. One that begins with "-" is a heading, the rest its text.
-    std::string_view caption = {};
-    /// What it stands for in a line.
-    std::string_view tag = {};
-    /// Whether it belongs to the sub-menu of the item above it that does not.
-    bool isSubItem = false;
-};
-
 enum class AidAct : unsigned char {
+    /// The form that shows the menu does it itself.
+    Own,
+    Heading,
+    /// Opens the sub-menu of the items below it.
+    SubMenu,
     /// Asks for a name, which is put behind the tag.
     AskName,
     /// Asks for a number, which is put in front of the tag with a blank between.
@@ -25,29 +20,34 @@ enum class AidAct : unsigned char {
     OpenFunctions,
 };
 
-/// What the items up to a position do.
-struct AidRule {
-    /// From 1, all items counted. The first rule that reaches as far as the item is the one.
-    int last;
-    AidAct act;
-    std::string_view prompt = {};
-    /// Whether ", " is put in front where the field holds text.
-    bool isSeparated = false;
+/// One item of a Syntax Aid menu.
+struct AidItem {
+    /// With its access key.
+    std::string_view caption = {};
+    AidAct act = AidAct::Own;
+    /// What it stands for in a line.
+    std::string_view tag = {};
+    /// Whether it belongs to the sub-menu of the item above it that does not.
+    bool isSubItem = false;
 };
 
-/// A menu and what its items do.
 struct AidMenu {
     std::string_view name = {};
     std::span<const AidItem> items;
-    std::span<const AidRule> rules;
+    /// What is asked where an item asks for a name, and for a number.
+    std::string_view namePrompt = {};
+    std::string_view numberPrompt = {};
+    /// Whether ", " is put in front of an answer where the field holds text.
+    bool isSeparated = true;
 };
 
-/// Every Syntax Aid menu. "PackMods" has no rules: its items belong to the form that shows it.
+/// Every Syntax Aid menu.
 std::span<const AidMenu> aidMenus();
 /// The menu of that name; null where there is none.
 const AidMenu* aidMenu(std::string_view name);
 
-/// Whether an item, counted from 1, is neither a heading nor the name of a sub-menu.
-bool isChoosable(const AidMenu& menu, int position);
+/// The item at `position` (from 1, all items counted); null for a heading, the name of a sub-menu, and a
+/// position that the menu lacks.
+const AidItem* choosableItem(const AidMenu& menu, int position);
 
 }  // namespace klt

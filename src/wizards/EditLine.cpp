@@ -1,5 +1,7 @@
 #include "wizards/EditLine.h"
 
+#include <algorithm>
+
 #include "language/EditedLine.h"
 #include "language/LogicalLine.h"
 #include "text/Ascii.h"
@@ -9,24 +11,22 @@ namespace klt {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kAuthor = "AUTHOR";
 // The first two lines of a new document.
 constexpr Position kHeadLength = 82;
-// No name is longer.
-constexpr size_t kLongestName = 10;
+// With its brackets.
+constexpr size_t kLongestName = std::ranges::max(kSectionNames, {}, &std::string_view::size).size();
 
 size_t at(Position place) {
     return static_cast<size_t>(place);
 }
 
-bool isEditable(EditLineResult& result, std::string_view name) {
-    result.section = editSection(name);
-    if (result.section != nullptr) {
-        result.kind = EditLineResult::Kind::Item;
-    } else if (equalIgnoringAsciiCase(name, kAuthor)) {
-        result.kind = EditLineResult::Kind::Author;
-    }
-    return result.kind != EditLineResult::Kind::Head;
+/// Takes the section of that name, brackets included; false where there is none.
+bool takeSection(EditLineResult& result, std::string_view name) {
+    result.section = sectionOf(name);
+    if (result.section == Section::Other) return false;
+    const bool isAuthor = result.section == Section::Author;
+    result.kind = isAuthor ? EditLineResult::Kind::Author : EditLineResult::Kind::Item;
+    return true;
 }
 
 /// Where the comment begins, blanks in front of it included; the text's end without one.
@@ -49,16 +49,16 @@ EditLineResult EditLine(TextArea& document) {
     const auto text = document.Text();
     auto before = text.substr(0, at(result.EditLineStart));
     for (auto bracket = before.rfind('['); bracket != before.npos; bracket = before.rfind('[')) {
-        const auto name = text.substr(bracket + 1, kLongestName);
-        const auto length = name.find(']');
-        if (length != name.npos && isEditable(result, name.substr(0, length))) {
-            document.Select(static_cast<Position>(bracket) + 1, static_cast<Position>(length));
+        const auto name = text.substr(bracket, kLongestName);
+        const auto end = name.find(']');
+        if (end != name.npos && takeSection(result, name.substr(0, end + 1))) {
+            document.Select(static_cast<Position>(bracket) + 1, static_cast<Position>(end) - 1);
             return result;
         }
         before = before.substr(0, bracket);
     }
     document.Select(0, kHeadLength);
-    isEditable(result, document.SelText());
+    takeSection(result, '[' + document.SelText() + ']');
     return result;
 }
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "language/Section.h"
 #include "text/TextArea.h"
-#include "wizards/EditSections.h"
 
 namespace klt {
 
@@ -18,7 +18,7 @@ struct EditLineResult {
         Head,
     } kind = Kind::Head;
     /// The section of an item.
-    const EditSection* section = nullptr;
+    Section section = Section::Other;
     /// Where the caret's line begins.
     Position EditLineStart = 0;
 };

@@ -1,9 +1,10 @@
-#include "wizards/FunctionWizard.h"
-
 #include <array>
 
 #include "language/Functions.h"
 #include "wizards/ControlRows.h"
+#include "wizards/TableCheck.h"
+#include "wizards/Wizard.h"
+#include "wizards/Wizards.h"
 
 namespace klt {
 namespace {
@@ -39,7 +40,7 @@ constexpr auto kItems = [] {
 constexpr std::array kFrames = {FrameRow{"fraFunction", "@Function"}};
 
 constexpr std::array kControls = {
-    ControlRow{.frame = "fraFunction", .name = "Combo1", .kind = ControlKind::FixedCombo, .items = kItems},
+    ControlRow{.frame = "fraFunction", .name = "Combo1", .kind = ControlKind::List, .items = kItems},
     field("fraFunction", kFields[0], ""),
     aidButton("fraFunction", kButtons[0], "Functions", kFields[0]),
     field("fraFunction", kFields[1], ""),
@@ -61,7 +62,58 @@ constexpr std::array kRules = {
     CheckRule{"Text(2)", kInvalidEntry, kEveryMode, isEnabled("Text(2)")},
 };
 
-constinit const WizardTable kFunctionsWizard = {
+constexpr auto kFunction = controlIndex(kControls, "Combo1");
+constexpr std::array kArgumentFields = {controlIndex(kControls, kFields[0]),
+                                        controlIndex(kControls, kFields[1]),
+                                        controlIndex(kControls, kFields[2])};
+constexpr std::array kArgumentButtons = {controlIndex(kControls, kButtons[0]),
+                                         controlIndex(kControls, kButtons[1]),
+                                         controlIndex(kControls, kButtons[2])};
+
+/// One call of an @function, put behind what a field holds. An argument may be made by another one.
+class FunctionWizard : public Wizard {
+public:
+    using Wizard::Wizard;
+
+    void click(std::string_view control, int newState) override {
+        Wizard::click(control, newState);
+        const int function = state.control(kFunction).state;
+        if (function >= 0) showArguments(kLabels[static_cast<size_t>(function)]);
+    }
+
+    std::optional<Complaint> check() const override {
+        if (state.control(kFunction).state < 0) return Complaint{"Invalid @Function!", "Combo1"};
+        return Wizard::check();
+    }
+
+    std::string text() const override {
+        const bool hasSecond = state.control(kArgumentFields[1]).isEnabled;
+        const bool hasThird = state.control(kArgumentFields[2]).isEnabled;
+        std::string line = state.text(kFunction) + '(' + state.text(kArgumentFields[0]);
+        if (hasSecond) line.append(hasThird ? " THEN " : ", ").append(state.text(kArgumentFields[1]));
+        if (hasThird) line.append(" ELSE ").append(state.text(kArgumentFields[2]));
+        return line + ')';
+    }
+
+protected:
+    std::unique_ptr<LineTarget> target() const override {
+        return std::make_unique<FieldEnd>(opening().target, ", ");
+    }
+
+private:
+    void showArguments(const std::array<std::string_view, kArguments>& labels) {
+        for (size_t i = 0; i < kArguments; ++i) {
+            ControlState& argument = state.control(kArgumentFields[i]);
+            argument.label = labels[i];
+            argument.isEnabled = !labels[i].empty();
+            state.control(kArgumentButtons[i]).isEnabled = argument.isEnabled;
+        }
+    }
+};
+
+}  // namespace
+
+constinit const WizardTable kFunctionsWizard = checked({
     .form = "frmFunctionsWizard",
     .title = "@Functions Wizard",
     .frames = kFrames,
@@ -70,41 +122,7 @@ constinit const WizardTable kFunctionsWizard = {
     .rules = kRules,
     .line = {.isBroken = false},
     .closesAfterDone = true,
-};
-
-}  // namespace
-
-FunctionWizard::FunctionWizard(AreaLookup field, int level)
-    : Wizard(kFunctionsWizard, {.target = std::move(field)}), level_(level) {}
-
-void FunctionWizard::click(std::string_view control, int newState) {
-    Wizard::click(control, newState);
-    if (control != "Combo1" || newState < 0) return;
-    const auto& labels = kLabels[static_cast<size_t>(newState)];
-    for (size_t i = 0; i < kArguments; ++i) {
-        ControlState& argument = state.control(kFields[i]);
-        argument.label = labels[i];
-        argument.isEnabled = !labels[i].empty();
-        state.control(kButtons[i]).isEnabled = argument.isEnabled;
-    }
-}
-
-std::optional<Complaint> FunctionWizard::check() const {
-    if (state.control("Combo1").state < 0) return Complaint{"Invalid @Function!", "Combo1"};
-    return Wizard::check();
-}
-
-std::string FunctionWizard::text() const {
-    const bool hasSecond = state.control(kFields[1]).isEnabled;
-    const bool hasThird = state.control(kFields[2]).isEnabled;
-    std::string line = state.text("Combo1") + '(' + state.text(kFields[0]);
-    if (hasSecond) line.append(hasThird ? " THEN " : ", ").append(state.text(kFields[1]));
-    if (hasThird) line.append(" ELSE ").append(state.text(kFields[2]));
-    return line + ')';
-}
-
-std::unique_ptr<LineTarget> FunctionWizard::target() const {
-    return std::make_unique<FieldEnd>(opening().target, ", ");
-}
+    .make = makeAs<FunctionWizard>,
+});
 
 }  // namespace klt

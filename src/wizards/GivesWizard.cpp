@@ -1,8 +1,9 @@
-#include "wizards/GivesWizard.h"
-
 #include <array>
 
 #include "wizards/ControlRows.h"
+#include "wizards/TableCheck.h"
+#include "wizards/Wizard.h"
+#include "wizards/Wizards.h"
 
 namespace klt {
 namespace {
@@ -54,7 +55,47 @@ constexpr std::array kRules = {
     CheckRule{"MaximumGives", kInvalidEntry, kEveryMode, stateIs("Check2")},
 };
 
-constinit const WizardTable kGivesWizard = {
+constexpr auto kBonus = controlIndex(kControls, "Option1");
+constexpr auto kPenalty = controlIndex(kControls, "Option2");
+constexpr auto kPerLevel = controlIndex(kControls, "Check1");
+constexpr auto kPoints = controlIndex(kControls, "Option4");
+constexpr auto kHasMaximum = controlIndex(kControls, "Check2");
+constexpr auto kUsesTo = controlIndex(kControls, "Check3");
+constexpr auto kValue = controlIndex(kControls, "GivesValue");
+constexpr auto kTarget = controlIndex(kControls, "GivesTarget");
+constexpr auto kMaximumValue = controlIndex(kControls, "MaximumGives");
+
+std::string quoted(const std::string& text) {
+    return '"' + text + '"';
+}
+
+/// One bonus, put behind what a field holds.
+class GivesWizard : public Wizard {
+public:
+    using Wizard::Wizard;
+
+    std::string text() const override {
+        const bool isPerLevel = state.isOn(kPerLevel);
+        std::string line;
+        if (state.isOn(kBonus)) line = isPerLevel ? "+" : "=";
+        if (state.isOn(kPenalty)) line = isPerLevel ? "-" : "=-";
+        line += isPerLevel ? state.text(kValue) : quoted(state.text(kValue));
+        if (state.isOn(kPoints)) line += "pts";
+        line += state.isOn(kUsesTo) ? kTo : " ";
+        line += quoted(state.text(kTarget));
+        if (state.isOn(kHasMaximum)) line.append(kUpto).append(state.text(kMaximumValue));
+        return line;
+    }
+
+protected:
+    std::unique_ptr<LineTarget> target() const override {
+        return std::make_unique<FieldEnd>(opening().target, ", ");
+    }
+};
+
+}  // namespace
+
+constinit const WizardTable kGivesWizard = checked({
     .form = "frmGivesWizard",
     .title = "Gives() Wizard",
     .frames = kFrames,
@@ -63,32 +104,7 @@ constinit const WizardTable kGivesWizard = {
     .rules = kRules,
     .line = {.isBroken = false},
     .closesAfterDone = true,
-};
-
-std::string quoted(const std::string& text) {
-    return '"' + text + '"';
-}
-
-}  // namespace
-
-GivesWizard::GivesWizard(AreaLookup field) : Wizard(kGivesWizard, {.target = std::move(field)}) {}
-
-std::string GivesWizard::text() const {
-    const auto isOn = [this](std::string_view name) { return state.control(name).state == kOn; };
-    const auto& value = state.text("GivesValue");
-    std::string line;
-    if (isOn("Option1")) line = isOn("Check1") ? "+" : "=";
-    if (isOn("Option2")) line = isOn("Check1") ? "-" : "=-";
-    line += isOn("Check1") ? value : quoted(value);
-    if (isOn("Option4")) line += "pts";
-    line += isOn("Check3") ? kTo : " ";
-    line += quoted(state.text("GivesTarget"));
-    if (isOn("Check2")) line.append(kUpto).append(state.text("MaximumGives"));
-    return line;
-}
-
-std::unique_ptr<LineTarget> GivesWizard::target() const {
-    return std::make_unique<FieldEnd>(opening().target, ", ");
-}
+    .make = makeAs<GivesWizard>,
+});
 
 }  // namespace klt

@@ -1,7 +1,5 @@
 #include "wizards/SyntaxAid.h"
 
-#include <algorithm>
-
 namespace klt {
 
 void InsertAid(TextArea& field, std::string_view text, bool isSeparated) {
@@ -10,19 +8,18 @@ void InsertAid(TextArea& field, std::string_view text, bool isSeparated) {
 }
 
 AidOutcome SyntaxAid(const AidMenu& menu, int position, TextArea& field, const AskFor& askFor) {
-    if (!isChoosable(menu, position)) return AidOutcome::Nothing;
-    const auto rule =
-        std::ranges::find_if(menu.rules, [position](const AidRule& each) { return position <= each.last; });
-    if (rule == menu.rules.end()) return AidOutcome::Nothing;
-    if (rule->act == AidAct::OpenFunctions) return AidOutcome::OpensFunctions;
-
-    std::string text(menu.items[static_cast<size_t>(position - 1)].tag);
-    if (rule->act != AidAct::Insert) {
-        const auto answer = askFor(rule->prompt);
-        if (answer.empty()) return AidOutcome::Nothing;
-        text = rule->act == AidAct::AskName ? text + answer : answer + ' ' + text;
+    const AidItem* const item = choosableItem(menu, position);
+    if (item == nullptr || item->act == AidAct::Own) return AidOutcome::Nothing;
+    if (item->act == AidAct::OpenFunctions) return AidOutcome::OpensFunctions;
+    if (item->act == AidAct::Insert) {
+        InsertAid(field, item->tag, false);
+        return AidOutcome::Inserted;
     }
-    InsertAid(field, text, rule->isSeparated);
+    const bool asksName = item->act == AidAct::AskName;
+    const auto answer = askFor(asksName ? menu.namePrompt : menu.numberPrompt);
+    if (answer.empty()) return AidOutcome::Nothing;
+    const std::string tag(item->tag);
+    InsertAid(field, asksName ? tag + answer : answer + ' ' + tag, menu.isSeparated);
     return AidOutcome::Inserted;
 }
 

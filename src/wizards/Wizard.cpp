@@ -20,14 +20,14 @@ void Wizard::fillCombos(std::string_view document) {
     }
 }
 
-void Wizard::SelectSubsection(const EditSection& section, std::string_view subsection) {
-    if (!section.option.empty()) click(section.option, kOn);
-    if (section.list.empty()) return;
-    const auto& list = state.control(section.list).list;
+void Wizard::SelectSubsection(const PlaceRow& place, std::string_view subsection) {
+    if (!place.option.empty()) click(place.option, kOn);
+    if (place.combo.empty()) return;
+    const auto& list = state.control(place.combo).list;
     const auto last = std::find_if(list.rbegin(), list.rend(), [subsection](const std::string& each) {
         return equalIgnoringCase(each, subsection);
     });
-    if (last != list.rend()) state.setState(section.list, static_cast<int>(list.rend() - last) - 1);
+    if (last != list.rend()) state.setState(place.combo, static_cast<int>(list.rend() - last) - 1);
 }
 
 void Wizard::click(std::string_view control, int newState) {
@@ -100,6 +100,10 @@ DoneResult Wizard::finish(const LineBreakLimits& limits) {
     if (table_.closesAfterDone || opening_.mode != OpeningMode::Insert) return {DoneResult::Kind::Closes};
     applyEffects(kAfterDone);
     return {DoneResult::Kind::StaysOpen};
+}
+
+std::unique_ptr<Wizard> makeWizard(const WizardTable& table, Opening opening) {
+    return (table.make != nullptr ? table.make : makeAs<Wizard>)(table, std::move(opening));
 }
 
 }  // namespace klt

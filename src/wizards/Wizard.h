@@ -20,6 +20,8 @@ struct Opening {
     AreaLookup target = {};
     /// What is edited.
     EditedItem item = {};
+    /// How many @Function wizards are open up to this one.
+    int level = 0;
 };
 
 /// Why something was not done: the text of the box that tells it, and the control that gets the focus (empty:
@@ -61,9 +63,9 @@ public:
 
     /// Fills each category combo from its section of the document's text.
     void fillCombos(std::string_view document);
-    /// Chooses what an item of that section is: its type, and its subsection where the list has it (the last
+    /// Chooses what an item at that place is: its type, and its subsection where the list has it (the last
     /// equal one, in any case).
-    void SelectSubsection(const EditSection& section, std::string_view subsection);
+    void SelectSubsection(const PlaceRow& place, std::string_view subsection);
 
     /// A click that turns an option or check on or off, or chooses a combo's item: sets it, then does
     /// whatever follows from it.
@@ -100,5 +102,14 @@ private:
     const WizardTable& table_;
     Opening opening_;
 };
+
+/// What a table names that its wizard is made as.
+template <typename Special>
+std::unique_ptr<Wizard> makeAs(const WizardTable& table, Opening opening) {
+    return std::make_unique<Special>(table, std::move(opening));
+}
+
+/// The wizard of that table, which must outlive it.
+std::unique_ptr<Wizard> makeWizard(const WizardTable& table, Opening opening);
 
 }  // namespace klt

@@ -22,7 +22,7 @@ WizardState::WizardState(const WizardTable& table) : table_(&table) {
         ControlState& control = controls_.emplace_back();
         control.label = row.label;
         control.list.assign(row.items.begin(), row.items.end());
-        if (isCombo(controls_.size() - 1)) control.state = -1;
+        if (isCombo(row.kind)) control.state = -1;
     }
     for (const auto& row : table.frames) frames_.push_back({std::string(row.caption)});
 }
@@ -35,23 +35,17 @@ size_t WizardState::framePlace(std::string_view name) const {
     return placeOf(table_->frames, name);
 }
 
-bool WizardState::isCombo(size_t place) const {
-    const auto kind = table_->controls[place].kind;
-    return kind == ControlKind::CategoryCombo || kind == ControlKind::AutoCombo ||
-           kind == ControlKind::FixedCombo;
-}
-
 void WizardState::setText(std::string_view name, std::string_view text) {
     const auto place = controlPlace(name);
     controls_[place].text = text;
-    if (isCombo(place)) controls_[place].state = -1;
+    if (isCombo(table_->controls[place].kind)) controls_[place].state = -1;
 }
 
 void WizardState::setState(std::string_view name, int state) {
     const auto place = controlPlace(name);
     const ControlRow& row = table_->controls[place];
     ControlState& control = controls_[place];
-    if (isCombo(place)) {
+    if (isCombo(row.kind)) {
         control.state = state;
         control.text = state < 0 ? std::string() : control.list[static_cast<size_t>(state)];
         return;
@@ -82,10 +76,8 @@ bool WizardState::holds(const Condition& condition) const {
 }
 
 void WizardState::apply(const Effect& effect) {
-    const bool isForFrames =
-        effect.act == Act::ShowFrame || effect.act == Act::HideFrame || effect.act == Act::SetCaption;
     forEachName(effect.on, [&](std::string_view name) {
-        if (isForFrames) {
+        if (isForFrames(effect.act)) {
             applyToFrame(effect, name);
         } else {
             applyToControl(effect, name);

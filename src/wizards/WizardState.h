@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "wizards/TableCheck.h"
 #include "wizards/WizardTable.h"
 
 namespace klt {
@@ -41,10 +42,15 @@ public:
 
     const ControlState& control(std::string_view name) const { return controls_[controlPlace(name)]; }
     ControlState& control(std::string_view name) { return controls_[controlPlace(name)]; }
+    const ControlState& control(ControlIndex index) const { return controls_[index.value]; }
+    ControlState& control(ControlIndex index) { return controls_[index.value]; }
     const FrameState& frame(std::string_view name) const { return frames_[framePlace(name)]; }
     FrameState& frame(std::string_view name) { return frames_[framePlace(name)]; }
 
-    const std::string& text(std::string_view control_) const { return control(control_).text; }
+    const std::string& text(std::string_view name) const { return control(name).text; }
+    const std::string& text(ControlIndex index) const { return control(index).text; }
+    /// Whether an option or check is on.
+    bool isOn(ControlIndex index) const { return control(index).state == kOn; }
     /// Sets a text as if it were typed: in a combo no item is chosen then.
     void setText(std::string_view control, std::string_view text);
     /// Chooses an item of a combo, whose text it becomes (-1: none, and an empty text), or turns an option or
@@ -58,7 +64,6 @@ public:
 private:
     size_t controlPlace(std::string_view name) const;
     size_t framePlace(std::string_view name) const;
-    bool isCombo(size_t place) const;
     void applyToFrame(const Effect& effect, std::string_view name);
     void applyToControl(const Effect& effect, std::string_view name);
 

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string_view>
 
 namespace klt {
+
+class Wizard;
+struct Opening;
 
 /// How a wizard was opened: for a new line in the document, for one that stands there, for a line of the
 /// Package wizard. As bits, so that a row can name several.
@@ -31,7 +35,10 @@ enum class ControlKind : unsigned char {
     CategoryCombo,
     /// Completes what is typed among its items; other texts may stand in it.
     AutoCombo,
+    /// Takes any text as it is typed.
     FixedCombo,
+    /// Takes no text: one of its items or none.
+    List,
     Option,
     Check,
     Button,
@@ -39,6 +46,11 @@ enum class ControlKind : unsigned char {
 
 /// What a button does, beyond what its wizard's form wires itself.
 enum class ButtonUse : unsigned char { Own, Done, Cancel, Help, SyntaxAid, GivesWizard };
+
+constexpr bool isCombo(ControlKind kind) {
+    return kind == ControlKind::CategoryCombo || kind == ControlKind::AutoCombo ||
+           kind == ControlKind::FixedCombo || kind == ControlKind::List;
+}
 
 /// One control. Options of one frame exclude each other.
 struct ControlRow {
@@ -124,6 +136,10 @@ enum class Act : unsigned char {
     SetCaption,
 };
 
+constexpr bool isForFrames(Act act) {
+    return act == Act::ShowFrame || act == Act::HideFrame || act == Act::SetCaption;
+}
+
 /// What a click on one of `of` does to each of `on`. Effects come in the order of their rows and bring on no
 /// further ones.
 struct Effect {
@@ -181,20 +197,34 @@ struct ItemShape {
     bool isBroken = true;
 };
 
-/// A section into which a wizard writes: the first whose option is on, or that needs none.
+/// How an item of a section is taken out of the document for its form.
+enum class ItemStep : unsigned char { SingleLine, BlockIntoBox, Package };
+
+/// A section into which a wizard writes and whose items it edits. A new line goes into the first whose option
+/// is on, or that needs none.
 struct PlaceRow {
     std::string_view option = {};
-    /// With its brackets.
+    /// With its brackets, as it is written.
     std::string_view section = {};
     /// The category combo; empty where the section has no subsections.
     std::string_view combo = {};
+    ItemStep step = ItemStep::SingleLine;
+    /// The box that takes what is no single line.
+    std::string_view box = {};
+    /// Whether the subsection is all of its heading behind the "<", and not what stands in front of the ">".
+    bool isWholeHeading = false;
 };
+
+/// Makes a wizard to which its table is not all.
+using WizardMaker = std::unique_ptr<Wizard> (*)(const struct WizardTable& table, Opening opening);
 
 /// A wizard in one piece: what its form shows, and what its line is made of. Where its form opens stands
 /// under the form's name in the catalogue of settings.
 struct WizardTable {
     std::string_view form = {};
     std::string_view title = {};
+    /// The key of the menu command that opens it for new lines; empty where only forms open it.
+    std::string_view command = {};
     std::span<const FrameRow> frames = {};
     /// In the order in which the focus goes through them.
     std::span<const ControlRow> controls = {};
@@ -204,6 +234,8 @@ struct WizardTable {
     ItemShape line = {};
     /// Whether it closes in every mode, and not only where it had one line to make.
     bool closesAfterDone = false;
+    /// Null where the table says it all.
+    WizardMaker make = nullptr;
 };
 
 }  // namespace klt

@@ -11,7 +11,7 @@
 #include "forms/WizardForm.h"
 #include "language/EditedLine.h"
 #include "support/EditorFixture.h"
-#include "wizards/AdvantageWizard.h"
+#include "wizards/Wizards.h"
 
 using namespace klt;
 

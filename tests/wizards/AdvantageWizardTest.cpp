@@ -1,9 +1,7 @@
-#include "wizards/AdvantageWizard.h"
-
 #include <gtest/gtest.h>
 
 #include "support/MemoryTextArea.h"
-#include "wizards/Wizard.h"
+#include "wizards/Wizards.h"
 
 using namespace klt;
 
@@ -25,7 +23,7 @@ void fill(Wizard& wizard, std::initializer_list<std::pair<const char*, const cha
     for (const auto& [name, text] : fields) wizard.state.setText(name, text);
 }
 
-TEST(AdvantageLine, WritesAllItsFieldsInTheirOrder) {
+TEST(AdvantageWizard, WritesAllItsFieldsInTheirOrder) {
     MemoryTextArea document("Version=2");
     Wizard wizard(kAdWizard, opening(OpeningMode::Insert, document));
     wizard.click("optPoType", kOn);
@@ -54,7 +52,7 @@ TEST(AdvantageLine, WritesAllItsFieldsInTheirOrder) {
     EXPECT_NE(document.Text().find("<K>\r\nNewer, 6\r\nN, 5"), std::string_view::npos) << document.Text();
 }
 
-TEST(AdvantageLine, ChecksInItsOrder) {
+TEST(AdvantageWizard, ChecksInItsOrder) {
     MemoryTextArea document("[Ads]");
     Wizard wizard(kAdWizard, opening(OpeningMode::Insert, document));
     EXPECT_EQ(wizard.finish(kUnbroken), refused("Invalid Entry!", "rtbItemName"));
@@ -67,7 +65,7 @@ TEST(AdvantageLine, ChecksInItsOrder) {
     EXPECT_EQ(document.Text(), "[Ads]");
 }
 
-TEST(AdvantageLine, EnablesAndShowsByItsType) {
+TEST(AdvantageWizard, EnablesAndShowsByItsType) {
     MemoryTextArea area;
     const struct {
         OpeningMode mode;
@@ -104,7 +102,7 @@ TEST(AdvantageLine, EnablesAndShowsByItsType) {
     }
 }
 
-TEST(AdvantageLine, KeepsAQuirksCostForTheNextOne) {
+TEST(AdvantageWizard, KeepsAQuirksCostForTheNextOne) {
     MemoryTextArea document("[Quirks]\r\n<A>\r\n");
     Wizard wizard(kAdWizard, opening(OpeningMode::Insert, document));
     wizard.fillCombos(document.Text());
@@ -117,7 +115,7 @@ TEST(AdvantageLine, KeepsAQuirksCostForTheNextOne) {
     EXPECT_EQ(document.Text(), "[Quirks]\r\n<A>\r\nTwo, -1\r\nOne, -1\r\n");
 }
 
-TEST(AdvantageLine, GoesIntoThePackagesBoxUnbroken) {
+TEST(AdvantageWizard, GoesIntoThePackagesBoxUnbroken) {
     MemoryTextArea box("Old, 1");
     Wizard wizard(kAdWizard, opening(OpeningMode::Package, box));
     wizard.click("optAdType", kOn);
@@ -126,12 +124,12 @@ TEST(AdvantageLine, GoesIntoThePackagesBoxUnbroken) {
     EXPECT_EQ(box.Text(), "Name, 5, notes(long notes)");
 }
 
-TEST(AdvantageLine, LosesNothingWhereTheItemIsGone) {
+TEST(AdvantageWizard, LosesNothingWhereTheItemIsGone) {
     MemoryTextArea document("[Ads]\r\nN, 5");
     auto start = opening(OpeningMode::Edit, document);
     start.item = LoadSingleLine(document, 7);
     Wizard wizard(kAdWizard, start);
-    wizard.SelectSubsection(*editSection("ADS"), "");
+    wizard.SelectSubsection(kAdWizard.places.front(), "");
     wizard.load();
     document.SetText("[Ads]\r\nM, 5");
     EXPECT_EQ(wizard.finish(kUnbroken), refused(kTextHasChanged));

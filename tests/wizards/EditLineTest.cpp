@@ -28,23 +28,25 @@ TEST(EditLine, FindsTheSection) {
         const char* name;
         std::string text;
         Kind kind;
-        std::string section;
+        Section section;
         std::string selected;
     } rows[] = {
-        {"in any case", "[aDs]\r\nI^tem, 5", Kind::Item, "ADS", "aDs"},
-        {"a header belongs to the section above", "[ADS]\r\nI, 5\r\n[SKI^LLS]", Kind::Item, "ADS", "ADS"},
-        {"other brackets are stepped over", "[BONUS]\r\n[x]\r\n* a [b\r\nI^", Kind::Item, "BONUS", "BONUS"},
-        {"brackets in the item count not", "[MODS]\r\nI [ADS]^", Kind::Item, "MODS", "MODS"},
-        {"the author", "[Ads]\r\n[author]\r\n*^", Kind::Author, "", "author"},
-        {"the head", head + "I^", Kind::Head, "", head.substr(0, 82)},
-        {"no brackets", "a\r\nb^c", Kind::Head, "", "a\r\nbc"},
-        {"only others", "[x]\r\nb^", Kind::Head, "", "[x]\r\nb"},
+        {"in any case", "[aDs]\r\nI^tem, 5", Kind::Item, Section::Ads, "aDs"},
+        {"a header belongs to the section above", "[ADS]\r\nI, 5\r\n[SKI^LLS]", Kind::Item, Section::Ads,
+         "ADS"},
+        {"other brackets are stepped over", "[BONUS]\r\n[x]\r\n* a [b\r\nI^", Kind::Item, Section::Bonus,
+         "BONUS"},
+        {"brackets in the item count not", "[MODS]\r\nI [ADS]^", Kind::Item, Section::Mods, "MODS"},
+        {"the author", "[Ads]\r\n[author]\r\n*^", Kind::Author, Section::Author, "author"},
+        {"the head", head + "I^", Kind::Head, Section::Other, head.substr(0, 82)},
+        {"no brackets", "a\r\nb^c", Kind::Head, Section::Other, "a\r\nbc"},
+        {"only others", "[x]\r\nb^", Kind::Head, Section::Other, "[x]\r\nb"},
     };
     for (const auto& row : rows) {
         const auto document = marked(row.text);
         const auto found = EditLine(*document);
         EXPECT_EQ(found.kind, row.kind) << row.name;
-        EXPECT_EQ(found.section ? found.section->name : "", row.section) << row.name;
+        EXPECT_EQ(found.section, row.section) << row.name;
         EXPECT_EQ(document->SelText(), row.selected) << row.name;
         EXPECT_EQ(found.EditLineStart, static_cast<Position>(row.text.rfind('\n', row.text.find('^')) + 1))
             << row.name;

@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "support/MemoryTextArea.h"
-#include "wizards/AdvantageWizard.h"
-#include "wizards/AidMenus.h"
-#include "wizards/FunctionWizard.h"
-#include "wizards/GivesWizard.h"
 #include "wizards/NameList.h"
+#include "wizards/Wizards.h"
 
 using namespace klt;
 
@@ -27,7 +22,8 @@ TEST(GivesWizard, WritesBehindWhatTheFieldHolds) {
     };
     for (const auto& row : rows) {
         MemoryTextArea field(row.held);
-        GivesWizard wizard([&field] { return &field; });
+        const auto made = makeWizard(kGivesWizard, {.target = [&field] { return &field; }});
+        Wizard& wizard = *made;
         forEachName(row.on, [&wizard](auto name) { wizard.click(name, kOn); });
         wizard.state.setText("GivesValue", row.value);
         wizard.state.setText("GivesTarget", row.target);
@@ -38,7 +34,8 @@ TEST(GivesWizard, WritesBehindWhatTheFieldHolds) {
 }
 
 TEST(GivesWizard, HasNoMaximumWithoutTo) {
-    GivesWizard wizard([] { return nullptr; });
+    const auto made = makeWizard(kGivesWizard, {});
+    Wizard& wizard = *made;
     const auto isOn = [&wizard](const char* name) { return wizard.state.control(name).state == kOn; };
     const ControlState& maximum = wizard.state.control("MaximumGives");
     EXPECT_FALSE(maximum.isEnabled || wizard.state.control("Command5").isEnabled);
@@ -62,7 +59,8 @@ TEST(FunctionWizard, WritesEachFunctionBehindWhatTheFieldHolds) {
     MemoryTextArea field;
     std::string expected;
     for (int i = 0; i < 10; ++i) {
-        FunctionWizard wizard([&field] { return &field; }, 0);
+        const auto made = makeWizard(kFunctionsWizard, {.target = [&field] { return &field; }});
+        Wizard& wizard = *made;
         wizard.click("Combo1", 2);
         wizard.click("Combo1", i);
         for (const auto* name : {"Text(0)", "Text(1)", "Text(2)"}) {
@@ -78,44 +76,8 @@ TEST(FunctionWizard, WritesEachFunctionBehindWhatTheFieldHolds) {
     }
 }
 
-TEST(FunctionWizard, AsksForAFunctionAndEndsNestingAtTheLimit) {
-    FunctionWizard wizard([] { return nullptr; }, 1);
-    wizard.state.setText("Combo1", "@FOO");
-    EXPECT_EQ(wizard.check(), (Complaint{"Invalid @Function!", "Combo1"}));
-    EXPECT_TRUE(wizard.canNest(2));
-    EXPECT_FALSE(wizard.canNest(1));
-}
-
-/// Whether each name is one of a control, or of a frame; a special occasion is no name.
-void expectKnown(const WizardTable& table, Names names, bool isFrame = false) {
-    forEachName(names, [&](std::string_view name) {
-        if (name.starts_with('(')) return;
-        const bool isKnown =
-            isFrame ? std::ranges::find(table.frames, name, &FrameRow::name) != table.frames.end()
-                    : std::ranges::find(table.controls, name, &ControlRow::name) != table.controls.end();
-        EXPECT_TRUE(isKnown) << table.form << ": " << name;
-    });
-}
-
-TEST(WizardTables, NameOnlyWhatTheyHold) {
-    const GivesWizard gives([] { return nullptr; });
-    const FunctionWizard function([] { return nullptr; }, 0);
-    for (const WizardTable* table : {&kAdWizard, &gives.table(), &function.table()}) {
-        for (const auto& row : table->controls) {
-            expectKnown(*table, row.frame, true);
-            expectKnown(*table, row.field);
-            EXPECT_EQ(row.use == ButtonUse::SyntaxAid, aidMenu(row.menu) != nullptr) << row.name;
-        }
-        for (const auto& row : table->effects) {
-            const bool isFrame = row.act == Act::ShowFrame || row.act == Act::HideFrame;
-            expectKnown(*table, row.of);
-            expectKnown(*table, row.on, isFrame);
-            expectKnown(*table, row.when.of);
-        }
-        for (const auto& row : table->rules) expectKnown(*table, row.control);
-        for (const auto& row : table->places) expectKnown(*table, row.combo);
-        for (const auto& row : table->line.written) expectKnown(*table, row.control);
-    }
+TEST(FunctionWizard, AsksForAFunction) {
+    EXPECT_EQ(makeWizard(kFunctionsWizard, {})->check(), (Complaint{"Invalid @Function!", "Combo1"}));
 }
 
 }  // namespace

@@ -10,8 +10,7 @@
 #include "language/LogicalLine.h"
 #include "language/Section.h"
 #include "support/MemoryTextArea.h"
-#include "wizards/AdvantageWizard.h"
-#include "wizards/Wizard.h"
+#include "wizards/Wizards.h"
 
 using namespace klt;
 
@@ -32,15 +31,8 @@ Fields fieldsOf(const Wizard& wizard) {
 std::unique_ptr<Wizard> edited(MemoryTextArea& document, Position place) {
     document.SetSelStart(place);
     const auto found = EditLine(document);
-    if (found.section == nullptr) return nullptr;
-    const std::string subsection(subsectionAbove(document, found.EditLineStart));
-    auto wizard =
-        std::make_unique<Wizard>(kAdWizard, Opening{OpeningMode::Edit, [&document] { return &document; },
-                                                    LoadSingleLine(document, found.EditLineStart)});
-    wizard->fillCombos(document.Text());
-    wizard->SelectSubsection(*found.section, subsection);
-    wizard->load();
-    return wizard;
+    return wizardOfItem(
+        document, [&document] { return &document; }, found);
 }
 
 /// Writes the fields as a new disadvantage, breaks it, and gives back what Edit Line finds.

@@ -66,7 +66,7 @@ TEST(SyntaxAid, DoesWhatTheItemStandsFor) {
 TEST(SyntaxAid, LastItemOpensTheFunctions) {
     MemoryTextArea field("a");
     for (const AidMenu& menu : aidMenus()) {
-        if (menu.rules.empty()) continue;
+        if (menu.namePrompt.empty()) continue;
         const auto last = static_cast<int>(menu.items.size());
         const auto open = [&](int position) {
             return SyntaxAid(menu, position, field, [](auto) { return ""; }) == AidOutcome::OpensFunctions;

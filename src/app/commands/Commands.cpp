@@ -12,6 +12,7 @@
 #include "app/commands/WizardCommands.h"
 #include "app/documents/frmKLTEditor.h"
 #include "app/window/ArrangeWindows.h"
+#include "wizards/Wizards.h"
 
 namespace klt {
 namespace {
@@ -44,7 +45,7 @@ struct Command {
     void (*run)(Editor&);
 };
 
-/// Every command that there is: one row here turns its menu items and buttons on.
+/// Every command that there is beside the wizards': one row here turns its menu items and buttons on.
 constexpr auto kCommands = std::to_array<Command>({
     {"F1", [](Editor& editor) { editor.documents.New(); }},
     {"F2", [](Editor& editor) { editor.documents.Open(); }},
@@ -61,7 +62,6 @@ constexpr auto kCommands = std::to_array<Command>({
     {"E7", onActiveControl<selectAll>},
     {"E8", [](Editor& editor) { editor.openFind(frmFind::Shape::Find); }},
     {"E9", [](Editor& editor) { editor.openFind(frmFind::Shape::Replace); }},
-    {"I1", [](Editor& editor) { openWizard(editor, "frmAdWizard"); }},
     {"I10", onText<insertCommentLine>},
     {"I11", onText<insertComment>},
     {"mnuTTDefault", [](Editor& editor) { toggleBand(editor.mainWindow(), "A1"); }},
@@ -102,12 +102,13 @@ void openRecent(Editor& editor, int number) {
 }  // namespace
 
 bool commandIsThere(std::string_view key) {
-    return commandOf(key) != nullptr;
+    return commandOf(key) != nullptr || wizardOfCommand(key) != nullptr;
 }
 
 void runCommand(Editor& editor, std::string_view key) {
     if (key.find("RecentMenu") != key.npos) return openRecent(editor, numberOf(key));
     if (key.starts_with("D") && key != "D9") return activateDocument(editor.mainWindow(), numberOf(key));
+    if (const WizardTable* table = wizardOfCommand(key)) return openWizard(editor, *table);
     if (const Command* command = commandOf(key)) command->run(editor);
 }
 

@@ -1,8 +1,6 @@
 #include "app/commands/WizardCommands.h"
 
 #include <QPointer>
-#include <algorithm>
-#include <array>
 #include <memory>
 
 #include "app/Editor.h"
@@ -10,9 +8,7 @@
 #include "forms/WizardForm.h"
 #include "platform/ProgramNames.h"
 #include "ui/MessageBox.h"
-#include "wizards/AdvantageWizard.h"
-#include "wizards/EditLine.h"
-#include "wizards/Wizard.h"
+#include "wizards/Wizards.h"
 
 namespace klt {
 namespace {
@@ -20,30 +16,8 @@ namespace {
 constexpr std::string_view kNoWizard =
     "There is no wizard for the lines of this section yet. Please change the line in the text itself.";
 
-/// Every wizard for lines of a document that there is.
-constexpr std::array kWizards = {&kAdWizard};
-
-const WizardTable* wizardTable(std::string_view form) {
-    const auto* const found =
-        std::ranges::find_if(kWizards, [form](const WizardTable* table) { return table->form == form; });
-    return found == kWizards.end() ? nullptr : *found;
-}
-
 AreaLookup lookupOf(RichTextBox& text) {
     return [box = QPointer(&text)]() -> TextArea* { return box; };
-}
-
-/// The wizard of the item at `place`, filled from it; the item is selected.
-std::unique_ptr<Wizard> wizardOfItem(RichTextBox& text, const EditLineResult& found,
-                                     const WizardTable& table) {
-    const EditSection& section = *found.section;
-    auto item = LoadSingleLine(text, found.EditLineStart);
-    auto wizard =
-        std::make_unique<Wizard>(table, Opening{OpeningMode::Edit, lookupOf(text), std::move(item)});
-    wizard->fillCombos(text.Text());
-    wizard->SelectSubsection(section, subsectionAbove(text, found.EditLineStart, section.isWholeHeading));
-    wizard->load();
-    return wizard;
 }
 
 /// Shows the moves of the caret that were made under `SuppressCaretUpdate`.
@@ -67,12 +41,11 @@ void tell(Editor& editor, std::string_view message, MessageIcon icon) {
 
 }  // namespace
 
-void openWizard(Editor& editor, std::string_view form) {
+void openWizard(Editor& editor, const WizardTable& table) {
     auto* const document = editor.mainWindow().ActiveForm();
-    const WizardTable* const table = wizardTable(form);
-    if (document == nullptr || table == nullptr) return;
+    if (document == nullptr) return;
     RichTextBox& text = *document->RichTextBox1;
-    show(editor, text, std::make_unique<Wizard>(*table, Opening{OpeningMode::Insert, lookupOf(text)}));
+    show(editor, text, makeWizard(table, {OpeningMode::Insert, lookupOf(text)}));
 }
 
 void EditLine(Editor& editor) {
@@ -85,8 +58,7 @@ void EditLine(Editor& editor) {
     {
         const RaisedFlag suppress(editor.variables.SuppressCaretUpdate);
         found = EditLine(text);
-        const auto* table = found.section == nullptr ? nullptr : wizardTable(found.section->form);
-        if (table != nullptr) wizard = wizardOfItem(text, found, *table);
+        wizard = wizardOfItem(text, lookupOf(text), found);
     }
     showCaret(text);
     if (wizard != nullptr) return show(editor, text, std::move(wizard));
