@@ -46,21 +46,15 @@ ComboSelection selectionOf(const QLineEdit& edit) {
 
 WizardCombo::WizardCombo(ControlKind kind, ControlState& state, Store& store, const bool& isSuppressed,
                          QWidget* parent)
-    : QComboBox(parent), kind_(kind), state_(state), store_(store), isSuppressed_(isSuppressed) {
-    if (kind != ControlKind::List) {
-        setEditable(true);
-        setCompleter(nullptr);
-    }
-    setInsertPolicy(NoInsert);
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    : EditCombo(" ", parent), kind_(kind), state_(state), store_(store), isSuppressed_(isSuppressed) {
+    if (kind == ControlKind::List) setEditable(false);
     setMinimumContentsLength(kCharactersShown);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(this, &QComboBox::editTextChanged, this, [this](const QString& text) {
+    connect(this, &EditCombo::editTextChanged, this, [this](const QString& text) {
         state_.text = text.toStdString();
         state_.state = -1;
     });
     // The release of the arrow that chose the item would complete it to the first that begins like it.
-    connect(this, &QComboBox::activated, this, [this] {
+    connect(this, &EditCombo::activated, this, [this] {
         if (isEditable()) lineEdit()->selectAll();
     });
 }
@@ -84,16 +78,16 @@ void WizardCombo::commit() {
 
 void WizardCombo::showPopup() {
     view()->setMinimumWidth(view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width());
-    QComboBox::showPopup();
+    EditCombo::showPopup();
 }
 
 void WizardCombo::keyReleaseEvent(QKeyEvent* event) {
-    QComboBox::keyReleaseEvent(event);
+    EditCombo::keyReleaseEvent(event);
     if (!event->isAutoRepeat()) complete(codeOf(*event));
 }
 
 void WizardCombo::focusOutEvent(QFocusEvent* event) {
-    QComboBox::focusOutEvent(event);
+    EditCombo::focusOutEvent(event);
     // The list that drops, and another window, leave the focus where it is.
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) commit();
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QComboBox>
 #include <string>
 #include <vector>
 
+#include "ui/EditCombo.h"
 #include "wizards/WizardTable.h"
 
 namespace klt {
@@ -13,7 +13,7 @@ struct ControlState;
 
 /// A combo of a wizard: a face of its state. What is typed goes into the state at once; what the list brings
 /// is told by `activated`.
-class WizardCombo : public QComboBox {
+class WizardCombo : public EditCombo {
     Q_OBJECT
 
 public:

@@ -82,10 +82,8 @@ private:
     }
 
     QWidget& combo(const ControlRow& row, QWidget& parent) {
-        auto& made = *new WizardCombo(row.kind, state_.control(row.name), services_.store,
-                                      services_.SuppressCaretUpdate, &parent);
-        addFieldPopup(made);
-        return made;
+        return *new WizardCombo(row.kind, state_.control(row.name), services_.store,
+                                services_.SuppressCaretUpdate, &parent);
     }
 
     static QWidget& button(const ControlRow& row, QWidget& parent) {

@@ -257,6 +257,36 @@ TEST_F(AdWizardTest, CombosCompleteAndKeep) {
     });
 }
 
+TEST_F(AdWizardTest, ATypedCategoryIsNoChoice) {
+    const struct {
+        const char* name;
+        std::function<void()> leave;
+    } rows[] = {
+        {"Enter", [&] { key(Qt::Key_Return); }},
+        {"access key",
+         [&] {
+             QTest::keyClick(form_, Qt::Key_D, Qt::AltModifier);
+             // The button shows itself pressed before it acts.
+             EXPECT_TRUE(QTest::qWaitFor([&] { return text("rtbItemName").empty(); }));
+         }},
+        {"mouse", [&] { done(); }},
+    };
+    SaveSetting(store, kSettingsApplication, "Options", "AutoComplete", "False");
+    for (const auto& row : rows) {
+        open(file("a.klt", "Version=2\r\n[ADS]\r\n<Mentality>\r\n<Mental>\r\n"));
+        inWizard([&] {
+            choose("optAdType");
+            QTest::keyClicks(&the<RichTextBox>("rtbItemName"), "Odd");
+            QTest::keyClicks(&the<RichTextBox>("rtbItemCost"), "1");
+            the<QComboBox>("cmbAdCat").setFocus();
+            QTest::keyClicks(&the<QComboBox>("cmbAdCat"), "Mental");
+            row.leave();
+        });
+        EXPECT_EQ(textOf(active()), "Version=2\r\n[ADS]\r\n<Mentality>\r\nOdd, 1\r\n<Mental>\r\n")
+            << row.name;
+    }
+}
+
 TEST_F(AdWizardTest, FieldsAndCombosHaveThePopup) {
     open(file("a.klt", kHead));
     inWizard([&] {

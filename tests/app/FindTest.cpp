@@ -1,4 +1,5 @@
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -6,6 +7,7 @@
 
 #include "app/dialogs/frmFind.h"
 #include "support/EditorFixture.h"
+#include "ui/QtStrings.h"
 
 namespace klt {
 namespace {
@@ -86,6 +88,83 @@ TEST_F(FindTest, FindsByKeysAndTellsWhenNoMoreIsThere) {
     EXPECT_EQ(active().RichTextBox1->SelStart(), 0);
     EXPECT_EQ(combo("Combo1").currentText(), "two");
     EXPECT_EQ(items("Combo1"), QStringList({"two", "two", "two", ""}));
+}
+
+TEST_F(FindTest, AllGoesFromMatchToMatch) {
+    openForm(Qt::Key_F);
+    access(Qt::Key_A);
+    fill("Combo1", "two");
+    for (const Position place : {15, 20, 31, 0, 15}) {
+        if (place == 0) answerMessage(QMessageBox::Ok);
+        QTest::keyClick(&combo("Combo1"), Qt::Key_Enter);
+        EXPECT_EQ(active().RichTextBox1->SelStart(), place);
+    }
+    EXPECT_EQ(asked.size(), 1U);
+}
+
+TEST_F(FindTest, ReplacesNothingTwice) {
+    openForm(Qt::Key_R);
+    access(Qt::Key_A);
+    fill("Combo2", "two by two");
+    fill("Combo1", "two");
+    QTest::keyClick(&combo("Combo1"), Qt::Key_Enter);
+    access(Qt::Key_R);
+    EXPECT_EQ(textOf(active()), "Version=2\r\none two by two\r\nTWO three\r\ntwo");
+    press("cmdFindReplace(1)");
+    EXPECT_EQ(textOf(active()), "Version=2\r\none two by two\r\ntwo by two three\r\ntwo");
+}
+
+TEST_F(FindTest, TakesLinesAndLongTexts) {
+    const auto paste = [this](const char* name, const QString& text) {
+        QApplication::clipboard()->setText(text);
+        combo(name).setFocus();
+        QTest::keyClick(&combo(name), Qt::Key_V, Qt::ControlModifier);
+    };
+    const QString line(20'000, 'x');
+    const std::string lines = (line + "\r\n" + line).toStdString();
+    RichTextBox& box = *open(file("b.klt", "Version=2\r\n" + lines + "y\r\n")).RichTextBox1;
+    openForm(Qt::Key_R);
+    paste("Combo1", line + '\n' + line);
+    EXPECT_TRUE(combo("Combo1").currentText().toStdString() == lines);
+    combo("Combo1").setEditText(line + '\n' + line);
+    paste("Combo2", "a\nb\n");
+    press("cmdFindReplace(1)");
+    EXPECT_TRUE(box.Text() == "Version=2\r\na\r\nb\r\ny\r\n");
+
+    press("Command2");
+    EXPECT_FALSE(isOpen());
+    box.Undo();
+    box.Select(11, static_cast<Position>(lines.size()));
+    openForm(Qt::Key_F);
+    EXPECT_TRUE(combo("Combo1").currentText().toStdString() == lines);
+    press("Command2");
+    EXPECT_FALSE(isOpen());
+    box.SetText(QByteArray("line\r\n").repeated(1 << 18).toStdString());
+    box.Select(0, box.Length());
+    openForm(Qt::Key_F);
+    EXPECT_EQ(combo("Combo1").currentText(), "");
+    EXPECT_EQ(combo("Combo1").lineEdit()->placeholderText(), "The selected text is too long to look for");
+}
+
+TEST_F(FindTest, EnterPressesTheButtonWithTheFocus) {
+    openForm(Qt::Key_F);
+    fill("Combo1", "two");
+    const struct {
+        const char* focus;
+        std::function<bool()> has;
+    } rows[] = {
+        {"chkMatchCase", [this] { return active().RichTextBox1->SelStart() == 15; }},
+        {"cmdFindReplace(1)", [this] { return form().windowTitle() == "Replace"; }},
+        {"Combo2", [this] { return active().RichTextBox1->SelStart() == 31; }},
+        {"cmdFindReplace(1)", [this] { return textOf(active()).ends_with("TWO three\r\n"); }},
+        {"Command2", [this] { return !isOpen(); }},
+    };
+    for (const auto& row : rows) {
+        control<QWidget>(row.focus).setFocus();
+        QTest::keyClick(&control<QWidget>(row.focus), Qt::Key_Enter);
+        EXPECT_TRUE(row.has()) << row.focus;
+        if (std::string_view(row.focus) == "chkMatchCase") control<QCheckBox>(row.focus).setChecked(true);
+    }
 }
 
 TEST_F(FindTest, ReplacesInTheOtherShape) {

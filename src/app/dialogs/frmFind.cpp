@@ -1,7 +1,6 @@
 #include "app/dialogs/frmFind.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -14,8 +13,8 @@
 #include "app/Editor.h"
 #include "app/commands/Commands.h"
 #include "app/documents/frmKLTEditor.h"
-#include "text/Unicode.h"
-#include "ui/FieldPopup.h"
+#include "text/LineEnds.h"
+#include "ui/EditCombo.h"
 #include "ui/FormPlace.h"
 #include "ui/MessageBox.h"
 #include "ui/QtStrings.h"
@@ -33,19 +32,19 @@ Control* named(Control* control, const QString& name) {
     return control;
 }
 
-QComboBox* makeCombo(const char* name) {
-    auto* combo = named(new QComboBox, name);
-    combo->setEditable(true);
-    combo->setCompleter(nullptr);
-    combo->setInsertPolicy(QComboBox::NoInsert);
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(28);
-    combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    addFieldPopup(*combo);
+EditCombo* makeCombo(const char* name) {
+    constexpr int kCharactersShown = 28;
+    auto* combo = named(new EditCombo("\r\n"), name);
+    combo->setMinimumContentsLength(kCharactersShown);
     return combo;
 }
 
-QLabel* makeLabel(const QString& caption, QComboBox& field) {
+/// Its text as it stands in documents.
+std::string textOf(const EditCombo& combo) {
+    return withCrLf(combo.currentText().toStdString());
+}
+
+QLabel* makeLabel(const QString& caption, EditCombo& field) {
     auto* label = new QLabel(caption);
     label->setBuddy(&field);
     field.setAccessibleName(QString(caption).remove('&').remove(':'));
@@ -53,7 +52,7 @@ QLabel* makeLabel(const QString& caption, QComboBox& field) {
 }
 
 /// Shows the list; the text in the field stays, and nobody is told of a change.
-void showHistory(QComboBox& combo, const FindHistory& history) {
+void showHistory(EditCombo& combo, const FindHistory& history) {
     const QSignalBlocker silent(combo);
     const QString text = combo.currentText();
     combo.clear();
@@ -77,6 +76,8 @@ frmFind::frmFind(Editor& editor, Store& store)
     all->addLayout(buildButtons(), 0, 1, 3, 1);
     all->setRowStretch(2, 1);
     all->setColumnStretch(0, 1);
+    // Not before it is the dialog's.
+    cmdFindReplace[0]->setDefault(true);
     showHistory(*Combo1, searches_);
     showHistory(*Combo2, replacements_);
     takeSelection();
@@ -129,23 +130,19 @@ QLayout* frmFind::buildButtons() {
         cmdFindReplace[n] = named(new QPushButton(kCaptions[n]), QString("cmdFindReplace(%1)").arg(n));
         buttons->addWidget(cmdFindReplace[n]);
     }
-    cmdFindReplace[0]->setDefault(true);
     Command2 = named(new QPushButton("Cancel"), "Command2");
     buttons->addWidget(Command2);
     buttons->addStretch();
     Command4 = named(new QPushButton("&Help"), "Command4");
     Command4->setEnabled(commandIsThere(kHelpCommand));
     buttons->addWidget(Command4);
-    // Enter is for the search, whatever has the focus but a button.
-    for (auto* button : {cmdFindReplace[1], cmdFindReplace[2], Command2, Command4})
-        button->setAutoDefault(false);
     return buttons;
 }
 
 void frmFind::wire() {
-    connect(Combo1, &QComboBox::editTextChanged, this, &frmFind::findTextChanged);
-    connect(Combo1, &QComboBox::activated, this, &frmFind::findTextChanged);
-    connect(Combo2, &QComboBox::editTextChanged, this, [this] { restart_ = true; });
+    connect(Combo1, &EditCombo::editTextChanged, this, &frmFind::findTextChanged);
+    connect(Combo1, &EditCombo::activated, this, &frmFind::findTextChanged);
+    connect(Combo2, &EditCombo::editTextChanged, this, [this] { restart_ = true; });
     for (const auto button : {FindButton::FindNext, FindButton::Replace, FindButton::ReplaceAll})
         connect(cmdFindReplace[static_cast<size_t>(button)], &QPushButton::clicked, this,
                 [this, button] { pressed(button); });
@@ -157,13 +154,16 @@ void frmFind::wire() {
 }
 
 void frmFind::takeSelection() {
-    // The field takes no more anyway.
-    constexpr Position kMost = 32767;
+    // A field with more is slow, and nobody looks for it.
+    constexpr Position kMost = Position{1} << 20;
     const auto* document = editor_.mainWindow().ActiveForm();
     if (!document) return;
     const TextArea& text = *document->RichTextBox1;
-    const auto selected = text.Slice(text.SelStart(), text.SelStart() + text.SelLength());
-    Combo1->setEditText(toQString(selected.substr(0, unitStart(selected, kMost))));
+    if (text.SelLength() > kMost) {
+        Combo1->lineEdit()->setPlaceholderText("The selected text is too long to look for");
+    } else {
+        Combo1->setEditText(toQString(text.SelText()));
+    }
 }
 
 void frmFind::setShape(Shape shape) {
@@ -214,8 +214,8 @@ void frmFind::pressed(FindButton button) {
 
 FindRequest frmFind::request() const {
     FindRequest request = {
-        .find = Combo1->currentText().toStdString(),
-        .with = Combo2->currentText().toStdString(),
+        .find = textOf(*Combo1),
+        .with = textOf(*Combo2),
         .options = {.wholeWord = chkWholeWordOnly->isChecked(), .matchCase = chkMatchCase->isChecked()},
         .direction = FindDirection::Down,
         .startFromBeginning = chkStartFromBeginning->isChecked(),
@@ -226,10 +226,10 @@ FindRequest frmFind::request() const {
 }
 
 void frmFind::enterHistories(FindButton button) {
-    searches_.enter(Combo1->currentText().toStdString());
+    searches_.enter(textOf(*Combo1));
     showHistory(*Combo1, searches_);
     if (button == FindButton::FindNext) return;
-    replacements_.enter(Combo2->currentText().toStdString());
+    replacements_.enter(textOf(*Combo2));
     showHistory(*Combo2, replacements_);
 }
 

@@ -7,7 +7,6 @@
 #include "tools/FindText.h"
 
 class QCheckBox;
-class QComboBox;
 class QLabel;
 class QLayout;
 class QPushButton;
@@ -15,6 +14,7 @@ class QRadioButton;
 
 namespace klt {
 
+class EditCombo;
 class Editor;
 
 /// The find and replace window. It stays open beside the documents, and each press of a button works on the
@@ -26,7 +26,7 @@ public:
     enum class Shape { Find, Replace };
 
     /// Owned by the main window, and closed with it. Takes what is selected in the active document as the
-    /// text to look for.
+    /// text to look for, unless that is longer than a mebibyte.
     frmFind(Editor& editor, Store& store);
 
     /// Shows or hides what belongs to replacing. The focus goes to the text to look for.
@@ -55,8 +55,8 @@ private:
     FindHistory searches_;
     FindHistory replacements_;
 
-    QComboBox* Combo1 = nullptr;
-    QComboBox* Combo2 = nullptr;
+    EditCombo* Combo1 = nullptr;
+    EditCombo* Combo2 = nullptr;
     QLabel* replaceLabel_ = nullptr;
     std::array<QPushButton*, 3> cmdFindReplace{};
     QPushButton* Command2 = nullptr;

@@ -1,0 +1,79 @@
+#include "ui/EditCombo.h"
+
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QStyledItemDelegate>
+#include <QWheelEvent>
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "ui/FieldPopup.h"
+
+namespace klt {
+namespace {
+
+QString withLineEnds(QString text, const QString& lineEnd) {
+    static const QRegularExpression any("\r\n|\r|\n");
+    return text.replace(any, lineEnd);
+}
+
+/// Whether nothing came in, but a stretch went.
+bool isDeletion(const QString& before, const QString& after) {
+    if (after.size() >= before.size()) return false;
+    const auto [rest, old] = std::ranges::mismatch(after, before);
+    return before.endsWith(QStringView(rest, after.end()));
+}
+
+/// Shows each item in one line of the list, and no more of it than a screen is wide.
+class ItemLine : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant& value, const QLocale&) const override {
+        constexpr int kMost = 500;
+        return withLineEnds(value.toString().left(kMost), " ");
+    }
+};
+
+}  // namespace
+
+EditCombo::EditCombo(QString lineEnd, QWidget* parent) : QComboBox(parent), lineEnd_(std::move(lineEnd)) {
+    setEditable(true);
+    setCompleter(nullptr);
+    setInsertPolicy(NoInsert);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // With its own policy the wheel would give it the focus first.
+    setFocusPolicy(Qt::StrongFocus);
+    setItemDelegate(new ItemLine(this));
+    addFieldPopup(*this);
+
+    QLineEdit& edit = *lineEdit();
+    edit.setMaxLength(std::numeric_limits<int>::max());
+    // By these the base class chooses an item that equals the text.
+    disconnect(&edit, &QLineEdit::editingFinished, this, nullptr);
+    disconnect(&edit, &QLineEdit::returnPressed, this, nullptr);
+    connect(&edit, &QLineEdit::textEdited, this, [this] { isEdit_ = true; });
+    connect(&edit, &QLineEdit::textChanged, this, &EditCombo::changed);
+}
+
+void EditCombo::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) return QComboBox::wheelEvent(event);
+    event->ignore();
+}
+
+void EditCombo::changed(const QString& text) {
+    const bool isEdit = std::exchange(isEdit_, false);
+    const QString before = std::exchange(before_, text);
+    // A line end that is left by half is on its way out.
+    if (!isEdit || isDeletion(before, text)) return;
+    const QString wanted = withLineEnds(text, lineEnd_);
+    if (wanted == text) return;
+    const auto caret = withLineEnds(text.left(lineEdit()->cursorPosition()), lineEnd_).size();
+    // As an edit, which can be undone.
+    lineEdit()->selectAll();
+    lineEdit()->insert(wanted);
+    lineEdit()->setCursorPosition(static_cast<int>(caret));
+}
+
+}  // namespace klt

@@ -1,0 +1,133 @@
+#include "ui/EditCombo.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <functional>
+
+using namespace klt;
+
+namespace {
+
+class EditComboTest : public testing::Test {
+protected:
+    EditComboTest() {
+        // Within it a click in the list belongs to what has opened the list.
+        QApplication::setDoubleClickInterval(0);
+        auto* column = new QVBoxLayout(&window);
+        column->addWidget(&combo);
+        column->addWidget(&other);
+        combo.addItems({"one", "two", "three"});
+        combo.setCurrentIndex(-1);
+        QObject::connect(&combo, &QComboBox::activated, [this](int item) { chosen += std::to_string(item); });
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        combo.setFocus();
+    }
+    ~EditComboTest() override { QApplication::clipboard()->clear(); }
+
+    void key(Qt::Key which) { QTest::keyClick(&combo, which); }
+    void type(const char* text) { QTest::keyClicks(&combo, text); }
+    void wheel() {
+        QWheelEvent turn({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                         false);
+        QApplication::sendEvent(&combo, &turn);
+    }
+    void clickInList(int item) {
+        combo.showPopup();
+        auto& list = *combo.view();
+        const auto place = list.visualRect(list.model()->index(item, 0)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
+    }
+    void paste(const QString& text) {
+        QApplication::clipboard()->setText(text);
+        QTest::keyClick(&combo, Qt::Key_V, Qt::ControlModifier);
+    }
+
+    QWidget window;
+    EditCombo combo{"\r\n"};
+    QLineEdit other;
+    std::string chosen;
+};
+
+TEST_F(EditComboTest, TellsOfChoicesInTheListAlone) {
+    const struct {
+        const char* name;
+        std::function<void()> act;
+        const char* chosen;
+        const char* text;
+    } rows[] = {
+        {"Enter on a typed item", [&] { type("two"), key(Qt::Key_Return); }, "", "two"},
+        {"leaving a typed item", [&] { type("two"), other.setFocus(); }, "", "two"},
+        {"arrows", [&] { key(Qt::Key_Down), key(Qt::Key_Down), key(Qt::Key_Up); }, "010", "one"},
+        {"wheel", [&] { wheel(); }, "0", "one"},
+        {"wheel from outside", [&] { other.setFocus(), wheel(); }, "", ""},
+        {"click in the list", [&] { clickInList(2); }, "2", "three"},
+        {"Enter in the list",
+         [&] {
+             QTest::keyClick(&combo, Qt::Key_Down, Qt::AltModifier);
+             for (const auto which : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Return})
+                 QTest::keyClick(combo.view(), which);
+         },
+         "1", "two"},
+        {"letter in a fixed one", [&] { combo.setEditable(false), type("th"); }, "12", "three"},
+        {"wheel from outside of a fixed one", [&] { other.setFocus(), wheel(); }, "", "three"},
+    };
+    EXPECT_FALSE(combo.focusPolicy() & (Qt::WheelFocus & ~Qt::StrongFocus)) << "the wheel takes no focus";
+    for (const auto& row : rows) {
+        if (combo.isEditable()) combo.setCurrentIndex(-1);
+        combo.setFocus();
+        chosen.clear();
+        row.act();
+        EXPECT_EQ(chosen, row.chosen) << row.name;
+        EXPECT_EQ(combo.currentText(), row.text) << row.name;
+    }
+}
+
+TEST_F(EditComboTest, PastedLineEndsBecomeItsOwn) {
+    for (const char* text : {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd"}) {
+        combo.clearEditText();
+        paste(text);
+        EXPECT_EQ(combo.currentText(), "a\r\nb\r\nc\r\nd");
+        key(Qt::Key_X);
+        EXPECT_EQ(combo.currentText(), "a\r\nb\r\nc\r\ndx");
+    }
+    key(Qt::Key_Home);
+    key(Qt::Key_Right);
+    paste("\n");
+    key(Qt::Key_X);
+    EXPECT_EQ(combo.currentText(), "a\r\nx\r\nb\r\nc\r\ndx") << "the caret stands behind it";
+    combo.lineEdit()->selectAll();
+    paste("z\n");
+    EXPECT_EQ(combo.currentText(), "z\r\n") << "shorter than what it replaces";
+    for (const char* left : {"z\r", "z", ""}) {
+        key(Qt::Key_Backspace);
+        EXPECT_EQ(combo.currentText(), left);
+    }
+    combo.lineEdit()->undo();
+    EXPECT_EQ(combo.currentText(), "z\r\n");
+
+    EditCombo blanks(" ");
+    QApplication::clipboard()->setText("a\r\nb\n");
+    blanks.lineEdit()->paste();
+    EXPECT_EQ(blanks.currentText(), "a b ");
+}
+
+TEST_F(EditComboTest, TakesAMegabyte) {
+    const QString megabyte = QString("Knife, 5\t").repeated(1 << 17);
+    paste(megabyte);
+    EXPECT_EQ(combo.currentText(), megabyte);
+    combo.addItem(megabyte);
+    combo.showPopup();
+    EXPECT_LT(combo.view()->sizeHintForColumn(0), 10'000);
+    combo.hidePopup();
+}
+
+}  // namespace
