@@ -7,6 +7,7 @@
 #include "app/commands/Commands.h"
 #include "app/dialogs/frmKLTMerger.h"
 #include "app/documents/ErrorWalk.h"
+#include "app/documents/frmKLTEditor.h"
 #include "platform/CommandLine.h"
 #include "platform/KeptCopies.h"
 #include "platform/Paths.h"
@@ -122,9 +123,26 @@ void Editor::openMerger() {
     documents.OpenDocument(file, mayCheck);
 }
 
+frmFind* Editor::makeFind() {
+    constexpr const char* kHelpCommand = "H1";
+    frmMDIKLTEditor& window = mainWindow();
+    FindServices services{.store = store_,
+                          .queue = queue,
+                          .highlighter = highlighter,
+                          .SuppressCaretUpdate = variables.SuppressCaretUpdate,
+                          .activeText = [&window]() -> RichTextBox* {
+                              const auto* document = window.ActiveForm();
+                              return document == nullptr ? nullptr : document->RichTextBox1;
+                          }};
+    if (commandIsThere(kHelpCommand)) services.showHelp = [&window] { emit window.MenuClick(kHelpCommand); };
+    auto* form = new frmFind(std::move(services), &window);
+    connect(&window, &frmMDIKLTEditor::unloading, form, &QWidget::close);
+    return form;
+}
+
 void Editor::openFind(frmFind::Shape shape) {
     // A closed one is on its way out.
-    if (!find_ || find_->isHidden()) find_ = new frmFind(*this, store_);
+    if (!find_ || find_->isHidden()) find_ = makeFind();
     find_->setShape(shape);
     find_->show();
     find_->raise();

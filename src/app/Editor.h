@@ -57,6 +57,7 @@ private:
     void wireWindow();
     void listen();
     void tellOfKeptTexts();
+    frmFind* makeFind();
     void receive(std::string commandLine, std::function<void()> done);
 
     Store& store_;

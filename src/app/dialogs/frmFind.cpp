@@ -9,21 +9,22 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <utility>
 
-#include "app/Editor.h"
-#include "app/commands/Commands.h"
-#include "app/documents/frmKLTEditor.h"
+#include "app/commands/CommandQueue.h"
+#include "app/modVariables.h"
 #include "text/LineEnds.h"
 #include "ui/EditCombo.h"
 #include "ui/FormPlace.h"
 #include "ui/MessageBox.h"
 #include "ui/QtStrings.h"
+#include "ui/RichTextBox.h"
 #include "ui/WaitCursor.h"
+#include "ui/modKLTSyntaxHighlighter.h"
 
 namespace klt {
 namespace {
 
-constexpr const char* kHelpCommand = "H1";
 constexpr WindowPosition kPosition = *settings::windowPosition("frmFind");
 
 template <typename Control>
@@ -63,12 +64,11 @@ void showHistory(EditCombo& combo, const FindHistory& history) {
 
 }  // namespace
 
-frmFind::frmFind(Editor& editor, Store& store)
-    : QDialog(&editor.mainWindow()),
-      editor_(editor),
-      store_(store),
-      searches_(FindHistory::load(store, settings::kSearchStrings)),
-      replacements_(FindHistory::load(store, settings::kReplaceStrings)) {
+frmFind::frmFind(FindServices services, QWidget* owner)
+    : QDialog(owner),
+      services_(std::move(services)),
+      searches_(FindHistory::load(services_.store, settings::kSearchStrings)),
+      replacements_(FindHistory::load(services_.store, settings::kReplaceStrings)) {
     setObjectName("frmFind");
     auto* all = new QGridLayout(this);
     all->addLayout(buildFields(), 0, 0);
@@ -83,7 +83,7 @@ frmFind::frmFind(Editor& editor, Store& store)
     takeSelection();
     wire();
     setShape(Shape::Find);
-    restorePosition(*this, store_, kPosition);
+    restorePosition(*this, services_.store, kPosition);
 }
 
 QLayout* frmFind::buildFields() {
@@ -134,7 +134,7 @@ QLayout* frmFind::buildButtons() {
     buttons->addWidget(Command2);
     buttons->addStretch();
     Command4 = named(new QPushButton("&Help"), "Command4");
-    Command4->setEnabled(commandIsThere(kHelpCommand));
+    Command4->setEnabled(static_cast<bool>(services_.showHelp));
     buttons->addWidget(Command4);
     return buttons;
 }
@@ -147,22 +147,19 @@ void frmFind::wire() {
         connect(cmdFindReplace[static_cast<size_t>(button)], &QPushButton::clicked, this,
                 [this, button] { pressed(button); });
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
-    connect(Command4, &QPushButton::clicked, this,
-            [this] { emit editor_.mainWindow().MenuClick(kHelpCommand); });
+    connect(Command4, &QPushButton::clicked, this, [this] { services_.showHelp(); });
     connect(this, &QDialog::finished, this, &frmFind::unload);
-    connect(&editor_.mainWindow(), &frmMDIKLTEditor::unloading, this, &QWidget::close);
 }
 
 void frmFind::takeSelection() {
     // A field with more is slow, and nobody looks for it.
     constexpr Position kMost = Position{1} << 20;
-    const auto* document = editor_.mainWindow().ActiveForm();
-    if (!document) return;
-    const TextArea& text = *document->RichTextBox1;
-    if (text.SelLength() > kMost) {
+    const RichTextBox* const text = services_.activeText();
+    if (text == nullptr) return;
+    if (text->SelLength() > kMost) {
         Combo1->lineEdit()->setPlaceholderText("The selected text is too long to look for");
     } else {
-        Combo1->setEditText(toQString(text.SelText()));
+        Combo1->setEditText(toQString(text->SelText()));
     }
 }
 
@@ -181,9 +178,9 @@ void frmFind::setShape(Shape shape) {
 }
 
 void frmFind::unload() {
-    searches_.save(store_, settings::kSearchStrings);
-    replacements_.save(store_, settings::kReplaceStrings);
-    storePosition(*this, store_, kPosition);
+    searches_.save(services_.store, settings::kSearchStrings);
+    replacements_.save(services_.store, settings::kReplaceStrings);
+    storePosition(*this, services_.store, kPosition);
     deleteLater();
 }
 
@@ -207,7 +204,7 @@ void frmFind::pressed(FindButton button) {
         Command2->setFocus();
         return;
     }
-    editor_.queue.submit(Origin::User, [form = QPointer(this), button] {
+    services_.queue.submit(Origin::User, [form = QPointer(this), button] {
         if (form) form->run(button);
     });
 }
@@ -234,16 +231,16 @@ void frmFind::enterHistories(FindButton button) {
 }
 
 void frmFind::run(FindButton button) {
-    auto* document = editor_.mainWindow().ActiveForm();
-    if (!document) return;
+    RichTextBox* const active = services_.activeText();
+    if (active == nullptr) return;
+    RichTextBox& text = *active;
     enterHistories(button);
-    RichTextBox& text = *document->RichTextBox1;
     FindOutcome outcome;
     {
         const WaitCursor waiting;
-        const RaisedFlag suppressed(editor_.variables.SuppressCaretUpdate);
+        const RaisedFlag suppressed(services_.SuppressCaretUpdate);
         outcome = runFind(text, button, request());
-        if (outcome.isNewText) editor_.highlighter.SetDocumentFormat(text);
+        if (outcome.isNewText) services_.highlighter.SetDocumentFormat(text);
     }
     // The bars have not heard of the caret's moves.
     emit text.SelChange();

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
 
 #include "tools/FindHistory.h"
 #include "tools/FindText.h"
@@ -14,8 +15,23 @@ class QRadioButton;
 
 namespace klt {
 
+class CommandQueue;
 class EditCombo;
-class Editor;
+class RichTextBox;
+class modKLTSyntaxHighlighter;
+
+/// What the find window needs of the program. All of it must outlive the window.
+struct FindServices {
+    Store& store;
+    CommandQueue& queue;
+    modKLTSyntaxHighlighter& highlighter;
+    /// Up while the window searches.
+    bool& SuppressCaretUpdate;
+    /// The text area of the active document; null while none is open.
+    std::function<RichTextBox*()> activeText;
+    /// Empty where there is no help.
+    std::function<void()> showHelp = {};
+};
 
 /// The find and replace window. It stays open beside the documents, and each press of a button works on the
 /// one that is active then. It goes when it is closed.
@@ -25,9 +41,9 @@ class frmFind : public QDialog {
 public:
     enum class Shape { Find, Replace };
 
-    /// Owned by the main window, and closed with it. Takes what is selected in the active document as the
-    /// text to look for, unless that is longer than a mebibyte.
-    frmFind(Editor& editor, Store& store);
+    /// Takes what is selected in the active document as the text to look for, unless that is longer than a
+    /// mebibyte.
+    frmFind(FindServices services, QWidget* owner);
 
     /// Shows or hides what belongs to replacing. The focus goes to the text to look for.
     void setShape(Shape shape);
@@ -47,8 +63,7 @@ private:
     FindRequest request() const;
     void enterHistories(FindButton button);
 
-    Editor& editor_;
-    Store& store_;
+    const FindServices services_;
     Shape shape_ = Shape::Find;
     /// The restart flag: the next search begins afresh.
     bool restart_ = true;
