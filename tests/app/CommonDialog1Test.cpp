@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <QDialogButtonBox>
-#include <QListView>
 #include <QPushButton>
+#include <QTreeView>
 #include <filesystem>
 
 #include "support/EditorFixture.h"
@@ -29,6 +29,19 @@ protected:
     static std::string folderOf(const QFileDialog& dialog) { return dialog.directory().path().toStdString(); }
     static bool okEnabled(const QFileDialog& dialog) {
         return dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->isEnabled();
+    }
+    /// The list of files, once it shows that one, and where it stands there. The list is filled, and sorted,
+    /// some time after the dialog comes up.
+    static std::pair<QWidget*, QPoint> inList(const QFileDialog& dialog, const char* name) {
+        const auto* list = dialog.findChild<QTreeView*>("treeView");
+        const auto place = [&] {
+            const auto found = list->model()->match(list->model()->index(0, 0, list->rootIndex()),
+                                                    Qt::DisplayRole, name, 1, Qt::MatchExactly);
+            return list->visualRect(found.value(0)).center();
+        };
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return list->isVisible() && list->indexAt(place()).data() == QString(name); }));
+        return {list->viewport(), place()};
     }
 };
 
@@ -102,18 +115,10 @@ TEST_F(CommonDialog1Test, ASelectionInTheListIsPolicedToo) {
     file("one/base.klt", "");
     dialog().DialogTitle = "Select Data File";
     answerNext<QFileDialog>([&](QFileDialog& shown) {
-        auto* list = shown.findChild<QListView*>("listView");
-        // As a click would; with the focus in the name's field the dialog leaves the name alone.
-        list->setFocus();
-        // The list is sorted some time after it is filled.
-        const auto row = [&](const char* name) {
-            const auto found = list->model()->match(list->model()->index(0, 0, list->rootIndex()),
-                                                    Qt::DisplayRole, name, 1, Qt::MatchExactly);
-            return found.value(0);
-        };
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
         for (const auto& [name, enabled] : {std::pair("a.klt", true), {"base.klt", false}, {"a.klt", true}}) {
-            EXPECT_TRUE(QTest::qWaitFor([&] { return row(name).isValid(); }));
-            list->setCurrentIndex(row(name));
+            const auto [list, place] = inList(shown, name);
+            QTest::mouseClick(list, Qt::LeftButton, {}, place);
             EXPECT_EQ(okEnabled(shown), enabled) << name;
         }
         shown.reject();
@@ -142,14 +147,8 @@ TEST_F(CommonDialog1Test, EnterAndADoubleClickDoNotPassTheDisabledButton) {
                 enter(typed);
                 ASSERT_TRUE(shown.isVisible()) << typed;
             }
-            auto* list = shown.findChild<QListView*>("listView");
-            const auto base = [&] {
-                return list->model()->match(list->model()->index(0, 0, list->rootIndex()), Qt::DisplayRole,
-                                            "base.klt");
-            };
-            ASSERT_TRUE(QTest::qWaitFor([&] { return !base().empty(); }));
-            const auto place = list->visualRect(base().front()).center();
-            QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+            const auto [list, place] = inList(shown, "base.klt");
+            QTest::mouseDClick(list, Qt::LeftButton, {}, place);
             ASSERT_TRUE(shown.isVisible());
             name->setFocus();
             name->clear();
