@@ -13,8 +13,22 @@ namespace klt {
 namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view kUtf16LEMark = "\xFF\xFE";
-constexpr std::string_view kUtf16BEMark = "\xFE\xFF";
+
+// A text whose characters stand in units of 2 or 4 bytes, behind a byte order mark.
+struct WideForm {
+    Encoding encoding;
+    std::string_view mark;
+    bool isBigEndian;
+
+    size_t unit() const { return mark.size(); }
+};
+// The mark of UTF-32 in front: the other one of this order begins it.
+constexpr std::array<WideForm, 4> kWideForms = {{
+    {Encoding::Utf32LE, {"\xFF\xFE\0\0", 4}, false},
+    {Encoding::Utf32BE, {"\0\0\xFE\xFF", 4}, true},
+    {Encoding::Utf16LE, "\xFF\xFE", false},
+    {Encoding::Utf16BE, "\xFE\xFF", true},
+}};
 
 // The characters of the bytes from 0x80 to 0x9F. The five without one stand for themselves.
 constexpr std::array<char32_t, 32> kWindows1252 = {
@@ -23,42 +37,86 @@ constexpr std::array<char32_t, 32> kWindows1252 = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-// The 16-bit unit at `place`; the bytes must be there.
-char16_t unitAt(std::string_view bytes, size_t place, bool bigEndian) {
-    const auto first = static_cast<unsigned char>(bytes[place]);
-    const auto second = static_cast<unsigned char>(bytes[place + 1]);
-    return static_cast<char16_t>(bigEndian ? first << 8 | second : second << 8 | first);
+// The unit at `place`; the bytes must be there.
+char32_t unitAt(std::string_view bytes, size_t place, const WideForm& form) {
+    char32_t unit = 0;
+    for (size_t i = 0; i < form.unit(); ++i) {
+        const size_t next = place + (form.isBigEndian ? i : form.unit() - 1 - i);
+        unit = unit << 8 | static_cast<unsigned char>(bytes[next]);
+    }
+    return unit;
 }
 
-bool isValidUtf16(std::string_view bytes, bool bigEndian) {
-    if (bytes.size() % 2 != 0) return false;
-    for (size_t place = 0; place < bytes.size(); place += 2) {
-        const char16_t unit = unitAt(bytes, place, bigEndian);
-        if ((unit & 0xF800) != 0xD800) continue;
-        place += 2;
+void appendUnit(std::string& bytes, char32_t unit, const WideForm& form) {
+    for (size_t i = 0; i < form.unit(); ++i) {
+        const size_t byte = form.isBigEndian ? form.unit() - 1 - i : i;
+        bytes.push_back(static_cast<char>(unit >> 8 * byte & 0xFF));
+    }
+}
+
+constexpr bool isLead(char32_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+constexpr bool isTrail(char32_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+constexpr bool isCharacter(char32_t unit) {
+    return unit < 0x110000 && !isLead(unit) && !isTrail(unit);
+}
+
+bool isValidWide(std::string_view bytes, const WideForm& form) {
+    if (bytes.size() % form.unit() != 0) return false;
+    for (size_t place = 0; place < bytes.size(); place += form.unit()) {
+        const char32_t unit = unitAt(bytes, place, form);
+        if (isCharacter(unit)) continue;
+        place += form.unit();
         const bool isPair =
-            unit < 0xDC00 && place < bytes.size() && (unitAt(bytes, place, bigEndian) & 0xFC00) == 0xDC00;
+            form.unit() == 2 && isLead(unit) && place < bytes.size() && isTrail(unitAt(bytes, place, form));
         if (!isPair) return false;
     }
     return true;
 }
 
-std::string fromUtf16Bytes(std::string_view bytes, bool bigEndian) {
-    std::u16string wide;
-    wide.reserve(bytes.size() / 2);
-    for (size_t place = 0; place + 1 < bytes.size(); place += 2)
-        wide.push_back(unitAt(bytes, place, bigEndian));
-    return fromUtf16(wide);
+// The form whose mark the bytes begin with, where what follows bears it out; else null.
+const WideForm* wideFormOf(std::string_view bytes) {
+    const auto* form = std::find_if(kWideForms.begin(), kWideForms.end(), [&](const WideForm& it) {
+        return bytes.starts_with(it.mark) && isValidWide(bytes.substr(it.mark.size()), it);
+    });
+    return form == kWideForms.end() ? nullptr : form;
 }
 
-std::string toUtf16Bytes(std::string_view text, bool bigEndian) {
-    const auto wide = toUtf16(text);
-    std::string bytes(bigEndian ? kUtf16BEMark : kUtf16LEMark);
-    reserveLarge(bytes, bytes.size() + wide.size() * 2);
-    for (const char16_t unit : wide) {
-        const auto high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
-        bytes.push_back(bigEndian ? high : low);
-        bytes.push_back(bigEndian ? low : high);
+const WideForm* wideForm(Encoding encoding) {
+    const auto* form = std::find_if(kWideForms.begin(), kWideForms.end(),
+                                    [&](const WideForm& it) { return it.encoding == encoding; });
+    return form == kWideForms.end() ? nullptr : form;
+}
+
+// Of bytes that are valid.
+std::string fromWide(std::string_view bytes, const WideForm& form) {
+    bytes.remove_prefix(form.mark.size());
+    std::string text;
+    reserveLarge(text, bytes.size() / form.unit() + bytes.size() / 8);
+    for (size_t place = 0; place < bytes.size(); place += form.unit()) {
+        char32_t code = unitAt(bytes, place, form);
+        if (isLead(code)) {
+            place += form.unit();
+            code = 0x10000 + ((code - 0xD800) << 10) + (unitAt(bytes, place, form) - 0xDC00);
+        }
+        appendCharacter(text, code);
+    }
+    return text;
+}
+
+// Of valid UTF-8.
+std::string toWide(std::string_view text, const WideForm& form) {
+    std::string bytes(form.mark);
+    reserveLarge(bytes, bytes.size() + text.size() * form.unit());
+    for (size_t place = 0; place < text.size();) {
+        const auto character = characterAt(text, place);
+        const bool isPair = form.unit() == 2 && character.code > 0xFFFF;
+        if (isPair) appendUnit(bytes, 0xD800 + ((character.code - 0x10000) >> 10), form);
+        appendUnit(bytes, isPair ? 0xDC00 + (character.code & 0x3FF) : character.code, form);
+        place += character.length;
     }
     return bytes;
 }
@@ -100,28 +158,15 @@ std::optional<std::string> toWindows1252(std::string_view text) {
 
 Encoding encodingOf(std::string_view bytes) {
     if (isAscii(bytes)) return Encoding::Any;
-    if (bytes.starts_with(kUtf16LEMark) && isValidUtf16(bytes.substr(kUtf16LEMark.size()), false))
-        return Encoding::Utf16LE;
-    if (bytes.starts_with(kUtf16BEMark) && isValidUtf16(bytes.substr(kUtf16BEMark.size()), true))
-        return Encoding::Utf16BE;
+    if (const auto* form = wideFormOf(bytes)) return form->encoding;
     if (!isValidUtf8(bytes)) return Encoding::Windows1252;
     return bytes.starts_with(kUtf8Mark) ? Encoding::Utf8Bom : Encoding::Utf8;
 }
 
 std::string textOf(std::string bytes, Encoding encoding) {
-    switch (encoding) {
-        case Encoding::Windows1252:
-            return fromWindows1252(bytes);
-        case Encoding::Utf16LE:
-        case Encoding::Utf16BE:
-            return fromUtf16Bytes(std::string_view(bytes).substr(2), encoding == Encoding::Utf16BE);
-        case Encoding::Utf8Bom:
-            bytes.erase(0, kUtf8Mark.size());
-            break;
-        case Encoding::Any:
-        case Encoding::Utf8:
-            break;
-    }
+    if (const auto* form = wideForm(encoding)) return fromWide(bytes, *form);
+    if (encoding == Encoding::Windows1252) return fromWindows1252(bytes);
+    if (encoding == Encoding::Utf8Bom) bytes.erase(0, kUtf8Mark.size());
     return bytes;
 }
 
@@ -141,21 +186,23 @@ std::optional<Encoded> asWindows1252(std::string_view text) {
     return Encoded(std::move(*bytes), Encoding::Windows1252);
 }
 
+// None where the text is no valid UTF-8, or where the bytes would be read back as another encoding.
+std::optional<Encoded> asWide(std::string_view text, const WideForm& form) {
+    if (!isValidUtf8(text)) return std::nullopt;
+    auto bytes = toWide(text, form);
+    if (text.starts_with('\0') && wideFormOf(bytes) != &form) return std::nullopt;
+    return Encoded(std::move(bytes), form.encoding);
+}
+
+std::optional<Encoded> asNarrow(std::string_view text, Encoding encoding) {
+    return isAscii(text) ? Encoded(text, encoding) : asWindows1252(text);
+}
+
 Encoded encodeCharacters(std::string_view text, Encoding encoding) {
-    switch (encoding) {
-        case Encoding::Any:
-        case Encoding::Windows1252:
-            if (isAscii(text)) return {text, encoding};
-            if (auto encoded = asWindows1252(text)) return std::move(*encoded);
-            return asUtf8(text, false);
-        case Encoding::Utf16LE:
-        case Encoding::Utf16BE:
-            if (isValidUtf8(text)) return {toUtf16Bytes(text, encoding == Encoding::Utf16BE), encoding};
-            break;
-        case Encoding::Utf8:
-        case Encoding::Utf8Bom:
-            break;
-    }
+    std::optional<Encoded> encoded;
+    if (const auto* form = wideForm(encoding)) encoded = asWide(text, *form);
+    if (encoding == Encoding::Any || encoding == Encoding::Windows1252) encoded = asNarrow(text, encoding);
+    if (encoded) return std::move(*encoded);
     return asUtf8(text, encoding == Encoding::Utf8Bom);
 }
 

@@ -6,17 +6,17 @@
 namespace klt {
 
 /// How a file's bytes stand for text. `Any` is ASCII alone, or a new document: nothing is decided yet.
-enum class Encoding { Any, Windows1252, Utf8, Utf8Bom, Utf16LE, Utf16BE };
+enum class Encoding { Any, Windows1252, Utf8, Utf8Bom, Utf16LE, Utf16BE, Utf32LE, Utf32BE };
 
 struct Decoded {
     std::string text;
     Encoding encoding = Encoding::Any;
 };
 
-/// The text of a file's bytes: UTF-8, with CR LF for every line end. A byte order mark decides where the
-/// bytes behind it bear it out, else valid UTF-8 is UTF-8, else it is Windows-1252, whose five undefined
-/// bytes become the C1 characters of the same number. Bytes that are already such text come back without a
-/// copy.
+/// The text of a file's bytes: UTF-8, with CR LF for every line end. A byte order mark (of UTF-8, UTF-16 or
+/// UTF-32) decides where the bytes behind it bear it out, else valid UTF-8 is UTF-8, else it is Windows-1252,
+/// whose five undefined bytes become the C1 characters of the same number. Bytes that are already such text
+/// come back without a copy.
 Decoded decode(std::string bytes);
 
 /// A file's bytes. Where they are those of the text itself they are not copied: then the text must live on.

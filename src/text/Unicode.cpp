@@ -8,7 +8,6 @@ namespace klt {
 
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kLoneByte = 0xDC00;
 constexpr size_t kLongestCharacter = 4;
 constexpr size_t kBlock = 64;
@@ -155,37 +154,6 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
         r += b.length;
     }
     return l == left.size() && r == right.size();
-}
-
-std::u16string toUtf16(std::string_view text) {
-    std::u16string wide;
-    wide.reserve(text.size());
-    for (size_t place = 0; place < text.size();) {
-        const auto [code, length] = characterAt(text, place);
-        place += length;
-        if (code >= 0x10000) {
-            wide.push_back(static_cast<char16_t>(0xD7C0 + (code >> 10)));
-            wide.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
-        } else {
-            const bool isLoneByte = length == 1 && code >= 0x80;
-            wide.push_back(static_cast<char16_t>(isLoneByte ? kReplacement : code));
-        }
-    }
-    return wide;
-}
-
-std::string fromUtf16(std::u16string_view text) {
-    std::string narrow;
-    narrow.reserve(text.size());
-    for (size_t place = 0; place < text.size(); ++place) {
-        const char32_t unit = text[place];
-        const bool isLead = (unit & 0xFC00) == 0xD800;
-        if (isLead && place + 1 < text.size() && (text[place + 1] & 0xFC00) == 0xDC00)
-            appendCharacter(narrow, 0x10000 + ((unit & 0x3FF) << 10) + (text[++place] & 0x3FFU));
-        else
-            appendCharacter(narrow, (unit & 0xF800) == 0xD800 ? kReplacement : unit);
-    }
-    return narrow;
 }
 
 }  // namespace klt

@@ -52,9 +52,4 @@ std::string upperCase(std::string_view text);
 char32_t foldCase(char32_t code);
 bool equalIgnoringCase(std::string_view left, std::string_view right);
 
-/// Bytes of no valid character become U+FFFD.
-std::u16string toUtf16(std::string_view text);
-/// Lone surrogates become U+FFFD.
-std::string fromUtf16(std::u16string_view text);
-
 }  // namespace klt

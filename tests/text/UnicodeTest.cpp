@@ -95,12 +95,3 @@ TEST(Unicode, EqualIgnoringCase) {
          {std::pair("a", "ab"), {"ab", "a"}, {"", "a"}, {"\xFE", "\xFF"}, {"ä", "a"}})
         EXPECT_FALSE(equalIgnoringCase(left, right)) << left << " " << right;
 }
-
-TEST(Unicode, Utf16) {
-    const auto text = "a\0ä€😀\r\n"s;
-    EXPECT_EQ(toUtf16(text), u"a\0ä€😀\r\n"s);
-    EXPECT_EQ(fromUtf16(toUtf16(text)), text);
-    EXPECT_EQ(toUtf16("a\xFF"), u"a\uFFFD");
-    EXPECT_EQ(fromUtf16(u"x\xD83D"s), "x\uFFFD");
-    EXPECT_EQ(fromUtf16(u"\xDE00\xD83Dx"s), "\uFFFD\uFFFDx");
-}
