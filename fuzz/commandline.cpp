@@ -17,5 +17,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const auto split = klt::splitCommandLine(line);
         if (split.paths.empty() == (split.error == klt::CommandLineError::none)) std::abort();
     }
+    // A full path comes back as it was, whatever is in it but the quotes that part it from the next.
+    const auto path = "/." + bytes;
+    const std::vector<std::string> paths = {path, path};
+    if (bytes.find('"') == bytes.npos &&
+        klt::splitCommandLine(klt::buildCommandLine(paths, "/")).paths != paths)
+        std::abort();
     return 0;
 }

@@ -1,6 +1,9 @@
 #include "platform/CommandLine.h"
 
+#include <utility>
+
 #include "platform/Paths.h"
+#include "text/Ascii.h"
 #include "text/TextOperations.h"
 #include "text/Unicode.h"
 
@@ -9,7 +12,6 @@ namespace klt {
 namespace {
 
 constexpr std::string_view kDirectorySwitch = "/d:";
-constexpr std::string_view kDirectoryInPath = "/d:/";
 constexpr std::string_view kSeparator = "\" \"";
 
 bool beginsWithSwitch(std::string_view text) {
@@ -17,19 +19,35 @@ bool beginsWithSwitch(std::string_view text) {
            text[2] == ':';
 }
 
-/// The place of "/d:" in any case, from 0.
-size_t findSwitch(std::string_view text) {
-    for (size_t at = text.find('/'); at != text.npos; at = text.find('/', at + 1))
-        if (beginsWithSwitch(text.substr(at))) return at;
+/// The places, from 0, of each "/d:" that begins an argument: at the start, behind a blank outside quotes, or
+/// behind a quote that opens. A quote opens an argument and closes it; one in the middle is a character like
+/// others. `isQuoted`: the text begins inside quotes.
+std::vector<size_t> switchesOf(std::string_view text, bool isQuoted) {
+    std::vector<size_t> places;
+    bool isFirst = true;
+    for (size_t at = 0; at < text.size(); ++at) {
+        const bool isLast = at + 1 == text.size() || text[at + 1] == ' ';
+        const bool isQuote = text[at] == '"' && (isQuoted ? isLast : isFirst);
+        if (isFirst && beginsWithSwitch(text.substr(at))) places.push_back(at);
+        if (isQuote) isQuoted = !isQuoted;
+        isFirst = isQuoted ? isQuote : text[at] == ' ';
+    }
+    return places;
+}
+
+/// The place of the switch that names the directory; `npos` without one.
+size_t findSwitch(std::string_view text, bool isQuoted) {
+    for (const size_t at : switchesOf(text, isQuoted))
+        if (at == 0 || text[at - 1] == ' ') return at;
     return text.npos;
 }
 
-/// How many "/d:/" may be replaced, in any case.
-size_t placesOfDirectory(std::string_view text) {
-    size_t count = 0;
-    for (size_t at = findSwitch(text); at != text.npos; text.remove_prefix(at + 1), at = findSwitch(text))
-        ++count;
-    return count;
+/// The places of the "/d:/" in whose place the directory comes.
+std::vector<size_t> placesOfDirectory(std::string_view path, bool isQuoted) {
+    auto places = switchesOf(path, isQuoted);
+    std::erase_if(places,
+                  [path](size_t at) { return !path.substr(at + kDirectorySwitch.size()).starts_with('/'); });
+    return places;
 }
 
 std::string quoted(std::string_view text) {
@@ -55,6 +73,32 @@ std::string_view firstCharacters(std::string_view text, size_t count) {
     size_t end = 0;
     while (end < text.size() && count-- > 0) end += characterAt(text, end).length;
     return text.substr(0, end);
+}
+
+std::string withDirectory(std::string_view path, const std::vector<size_t>& places,
+                          std::string_view directory) {
+    std::string result;
+    size_t start = 0;
+    for (const size_t at : places) {
+        result.append(path.substr(start, at - start)).append(directory);
+        start = at + kDirectorySwitch.size() + 1;
+    }
+    return result.append(path.substr(start));
+}
+
+/// The paths of a list of files, each with the directory where it refers to it.
+SplitCommandLine filesIn(std::string_view list, const std::string& directory) {
+    const auto files = StripEnclosingQuotes(list);
+    auto paths = SplitText(files, kSeparator);
+    bool isQuoted = files.size() < trimBlanks(list).size();
+    size_t length = 0;
+    for (auto& path : paths) {
+        const auto places = placesOfDirectory(path, std::exchange(isQuoted, true));
+        length += places.size() * directory.size();
+        if (length > kLongestPaths) return {{}, CommandLineError::tooLong};
+        path = withDirectory(path, places, directory);
+    }
+    return {std::move(paths), {}};
 }
 
 }  // namespace
@@ -89,7 +133,7 @@ std::string_view describe(CommandLineError error) {
 
 SplitCommandLine splitCommandLine(std::string_view commandLine) {
     auto rest = StripEnclosingQuotes(commandLine);
-    const auto at = findSwitch(rest);
+    const auto at = findSwitch(rest, rest.size() < trimBlanks(commandLine).size());
     if (at == rest.npos) return {SplitText(rest, kSeparator), {}};
 
     const auto slash = rest.find("/ ", at + 1);
@@ -99,12 +143,7 @@ SplitCommandLine splitCommandLine(std::string_view commandLine) {
     const auto length = characters(std::string_view(rest).substr(0, slash + 1)) - kDirectorySwitch.size();
     const auto directory =
         CanonicalPath(firstCharacters(std::string_view(rest).substr(at + kDirectorySwitch.size()), length));
-    rest = StripEnclosingQuotes(std::string_view(rest).substr(slash + 2));
-
-    if (placesOfDirectory(rest) * directory.size() > kLongestPaths) return {{}, CommandLineError::tooLong};
-    auto paths = SplitText(rest, kSeparator);
-    for (auto& path : paths) path = FastReplace(path, kDirectoryInPath, directory, false);
-    return {std::move(paths), {}};
+    return filesIn(std::string_view(rest).substr(slash + 2), directory);
 }
 
 }  // namespace klt

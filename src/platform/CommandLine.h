@@ -32,8 +32,9 @@ struct SplitCommandLine {
 };
 
 /// Takes a command line apart at quote, blank, quote, and puts the directory that "/d:" names once in the
-/// place of each "/d:/" of the paths. A path may be empty (a new document): so may the text, which holds one
-/// empty path.
+/// place of each "/d:/" that begins one of the files. The switch counts where it begins the line, or an
+/// argument without quotes; inside a path "/d:" is the name of a folder. A path may be empty (a new
+/// document): so may the text, which holds one empty path.
 SplitCommandLine splitCommandLine(std::string_view commandLine);
 
 }  // namespace klt

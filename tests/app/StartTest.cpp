@@ -112,7 +112,8 @@ TEST_F(StartTest, OfTwentyAtOnceOneOpensAllFiles) {
 TEST_F(StartTest, ALaterOneHandsItsFilesOverAndEnds) {
     const auto first = start({});
     ASSERT_TRUE(waitForWindow());
-    const auto a = file("a b.klt"), b = file("b.klt"), c = file("c.klt"), d = file("d.klt");
+    std::filesystem::create_directory(home_ / "d:");
+    const auto a = file("a b.klt"), b = file("d:/b.klt"), c = file("c.klt"), d = file("d.klt");
     auto two = start({a, b});
     EXPECT_EQ(two.waitForEnd(), 0);
     expectOpened({a, b});

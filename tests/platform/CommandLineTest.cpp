@@ -46,7 +46,11 @@ TEST(CommandLine, IsSplitIntoPaths) {
         {"nothing at all", "", {""}},
         {"directory keeps its slash", R"(/d:/files/ "/d:/a" "/d:/b")", {"/files/a", "/files/b"}},
         {"any case, in both places", R"(/D:/files/ "/D:/a" "/d:/b")", {"/files/a", "/files/b"}},
-        {"every occurrence", R"(/d:/f/ "/d:/a/d:/b")", {"/f/a/f/b"}},
+        {"inside a path a folder", R"(/d:/f/ "/d:/a/d:/b" "/x /d:/c")", {"/f/a/d:/b", "/x /d:/c"}},
+        {"so without a directory", "/x/d:/a", {"/x/d:/a"}},
+        {"so in quotes", R"("/x/d:/a" "/x/ /D:/b" "/d:/c")", {"/x/d:/a", "/x/ /D:/b", "/d:/c"}},
+        {"so behind a quote of its name", R"("/x"y /d:/ z" "/w")", {R"(/x"y /d:/ z)", "/w"}},
+        {"every file, though not split", "/d:/f/ /d:/a /d:/b", {"/f/a /f/b"}},
         {"other paths stay", R"(/d:/f/ "/x/a" "/d:/b")", {"/x/a", "/f/b"}},
         {"directory of one slash", "/d:/ /d:/a", {"/a"}},
         {"backslashes and dots made usable", R"(/d:\x\.\\y/ "/d:/a")", {"/x/y/a"}},
@@ -55,7 +59,8 @@ TEST(CommandLine, IsSplitIntoPaths) {
         {"behind the switch, not before it", R"(x/ /d:/f/ "/d:/a")", {R"(/f/ "/a)"}},
         {"quoted whole", R"("/d:/f/ "/d:/a" "/d:/b"")", {"/f/a", "/f/b"}},
         {"beyond ASCII, and what is no UTF-8", "/d:/\u00E4\xE4\xA4/ /d:/a", {"/\u00E4\xE4\xA4/a"}},
-        {"counted from the line's start in characters", "\u00E4 /d:/f/ x/d:/a", {"x/f/ xa"}},
+        {"counted from the line's start in characters", "\u00E4 /d:/f/ /d:/a", {"/f/ /a"}},
+        {"behind a quoted path", R"("/a" /d:/f/ "/d:/b")", {R"("/f/ "/db)"}},
     };
     for (const auto& row : rows) {
         const auto split = splitCommandLine(row.line);
@@ -66,7 +71,7 @@ TEST(CommandLine, IsSplitIntoPaths) {
 
 TEST(CommandLine, DirectoryWithoutEndIsAnError) {
     for (const char* line :
-         {"/d:", R"("/d:")", "/D:/x/", R"(/d:/x "/d:/a")", R"("/a" "/d:/b")", "x/ /d:/y/"}) {
+         {"/d:", R"("/d:")", "/D:/x/", R"(/d:/x "/d:/a")", R"("/d:/a" "/d:/b")", "x/ /d:/y/"}) {
         const auto split = splitCommandLine(line);
         EXPECT_EQ(split.error, CommandLineError::unendedDirectory) << line;
         EXPECT_TRUE(split.paths.empty()) << line;
@@ -78,7 +83,7 @@ TEST(CommandLine, DoesNotGrowBeyondMeasure) {
     std::string line = "/d:/" + std::string(500'000, 'x') + "/ \"";
     const auto files = [](size_t count) {
         std::string text;
-        while (count-- > 0) text += "/d:/";
+        while (count-- > 0) text += "/d:/\" \"";
         return text;
     };
     EXPECT_EQ(splitCommandLine(line + files(100) + "\"").error, CommandLineError::none);
