@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/commands/Commands.h"
+#include "app/dialogs/MergeFolder.h"
 #include "app/dialogs/frmKLTMerger.h"
 #include "app/documents/ErrorWalk.h"
 #include "app/documents/frmKLTEditor.h"
@@ -112,7 +113,8 @@ void Editor::MenuClick(const QString& key) {
 void Editor::openMerger() {
     frmMDIKLTEditor& window = mainWindow();
     // The window may take it along.
-    const QPointer<frmKLTMerger> form = new frmKLTMerger(window.fileDialog(), store_, &window);
+    const QPointer<frmKLTMerger> form =
+        new frmKLTMerger(window.fileDialog(), store_, mergeFolder(store_, window.ActiveForm()), &window);
     const bool isMerged = form->exec() == QDialog::Accepted;
     if (!form) return;
     const auto file = form->outputName();

@@ -19,6 +19,8 @@ using testing::ElementsAre;
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr const char* kDuplicate = "File already selected; you can't merge a file with itself.";
 
 class MergerTest : public EditorFixture {
@@ -26,7 +28,7 @@ protected:
     MergerTest() {
         for (const char* name : {"a.klt", "b.klt", "BASIC.KLT", "Zbase.klt", "x.txt"})
             file(name, std::string("[ADS]\r\nof ") + name);
-        window().fileDialog().InitDir(home.folder().path());
+        writeSetting(store, settings::kDataFilesPath, home.folder().path());
     }
 
     /// Opens the merger by its key; `work` works with it, and it is closed afterwards.
@@ -168,6 +170,38 @@ TEST_F(MergerTest, TheOutputsNameEndsInKlt) {
     });
 }
 
+TEST_F(MergerTest, TheFirstNameIsWhereAFileCanBeMade) {
+    const auto program = QCoreApplication::applicationDirPath().toStdString();
+    const auto mine = home / "two/a.klt", documents = home / "Documents/MyKLT.klt";
+    const struct {
+        std::string dataFiles;
+        std::string document;  // "" for a new one
+        std::string output;
+    } rows[] = {
+        {home / "two", mine, home / "two/MyKLT.klt"},
+        {home / "none", mine, home / "two/MyKLT.klt"},
+        {home / "two", "", home / "two/MyKLT.klt"},
+        {home / "none", "", documents},
+        {"/proc", "", documents},
+        {program, "", documents},
+        {program + "/../" + fs::path(program).filename().string(), "", documents},
+        {"", "", documents},
+    };
+    fs::create_directory(home / "two");
+    file("two/a.klt", "");
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.dataFiles + " " + row.document);
+        writeSetting(store, settings::kDataFilesPath, row.dataFiles);
+        editor().documents.openFiles({row.document});
+        inMerger([&] { EXPECT_EQ(output(), row.output); });
+    }
+    inMerger([this] {
+        drop({"a.klt", "b.klt"});
+        press("cmdMerge");
+    });
+    EXPECT_TRUE(fs::exists(documents)) << "in a folder that was not there";
+}
+
 TEST_F(MergerTest, TheCheckFollowsLoadingAndTheSetting) {
     for (const bool automatic : {true, false}) {
         writeSetting(store, settings::kAutoSyntaxCheck, automatic);
@@ -186,7 +220,7 @@ TEST_F(MergerTest, WritesOpensAndChecks) {
     const std::string merged = std::string(kNewDocumentText) + "\r\n[ADS]\r\nof b.klt\r\nof a.klt\r\n";
     for (const auto& [loads, checks] : {std::pair(false, false), {true, false}, {true, true}}) {
         const auto documents = window().forms().documents().size();
-        std::filesystem::remove(home / "MyKLT.klt");
+        fs::remove(home / "MyKLT.klt");
         inMerger([this, loads = loads, checks = checks] {
             drop({"a.klt", "b.klt"});
             control<QCheckBox>("chkLoadFile").setChecked(loads);

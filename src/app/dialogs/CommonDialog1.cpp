@@ -145,7 +145,7 @@ CommonDialog1::CommonDialog1(QWidget& mainWindow) : QObject(&mainWindow), mainWi
 CommonDialog1::~CommonDialog1() = default;
 
 void CommonDialog1::InitDir(const std::string& folder) {
-    initDir_ = folder_ = folder;
+    folder_ = folder;
 }
 
 std::vector<std::string> CommonDialog1::ShowOpen(QWidget* owner) {

@@ -41,7 +41,6 @@ public:
 
     /// The folder in which the first dialog opens, and the next one after it was set.
     void InitDir(const std::string& folder);
-    const std::string& InitDir() const { return initDir_; }
 
     /// Show the dialog over `owner`, by default the main window, and return when it is closed, with all the
     /// paths chosen.
@@ -53,7 +52,6 @@ private:
     std::vector<std::string> show(QWidget* owner, bool save);
 
     QWidget& mainWindow_;
-    std::string initDir_;
     std::string folder_;
     /// Made at its first use, since that takes its time.
     QPointer<Dialog> dialog_;

@@ -1,6 +1,7 @@
 #include "app/dialogs/frmKLTMerger.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
@@ -50,8 +51,8 @@ void nameBy(QLabel& label, QWidget& field) {
 
 }  // namespace
 
-frmKLTMerger::frmKLTMerger(CommonDialog1& fileDialog, Store& store, QWidget* owner)
-    : QDialog(owner), fileDialog_(fileDialog), store_(store) {
+frmKLTMerger::frmKLTMerger(CommonDialog1& fileDialog, Store& store, const std::string& folder, QWidget* owner)
+    : QDialog(owner), fileDialog_(fileDialog), store_(store), folder_(withSeparator(folder)) {
     setObjectName("frmKLTMerger");
     setWindowTitle("KLT Merger");
     auto* files = new QGridLayout;
@@ -60,7 +61,7 @@ frmKLTMerger::frmKLTMerger(CommonDialog1& fileDialog, Store& store, QWidget* own
     auto* all = new QVBoxLayout(this);
     all->addLayout(files);
     all->addLayout(buildButtons());
-    Text1->SetText(withSeparator(fileDialog.InitDir()) + "MyKLT.klt");
+    Text1->SetText(folder_ + "MyKLT.klt");
     filesChanged();
     loadFileClicked();
     wire();
@@ -208,6 +209,7 @@ void frmKLTMerger::merge() {
     std::vector<MergeFailure> failures;
     {
         const WaitCursor waiting;
+        if (outputName().starts_with(folder_)) QDir().mkpath(fromPath(folder_));
         failures = MergeFiles(outputName(), files_);
     }
     std::string told;

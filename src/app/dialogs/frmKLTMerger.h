@@ -21,8 +21,9 @@ class frmKLTMerger : public QDialog {
     Q_OBJECT
 
 public:
-    /// `fileDialog` and `store` must outlive it.
-    frmKLTMerger(CommonDialog1& fileDialog, Store& store, QWidget* owner);
+    /// Proposes a file in `folder`, which is made at the merging where it is missing. `fileDialog` and
+    /// `store` must outlive it.
+    frmKLTMerger(CommonDialog1& fileDialog, Store& store, const std::string& folder, QWidget* owner);
 
     /// Where the merged file is written.
     std::string outputName() const;
@@ -50,6 +51,7 @@ private:
 
     CommonDialog1& fileDialog_;
     Store& store_;
+    const std::string folder_;
     std::vector<std::string> files_;
 
     QLabel *Label1, *Label2;

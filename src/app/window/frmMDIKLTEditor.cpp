@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 #include <filesystem>
 
+#include "app/ProgramFolder.h"
 #include "app/documents/frmKLTEditor.h"
 #include "app/menus/CommandIcons.h"
 #include "app/modVariables.h"
@@ -32,10 +33,6 @@ namespace {
 
 constexpr int kTimer1Milliseconds = 100;
 constexpr int kTimer2Milliseconds = 50;
-
-std::string programFolder() {
-    return toPath(QCoreApplication::applicationDirPath());
-}
 
 }  // namespace
 
