@@ -7,6 +7,7 @@
 #include "platform/FileCalls.h"
 #include "platform/FileReader.h"
 #include "platform/KeptCopies.h"
+#include "platform/NewFile.h"
 
 namespace klt {
 
@@ -32,6 +33,7 @@ int overwrite(int file, size_t oldSize, std::string_view bytes) {
 }  // namespace
 
 Failure writeInPlace(const std::string& path, int file, const struct stat& info, std::string_view bytes) {
+    removeLeftFiles(folderOf(path));
     const auto old = readFile(path);
     if (old.error) return "The old file can't be kept: " + *old.error;
     KeptCopy copy(path, old.bytes);

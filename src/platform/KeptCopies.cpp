@@ -53,8 +53,7 @@ KeptCopy::KeptCopy(const std::string& original, std::string_view bytes) {
     int error = file.error();
     if (error == 0) error = file.write(bytes);
     if (error == 0) error = flush(file.number());
-    // Where files can't be locked the copy is told of while it is in use: not nice, but safe.
-    if (error == 0) flock(file.number(), LOCK_EX | LOCK_NB);
+    // Its lock stays; where files can't be locked the copy is told of while it is in use: not nice, but safe.
     const auto path = folder + "/" + copiesStem(original) + unguessableName();
     if (error == 0) error = file.publish(path);
     if (error == 0) {

@@ -10,9 +10,11 @@
 namespace klt {
 
 /// A file being written under an unguessable hidden name, which takes its real name when it is whole, and
-/// goes away with this object if that never happens. Errors are the system's numbers.
+/// goes away with this object if that never happens. It is locked meanwhile, so that those that a killed
+/// process left can be told from it. Errors are the system's numbers.
 class NewFile {
 public:
+    /// Takes away what was left in the folder, too.
     NewFile(std::string folder, mode_t mode);
     ~NewFile();
     NewFile(const NewFile&) = delete;
@@ -32,12 +34,19 @@ public:
     int publish(const std::string& path);
 
 private:
+    bool make(mode_t mode);
+    bool lock() const;
+
     std::string folder_;
     std::string path_;
     Descriptor file_;
     int error_ = 0;
     bool isOurs_ = false;
 };
+
+/// Takes away the hidden files in the folder that killed processes left. Where files can't be locked all
+/// stay: another process may be writing them.
+void removeLeftFiles(const std::string& folder);
 
 /// Sixteen hexadecimal digits that nobody can guess.
 std::string unguessableName();

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <iterator>
 #include <random>
 #include <thread>
 
@@ -26,6 +27,10 @@ const std::string kTwo(200'000, '2');
 bool isWhole(const std::string& path) {
     const auto bytes = readBytes(path);
     return bytes == kOne || bytes == kTwo;
+}
+
+std::ptrdiff_t filesIn(const std::string& folder) {
+    return std::distance(fs::directory_iterator(folder), {});
 }
 
 // How long the two take to be saved here: the kills must reach all of it.
@@ -53,15 +58,21 @@ void saveAndKill(const std::string& path, Microseconds longestLife, std::mt19937
 
 TEST(FileWriterKill, AReplacedFileIsOldOrNew) {
     const ScratchHome home;
-    const auto path = home / "file.klt";
+    const auto docs = home / "docs", path = docs + "/file.klt";
+    fs::create_directory(docs);
     writeBytes(path, kOne);
     const auto longestLife = timeOfTwoSaves(path);
     std::mt19937 random(1);
+    int leftSeen = 0;
     for (int i = 0; i < kKills; ++i) {
         saveAndKill(path, longestLife, random);
         ASSERT_TRUE(isWhole(path)) << "torn by kill " << i;
+        leftSeen += filesIn(docs) > 1;
     }
     EXPECT_TRUE(leftoverCopies(path).empty());
+    EXPECT_GT(leftSeen, 0) << "no kill came in the middle of a write";
+    EXPECT_EQ(writeFile(path, kOne), std::nullopt);
+    EXPECT_EQ(filesIn(docs), 1) << "what the kills left stays";
 }
 
 TEST(FileWriterKill, AFileWrittenInPlaceHasAWholeCopy) {
