@@ -76,7 +76,7 @@ int renameToFree(const std::string& from, const std::string& to) {
         if (link(from.c_str(), to.c_str()) != 0) return errno;
         if (unlink(from.c_str()) != 0) return errno;
     }
-    return flushFolder(folderOf(to));
+    return 0;
 }
 
 std::string folderOf(const std::string& path) {

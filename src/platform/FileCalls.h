@@ -13,7 +13,7 @@ int writeAll(int file, std::string_view bytes, size_t place = 0);
 int flush(int file);
 /// Brings a folder's entries to the disk; a folder that can't be flushed is none to wait for.
 int flushFolder(const std::string& folder);
-/// Renames a file, giving EEXIST where something has the new name already, and flushes the folder.
+/// Renames a file, giving EEXIST where something has the new name already. The folder is left to be flushed.
 int renameToFree(const std::string& from, const std::string& to);
 
 /// The folder part of a path, without its last "/"; "/" and "." where there is no more.

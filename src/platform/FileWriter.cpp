@@ -74,7 +74,7 @@ int replaceKeepingOld(const Target& target, NewFile& fresh) {
     if (const int error = moveAside(target.path, kept)) return error;
     const int error = fresh.replace(target.path);
     struct stat info {};
-    if (error == 0) return 0;
+    if (fresh.isNamed()) return error;
     if (lstat(target.path.c_str(), &info) == 0 && info.st_ino == target.info.st_ino)
         unlink(kept.c_str());
     else
@@ -109,7 +109,7 @@ Failure writeTarget(const Target& target, std::string_view bytes, OldFile old) {
     if (canBeInPlace && !isAlike) return inPlace();
     const int error = fillAndReplace(target, fresh, bytes, old);
     // A file that something is mounted on, or that its folder does not let go.
-    if (canBeInPlace && (error == EBUSY || takesNoNewFile(error))) return inPlace();
+    if (canBeInPlace && !fresh.isNamed() && (error == EBUSY || takesNoNewFile(error))) return inPlace();
     return systemFailure(error);
 }
 

@@ -56,7 +56,8 @@ KeptCopy::KeptCopy(const std::string& original, std::string_view bytes) {
     // Its lock stays; where files can't be locked the copy is told of while it is in use: not nice, but safe.
     const auto path = folder + "/" + copiesStem(original) + unguessableName();
     if (error == 0) error = file.publish(path);
-    if (error == 0) {
+    // In a folder that can't be flushed a copy still outlives a kill: better than a text that can't be saved.
+    if (file.isNamed()) {
         path_ = path;
         lock_ = file.release();
     } else {
@@ -88,7 +89,7 @@ Failure dismissKeptFile(const std::string& file) {
     int error = renameToFree(file, stem);
     for (int number = 2; error == EEXIST && number < kMostNames; ++number)
         error = renameToFree(file, stem + "~" + std::to_string(number));
-    return systemFailure(error);
+    return systemFailure(error == 0 ? flushFolder(folder) : error);
 }
 
 }  // namespace klt

@@ -10,7 +10,8 @@
 namespace klt {
 
 /// A flushed copy of the bytes of a file that is about to be written in place, in the state folder. It is
-/// locked while this object lives, and stays behind if the process is killed.
+/// locked while this object lives, and stays behind if the process is killed; also behind a power cut, where
+/// the folder can be flushed.
 class KeptCopy {
 public:
     KeptCopy(const std::string& original, std::string_view bytes);

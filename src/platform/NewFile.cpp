@@ -86,15 +86,18 @@ int NewFile::write(std::string_view bytes) {
 }
 
 int NewFile::replace(const std::string& path) {
-    if (rename(path_.c_str(), path.c_str()) != 0) return errno;
-    isOurs_ = false;
-    return flushFolder(folder_);
+    return rename(path_.c_str(), path.c_str()) == 0 ? named() : errno;
 }
 
 int NewFile::publish(const std::string& path) {
-    if (const int error = renameToFree(path_, path)) return error;
+    const int error = renameToFree(path_, path);
+    return error == 0 ? named() : error;
+}
+
+int NewFile::named() {
     isOurs_ = false;
-    return 0;
+    isNamed_ = true;
+    return flushFolder(folder_);
 }
 
 }  // namespace klt

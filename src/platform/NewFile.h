@@ -32,16 +32,20 @@ public:
     int replace(const std::string& path);
     /// Takes the name `path`, giving EEXIST where something has it already, and flushes the folder.
     int publish(const std::string& path);
+    /// Whether it has its name, though the folder may not have been flushed.
+    bool isNamed() const { return isNamed_; }
 
 private:
     bool make(mode_t mode);
     bool lock() const;
+    int named();
 
     std::string folder_;
     std::string path_;
     Descriptor file_;
     int error_ = 0;
     bool isOurs_ = false;
+    bool isNamed_ = false;
 };
 
 /// Takes away the hidden files in the folder that killed processes left. Where files can't be locked all

@@ -9,23 +9,29 @@
 #include <sys/syscall.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <utility>
 
 #include "platform/Descriptor.h"
 #include "platform/FileWriter.h"
+#include "platform/KeptCopies.h"
 #include "support/ChildProcess.h"
 #include "support/Scratch.h"
 
 using namespace klt;
 using testing::ElementsAre;
+using testing::IsEmpty;
 namespace fs = std::filesystem;
 
 namespace {
 
 // What happens at the next call of flock, once.
 std::function<void()> beforeLocking;
+// The folder that can't be flushed, and the error.
+std::pair<std::string, int> unflushed;
 
 std::vector<std::string> namesIn(const std::string& folder) {
     std::vector<std::string> names;
@@ -42,7 +48,10 @@ protected:
         writeBytes(linked_, "old");
         fs::create_hard_link(linked_, docs_ + "/linked2");
     }
-    ~NewFileTest() override { beforeLocking = nullptr; }
+    ~NewFileTest() override {
+        beforeLocking = nullptr;
+        unflushed = {};
+    }
 
     ScratchHome home_;
     std::string docs_ = home_ / "docs";
@@ -55,6 +64,16 @@ protected:
 extern "C" int flock(int file, int operation) {
     if (const auto work = std::exchange(beforeLocking, nullptr)) work();
     return static_cast<int>(syscall(SYS_flock, file, operation));
+}
+
+extern "C" int fsync(int file) {
+    struct stat info {
+    }, folder{};
+    const bool isUnflushed = fstat(file, &info) == 0 && stat(unflushed.first.c_str(), &folder) == 0 &&
+                             info.st_ino == folder.st_ino;
+    if (!isUnflushed) return static_cast<int>(syscall(SYS_fsync, file));
+    errno = unflushed.second;
+    return -1;
 }
 
 TEST_F(NewFileTest, WhatAKillLeftGoesWithTheNextSaveInTheFolder) {
@@ -131,4 +150,30 @@ TEST_F(NewFileTest, ManySaveAtOnce) {
     }
     for (const auto& writer : writers) EXPECT_EQ(writer.nextReport(), "well");
     EXPECT_THAT(namesIn(docs_), ElementsAre("0", "1", "2", "3", "alone", "linked", "linked2"));
+}
+
+TEST_F(NewFileTest, WithoutAFlushedStateFolderFilesAreWrittenAllTheSame) {
+    unflushed = {home_ / "state/klt-editor", EIO};
+    for (const auto& saved : {alone_, linked_}) {
+        EXPECT_EQ(writeFile(saved, "new"), std::nullopt);
+        EXPECT_EQ(readBytes(saved), "new");
+        EXPECT_THAT(leftoverCopies(saved), IsEmpty());
+    }
+    const KeptCopy copy(linked_, "old");
+    EXPECT_EQ(readBytes(copy.path()), "old") << "it is kept as well as can be";
+}
+
+// The old file has gone by then, and nothing is left to be written in place.
+TEST_F(NewFileTest, AFolderThatCantBeFlushedFailsTheSaveOfTheNewFile) {
+    for (const int error : {EIO, EACCES, EBUSY}) {
+        for (const auto old : {OldFile::Replaced, OldFile::KeptBeside}) {
+            unflushed = {};
+            ASSERT_EQ(writeFile(alone_, "old"), std::nullopt);
+            unflushed = {docs_, error};
+            EXPECT_EQ(writeFile(alone_, "new", old), strerror(error));
+            EXPECT_EQ(readBytes(alone_), "new");
+        }
+    }
+    EXPECT_THAT(namesIn(docs_), ElementsAre("alone", "alone~", "alone~2", "alone~3", "linked", "linked2"));
+    EXPECT_FALSE(fs::exists(home_ / "state")) << "a copy was made";
 }
