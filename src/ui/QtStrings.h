@@ -18,6 +18,14 @@ inline QString literally(std::string_view text) {
     return toQString(text).replace('&', "&&");
 }
 
+/// A text as a window's title, which knows "[*]" as the place of a sign that there are changes. A maximised
+/// document's title is put in brackets, and one of them must not complete that sign either.
+inline QString asTitle(std::string_view text) {
+    constexpr QChar kNoWidth(0x200B);
+    QString title = toQString(text).replace("[*]", "[*][*]");
+    return title.endsWith("[*") ? title + kNoWidth : title;
+}
+
 /// The bytes of a file name.
 inline std::string toPath(const QString& name) {
     return QFile::encodeName(name).toStdString();

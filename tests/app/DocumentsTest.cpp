@@ -4,6 +4,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QProxyStyle>
+#include <QStyleOption>
+#include <QWindow>
 #include <filesystem>
 
 #include "platform/KeptCopies.h"
@@ -126,6 +129,35 @@ TEST_F(DocumentsTest, TheTitleCarriesAMaximisedDocumentsCaption) {
     EXPECT_EQ(window().windowTitle(), "KLT Editor Beta 1.60 - [KLT1]");
     subWindow(active()).showNormal();
     EXPECT_EQ(window().windowTitle(), "KLT Editor Beta 1.60");
+}
+
+/// Keeps the title that a window's bar is drawn with.
+struct TitleStyle : QProxyStyle {
+    mutable QString drawn;
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        if (const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option)) drawn = bar->text;
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+};
+
+TEST_F(DocumentsTest, TitlesShowANameAsItIs) {
+    TitleStyle style;
+    const auto seen = [](QString title) { return title.remove(QChar(0x200B)).toStdString(); };
+    for (const char* name : {"a[*].klt", "[*][*].klt", "[[*]*].klt", "[*", "b[*", "c[*]"}) {
+        SCOPED_TRACE(name);
+        const auto path = file(name, "");
+        QMdiSubWindow& shown = subWindow(open(path));
+        shown.showMaximized();
+        EXPECT_EQ(seen(window().windowHandle()->title()), "KLT Editor Beta 1.60 - [" + path + "]");
+        shown.showNormal();
+        shown.resize(1500, 300);
+        shown.setStyle(&style);
+        shown.grab();
+        EXPECT_EQ(seen(style.drawn), path);
+        action("F3")->trigger();
+    }
 }
 
 TEST_F(DocumentsTest, ACopyLeftByAKilledSaveIsToldOfAtTheNextOpen) {

@@ -3,6 +3,8 @@
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 
+#include "ui/QtStrings.h"
+
 namespace klt {
 namespace {
 
@@ -29,9 +31,8 @@ frmKLTEditor::frmKLTEditor()
 
 void frmKLTEditor::setCaption(std::string caption) {
     caption_ = std::move(caption);
-    const QString title = QString::fromStdString(caption_);
-    RichTextBox1->setAccessibleName(title);
-    setWindowTitle(title);
+    RichTextBox1->setAccessibleName(toQString(caption_));
+    setWindowTitle(asTitle(caption_));
 }
 
 void frmKLTEditor::closeEvent(QCloseEvent* event) {
