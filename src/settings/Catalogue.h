@@ -117,6 +117,8 @@ inline constexpr NumberSetting kWizardsLeft{"Toolbar", "WizardsLeft", 0, kPlace}
 inline constexpr NumberSetting kWizardsTop{"Toolbar", "WizardsTop", 2, kPlace};
 inline constexpr NumberSetting kWizardsWidth{"Toolbar", "WizardsWidth", 0, kBandWidth};
 inline constexpr TruthSetting kWizardsVisible{"Toolbar", "WizardsVisible", true};
+/// How the toolbars followed each other at an exit that left one hidden; absent where none was.
+inline constexpr TextSetting kBandRows{"Toolbar", "Rows"};
 
 /// The list itself is kept by `cMRUFileList`.
 inline constexpr TextSetting kMRUMaxCount{"MRU", "MaxCount"};

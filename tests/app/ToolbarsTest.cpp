@@ -154,6 +154,46 @@ TEST_F(ToolbarsTest, TheBarsComeBackWhereTheUserLeftThem) {
     EXPECT_EQ(setting("Toolbar", "WizardsTop"), top) << "a hidden bar keeps its place";
 }
 
+TEST_F(ToolbarsTest, AHiddenBarKeepsItsRowAndItsOrder) {
+    const auto arrange = [this](const std::string& wanted) {
+        QToolBar& last = bar(wanted.ends_with('1') ? 1 : 0);
+        window().addToolBar(Qt::TopToolBarArea, &last);
+        window().removeToolBarBreak(&last);
+        if (wanted.size() == 3) window().insertToolBarBreak(&last);
+    };
+    for (const char* wanted : {"01", "10", "0/1", "1/0"}) {
+        for (const auto& hidden : std::vector<std::vector<const char*>>{{"A1"}, {"A1", "A2"}}) {
+            SCOPED_TRACE(wanted + std::string(" without ") + hidden.front() + hidden.back());
+            arrange(wanted);
+            EXPECT_EQ(order(), wanted);
+            for (const char* band : hidden) window().toolbars().showBand(band, false);
+            // What stands in the store for the others now lies above it, now below.
+            for (const int top : {400, 0}) {
+                window().move(0, top);
+                closeAndStartAgain();
+            }
+            for (const char* band : hidden) {
+                EXPECT_FALSE(window().toolbars().isBandVisible(band));
+                window().toolbars().showBand(band, true);
+            }
+            EXPECT_EQ(order(), wanted);
+            closeAndStartAgain();
+            EXPECT_EQ(order(), wanted);
+        }
+    }
+}
+
+TEST_F(ToolbarsTest, RowsThatMakeNoSenseArePassedOver) {
+    for (const char* rows : {"A2/A1/A3", "A2", "A2/A2", "A2/A1/A1", "A2//A1", " A2/A1", "A2,A1", ""}) {
+        SaveSetting(store, kSettingsApplication, "Toolbar", "Rows", rows);
+        restart();
+        EXPECT_EQ(order(), "0/1") << rows;
+    }
+    SaveSetting(store, kSettingsApplication, "Toolbar", "Rows", "A2/A1");
+    restart();
+    EXPECT_EQ(order(), "1/0");
+}
+
 TEST_F(ToolbarsTest, AbsurdPlacesAreOnlyAnOrder) {
     for (const char* key : {"DefaultLeft", "DefaultTop", "DefaultWidth"})
         SaveSetting(store, kSettingsApplication, "Toolbar", key, "2147483647");

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -87,5 +89,11 @@ inline constexpr std::array kToolbarRows = {
     ToolbarRow{"A1", "ctbrToolbar(0)", "Default", kDefaultButtons},
     ToolbarRow{"A2", "ctbrToolbar(1)", "Wizards", kWizardsButtons},
 };
+/// The index of the toolbar in that band; nothing for another one.
+constexpr std::optional<std::size_t> barOf(std::string_view band) {
+    for (std::size_t bar = 0; bar < kToolbarRows.size(); ++bar)
+        if (kToolbarRows[bar].band == band) return bar;
+    return std::nullopt;
+}
 
 }  // namespace klt

@@ -7,9 +7,9 @@
 #include <QMenuBar>
 #include <QToolBar>
 #include <algorithm>
-#include <tuple>
 
 #include "app/commands/Commands.h"
+#include "app/menus/BandRows.h"
 #include "app/menus/CommandIcons.h"
 #include "settings/Catalogue.h"
 
@@ -34,6 +34,18 @@ constexpr std::array<TruthSetting, kToolbarRows.size()> kVisible = {settings::kD
 
 QString toQString(std::string_view text) {
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// As they stood at the last exit. The place of a hidden one is older than the others', and not compared with
+/// them where the rows are told.
+BandRows storedRows(Store& store) {
+    if (const auto rows = rowsFrom(readSetting(store, settings::kBandRows))) return *rows;
+    std::array<QPoint, kToolbarRows.size()> places;
+    for (std::size_t bar = 0; bar < places.size(); ++bar) {
+        const BandSettings& band = kBands[bar + 1];
+        places[bar] = {readSetting(store, band.left), readSetting(store, band.top)};
+    }
+    return rowsByPlaces(places);
 }
 
 QRect placeOnScreen(const QWidget& bar) {
@@ -88,9 +100,8 @@ void Toolbars::setEnabled(int bar, int index, bool enabled) {
 }
 
 QToolBar* Toolbars::bandAt(std::string_view band) const {
-    for (std::size_t bar = 0; bar < bars_.size(); ++bar)
-        if (kToolbarRows[bar].band == band) return bars_[bar];
-    return nullptr;
+    const auto bar = barOf(band);
+    return bar ? bars_[*bar] : nullptr;
 }
 
 void Toolbars::showBand(std::string_view band, bool shown) {
@@ -103,22 +114,8 @@ bool Toolbars::isBandVisible(std::string_view band) const {
 }
 
 void Toolbars::restore(Store& store) {
-    struct Stored {
-        int top;
-        int left;
-        std::size_t bar;
-    };
-    std::array<Stored, kToolbarRows.size()> order{};
-    for (std::size_t bar = 0; bar < order.size(); ++bar) {
-        const BandSettings& band = kBands[bar + 1];
-        order[bar] = {readSetting(store, band.top), readSetting(store, band.left), bar};
-    }
-    const auto place = [](const Stored& it) { return std::tuple(it.top, it.left, it.bar); };
-    std::sort(order.begin(), order.end(),
-              [&place](const Stored& one, const Stored& other) { return place(one) < place(other); });
-    for (int row = order.front().top; const Stored& it : order) {
-        if (it.top > row) window_.addToolBarBreak(Qt::TopToolBarArea);
-        row = it.top;
+    for (const BandPlace& it : storedRows(store)) {
+        if (it.beginsRow) window_.addToolBarBreak(Qt::TopToolBarArea);
         window_.addToolBar(Qt::TopToolBarArea, bars_[it.bar]);
     }
     for (std::size_t bar = 0; bar < bars_.size(); ++bar)
@@ -133,24 +130,44 @@ void Toolbars::storeVisibility(Store& store) const {
     });
 }
 
-Toolbars::Places Toolbars::places() const {
+Toolbars::Places Toolbars::places() {
     // A change may not be laid out yet.
     window_.layout()->activate();
     Places places;
-    places[0] = placeOnScreen(*window_.menuBar());
+    places.bands[0] = placeOnScreen(*window_.menuBar());
     for (std::size_t bar = 0; bar < bars_.size(); ++bar)
-        if (!bars_[bar]->isHidden()) places[bar + 1] = placeOnScreen(*bars_[bar]);
+        if (!bars_[bar]->isHidden()) places.bands[bar + 1] = placeOnScreen(*bars_[bar]);
+    if (std::any_of(bars_.begin(), bars_.end(), [](const QToolBar* it) { return it->isHidden(); }))
+        places.rows = toText(rowsOfAll());
     return places;
+}
+
+/// A hidden bar has no place, but the layout knows where it would come: it is shown and hidden again before
+/// anything is painted.
+BandRows Toolbars::rowsOfAll() {
+    std::array<bool, kToolbarRows.size()> isHidden{};
+    std::array<QPoint, kToolbarRows.size()> places;
+    for (std::size_t bar = 0; bar < bars_.size(); ++bar) {
+        isHidden[bar] = bars_[bar]->isHidden();
+        bars_[bar]->show();
+    }
+    window_.layout()->activate();
+    for (std::size_t bar = 0; bar < bars_.size(); ++bar) places[bar] = bars_[bar]->pos();
+    for (std::size_t bar = 0; bar < bars_.size(); ++bar) bars_[bar]->setHidden(isHidden[bar]);
+    return rowsByPlaces(places);
 }
 
 void Toolbars::storePlaces(Store& store, const Places& places) {
     store.together([&] {
-        for (std::size_t band = 0; band < places.size(); ++band) {
-            if (places[band].isNull()) continue;
-            writeSetting(store, kBands[band].left, places[band].x());
-            writeSetting(store, kBands[band].top, places[band].y());
-            writeSetting(store, kBands[band].width, places[band].width());
+        for (std::size_t band = 0; band < places.bands.size(); ++band) {
+            const QRect& place = places.bands[band];
+            if (place.isNull()) continue;
+            writeSetting(store, kBands[band].left, place.x());
+            writeSetting(store, kBands[band].top, place.y());
+            writeSetting(store, kBands[band].width, place.width());
         }
+        places.rows.empty() ? deleteSetting(store, settings::kBandRows)
+                            : writeSetting(store, settings::kBandRows, places.rows);
         return true;
     });
 }

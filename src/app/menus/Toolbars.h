@@ -3,8 +3,10 @@
 #include <QObject>
 #include <QRect>
 #include <array>
+#include <string>
 #include <string_view>
 
+#include "app/menus/BandRows.h"
 #include "app/menus/ToolbarTable.h"
 
 class QAction;
@@ -36,15 +38,20 @@ public:
     /// Whether the band is to be seen, though the window itself be hidden. False for an unknown one.
     bool isBandVisible(std::string_view band) const;
 
-    /// Places and shows the bands as they are stored: ordered by top, then left, a larger top in a new row.
+    /// Places and shows the bands as they are stored: by their rows where one was hidden, else ordered by
+    /// top, then left, a larger top in a new row.
     void restore(Store& store);
     /// Remembers which bands are visible.
     void storeVisibility(Store& store) const;
-    /// Screen rectangles, in pixels, of the bands "A0" to "A2"; null for a hidden one. To be taken while the
-    /// window is shown.
-    using Places = std::array<QRect, 1 + kToolbarRows.size()>;
-    Places places() const;
-    /// Remembers the places of the bands that have one.
+    struct Places {
+        /// Screen rectangles, in pixels, of the bands "A0" to "A2"; null for a hidden one.
+        std::array<QRect, 1 + kToolbarRows.size()> bands;
+        /// How the toolbars follow each other, as `toText` tells; empty where none is hidden.
+        std::string rows;
+    };
+    /// To be taken while the window is shown.
+    Places places();
+    /// Remembers the places of the bands that have one, and the rows.
     static void storePlaces(Store& store, const Places& places);
 
 signals:
@@ -60,6 +67,7 @@ private:
     QToolBar* build(const ToolbarRow& row);
     QAction* addButton(QToolBar& bar, const ToolbarButton& button);
     QToolBar* bandAt(std::string_view band) const;
+    BandRows rowsOfAll();
     bool isOnBars(const QPoint& place) const;
 
     QMainWindow& window_;
