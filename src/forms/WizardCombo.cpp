@@ -46,15 +46,18 @@ ComboSelection selectionOf(const QLineEdit& edit) {
 
 WizardCombo::WizardCombo(ControlKind kind, ControlState& state, Store& store, const bool& isSuppressed,
                          QWidget* parent)
-    : EditCombo(" ", parent), kind_(kind), state_(state), store_(store), isSuppressed_(isSuppressed) {
-    if (kind == ControlKind::List) setEditable(false);
+    : Combo(kind == ControlKind::List ? TypedText::None : TypedText::OneLine, parent),
+      kind_(kind),
+      state_(state),
+      store_(store),
+      isSuppressed_(isSuppressed) {
     setMinimumContentsLength(kCharactersShown);
-    connect(this, &EditCombo::editTextChanged, this, [this](const QString& text) {
+    connect(this, &Combo::editTextChanged, this, [this](const QString& text) {
         state_.text = text.toStdString();
         state_.state = -1;
     });
     // The release of the arrow that chose the item would complete it to the first that begins like it.
-    connect(this, &EditCombo::activated, this, [this] {
+    connect(this, &Combo::activated, this, [this] {
         if (isEditable()) lineEdit()->selectAll();
     });
 }
@@ -78,16 +81,16 @@ void WizardCombo::commit() {
 
 void WizardCombo::showPopup() {
     view()->setMinimumWidth(view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width());
-    EditCombo::showPopup();
+    Combo::showPopup();
 }
 
 void WizardCombo::keyReleaseEvent(QKeyEvent* event) {
-    EditCombo::keyReleaseEvent(event);
+    Combo::keyReleaseEvent(event);
     if (!event->isAutoRepeat()) complete(codeOf(*event));
 }
 
 void WizardCombo::focusOutEvent(QFocusEvent* event) {
-    EditCombo::focusOutEvent(event);
+    Combo::focusOutEvent(event);
     // The list that drops, and another window, leave the focus where it is.
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) commit();
 }

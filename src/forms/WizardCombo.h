@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/EditCombo.h"
+#include "ui/Combo.h"
 #include "wizards/WizardTable.h"
 
 namespace klt {
@@ -13,7 +13,7 @@ struct ControlState;
 
 /// A combo of a wizard: a face of its state. What is typed goes into the state at once; what the list brings
 /// is told by `activated`.
-class WizardCombo : public EditCombo {
+class WizardCombo : public Combo {
     Q_OBJECT
 
 public:

@@ -14,7 +14,7 @@
 #include "app/commands/CommandQueue.h"
 #include "app/modVariables.h"
 #include "text/LineEnds.h"
-#include "ui/EditCombo.h"
+#include "ui/Combo.h"
 #include "ui/FormPlace.h"
 #include "ui/MessageBox.h"
 #include "ui/QtStrings.h"
@@ -33,19 +33,19 @@ Control* named(Control* control, const QString& name) {
     return control;
 }
 
-EditCombo* makeCombo(const char* name) {
+Combo* makeCombo(const char* name) {
     constexpr int kCharactersShown = 28;
-    auto* combo = named(new EditCombo("\r\n"), name);
+    auto* combo = named(new Combo(TypedText::Lines), name);
     combo->setMinimumContentsLength(kCharactersShown);
     return combo;
 }
 
 /// Its text as it stands in documents.
-std::string textOf(const EditCombo& combo) {
+std::string textOf(const Combo& combo) {
     return withCrLf(combo.currentText().toStdString());
 }
 
-QLabel* makeLabel(const QString& caption, EditCombo& field) {
+QLabel* makeLabel(const QString& caption, Combo& field) {
     auto* label = new QLabel(caption);
     label->setBuddy(&field);
     field.setAccessibleName(QString(caption).remove('&').remove(':'));
@@ -53,7 +53,7 @@ QLabel* makeLabel(const QString& caption, EditCombo& field) {
 }
 
 /// Shows the list; the text in the field stays, and nobody is told of a change.
-void showHistory(EditCombo& combo, const FindHistory& history) {
+void showHistory(Combo& combo, const FindHistory& history) {
     const QSignalBlocker silent(combo);
     const QString text = combo.currentText();
     combo.clear();
@@ -140,9 +140,9 @@ QLayout* frmFind::buildButtons() {
 }
 
 void frmFind::wire() {
-    connect(Combo1, &EditCombo::editTextChanged, this, &frmFind::findTextChanged);
-    connect(Combo1, &EditCombo::activated, this, &frmFind::findTextChanged);
-    connect(Combo2, &EditCombo::editTextChanged, this, [this] { restart_ = true; });
+    connect(Combo1, &Combo::editTextChanged, this, &frmFind::findTextChanged);
+    connect(Combo1, &Combo::activated, this, &frmFind::findTextChanged);
+    connect(Combo2, &Combo::editTextChanged, this, [this] { restart_ = true; });
     for (const auto button : {FindButton::FindNext, FindButton::Replace, FindButton::ReplaceAll})
         connect(cmdFindReplace[static_cast<size_t>(button)], &QPushButton::clicked, this,
                 [this, button] { pressed(button); });

@@ -15,8 +15,8 @@ class QRadioButton;
 
 namespace klt {
 
+class Combo;
 class CommandQueue;
-class EditCombo;
 class RichTextBox;
 class modKLTSyntaxHighlighter;
 
@@ -70,8 +70,8 @@ private:
     FindHistory searches_;
     FindHistory replacements_;
 
-    EditCombo* Combo1 = nullptr;
-    EditCombo* Combo2 = nullptr;
+    Combo* Combo1 = nullptr;
+    Combo* Combo2 = nullptr;
     QLabel* replaceLabel_ = nullptr;
     std::array<QPushButton*, 3> cmdFindReplace{};
     QPushButton* Command2 = nullptr;

@@ -1,4 +1,4 @@
-#include "ui/EditCombo.h"
+#include "ui/Combo.h"
 
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -13,9 +13,9 @@
 namespace klt {
 namespace {
 
-QString withLineEnds(QString text, const QString& lineEnd) {
+QString withLineEnds(QString text, TypedText typed) {
     static const QRegularExpression any("\r\n|\r|\n");
-    return text.replace(any, lineEnd);
+    return text.replace(any, typed == TypedText::Lines ? "\r\n" : " ");
 }
 
 /// Whether nothing came in, but a stretch went.
@@ -31,45 +31,48 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
     QString displayText(const QVariant& value, const QLocale&) const override {
         constexpr int kMost = 500;
-        return withLineEnds(value.toString().left(kMost), " ");
+        return withLineEnds(value.toString().left(kMost), TypedText::OneLine);
     }
 };
 
 }  // namespace
 
-EditCombo::EditCombo(QString lineEnd, QWidget* parent) : QComboBox(parent), lineEnd_(std::move(lineEnd)) {
-    setEditable(true);
-    setCompleter(nullptr);
+Combo::Combo(TypedText typed, QWidget* parent) : QComboBox(parent), typed_(typed) {
     setInsertPolicy(NoInsert);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // With its own policy the wheel would give it the focus first.
     setFocusPolicy(Qt::StrongFocus);
     setItemDelegate(new ItemLine(this));
+    if (typed != TypedText::None) takeText();
     addFieldPopup(*this);
+}
 
+void Combo::takeText() {
+    setEditable(true);
+    setCompleter(nullptr);
     QLineEdit& edit = *lineEdit();
     edit.setMaxLength(std::numeric_limits<int>::max());
     // By these the base class chooses an item that equals the text.
     disconnect(&edit, &QLineEdit::editingFinished, this, nullptr);
     disconnect(&edit, &QLineEdit::returnPressed, this, nullptr);
     connect(&edit, &QLineEdit::textEdited, this, [this] { isEdit_ = true; });
-    connect(&edit, &QLineEdit::textChanged, this, &EditCombo::changed);
+    connect(&edit, &QLineEdit::textChanged, this, &Combo::changed);
 }
 
-void EditCombo::wheelEvent(QWheelEvent* event) {
+void Combo::wheelEvent(QWheelEvent* event) {
     if (hasFocus()) return QComboBox::wheelEvent(event);
     event->ignore();
 }
 
-void EditCombo::changed(const QString& text) {
+void Combo::changed(const QString& text) {
     const bool isEdit = std::exchange(isEdit_, false);
     const QString before = std::exchange(before_, text);
     // A line end that is left by half is on its way out.
     if (!isEdit || isDeletion(before, text)) return;
-    const QString wanted = withLineEnds(text, lineEnd_);
+    const QString wanted = withLineEnds(text, typed_);
     if (wanted == text) return;
-    const auto caret = withLineEnds(text.left(lineEdit()->cursorPosition()), lineEnd_).size();
+    const auto caret = withLineEnds(text.left(lineEdit()->cursorPosition()), typed_).size();
     // As an edit, which can be undone.
     lineEdit()->selectAll();
     lineEdit()->insert(wanted);

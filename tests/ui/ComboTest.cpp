@@ -1,4 +1,4 @@
-#include "ui/EditCombo.h"
+#include "ui/Combo.h"
 
 #include <gtest/gtest.h>
 
@@ -15,36 +15,39 @@ using namespace klt;
 
 namespace {
 
-class EditComboTest : public testing::Test {
+class ComboTest : public testing::Test {
 protected:
-    EditComboTest() {
+    ComboTest() {
         // Within it a click in the list belongs to what has opened the list.
         QApplication::setDoubleClickInterval(0);
         auto* column = new QVBoxLayout(&window);
-        column->addWidget(&combo);
+        for (Combo* each : {&combo, &list}) {
+            column->addWidget(each);
+            each->addItems({"one", "two", "three"});
+            each->setCurrentIndex(-1);
+            QObject::connect(each, &QComboBox::activated,
+                             [this](int item) { chosen += std::to_string(item); });
+        }
         column->addWidget(&other);
-        combo.addItems({"one", "two", "three"});
-        combo.setCurrentIndex(-1);
-        QObject::connect(&combo, &QComboBox::activated, [this](int item) { chosen += std::to_string(item); });
         window.show();
         window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         combo.setFocus();
     }
-    ~EditComboTest() override { QApplication::clipboard()->clear(); }
+    ~ComboTest() override { QApplication::clipboard()->clear(); }
 
     void key(Qt::Key which) { QTest::keyClick(&combo, which); }
     void type(const char* text) { QTest::keyClicks(&combo, text); }
-    void wheel() {
-        QWheelEvent turn({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+    static void wheel(Combo& over) {
+        QWheelEvent turn({5, 5}, over.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
                          false);
-        QApplication::sendEvent(&combo, &turn);
+        QApplication::sendEvent(&over, &turn);
     }
     void clickInList(int item) {
         combo.showPopup();
-        auto& list = *combo.view();
-        const auto place = list.visualRect(list.model()->index(item, 0)).center();
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
+        auto& view = *combo.view();
+        const auto place = view.visualRect(view.model()->index(item, 0)).center();
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
     }
     void paste(const QString& text) {
         QApplication::clipboard()->setText(text);
@@ -52,12 +55,13 @@ protected:
     }
 
     QWidget window;
-    EditCombo combo{"\r\n"};
+    Combo combo{TypedText::Lines};
+    Combo list{TypedText::None};
     QLineEdit other;
     std::string chosen;
 };
 
-TEST_F(EditComboTest, TellsOfChoicesInTheListAlone) {
+TEST_F(ComboTest, TellsOfChoicesInTheListAlone) {
     const struct {
         const char* name;
         std::function<void()> act;
@@ -67,8 +71,8 @@ TEST_F(EditComboTest, TellsOfChoicesInTheListAlone) {
         {"Enter on a typed item", [&] { type("two"), key(Qt::Key_Return); }, "", "two"},
         {"leaving a typed item", [&] { type("two"), other.setFocus(); }, "", "two"},
         {"arrows", [&] { key(Qt::Key_Down), key(Qt::Key_Down), key(Qt::Key_Up); }, "010", "one"},
-        {"wheel", [&] { wheel(); }, "0", "one"},
-        {"wheel from outside", [&] { other.setFocus(), wheel(); }, "", ""},
+        {"wheel", [&] { wheel(combo); }, "0", "one"},
+        {"wheel from outside", [&] { other.setFocus(), wheel(combo); }, "", ""},
         {"click in the list", [&] { clickInList(2); }, "2", "three"},
         {"Enter in the list",
          [&] {
@@ -77,12 +81,13 @@ TEST_F(EditComboTest, TellsOfChoicesInTheListAlone) {
                  QTest::keyClick(combo.view(), which);
          },
          "1", "two"},
-        {"letter in a fixed one", [&] { combo.setEditable(false), type("th"); }, "12", "three"},
-        {"wheel from outside of a fixed one", [&] { other.setFocus(), wheel(); }, "", "three"},
+        {"letters in a list", [&] { list.setFocus(), QTest::keyClicks(&list, "th"); }, "12", ""},
+        {"wheel over a list", [&] { list.setFocus(), list.setCurrentIndex(0), wheel(list); }, "1", ""},
+        {"wheel over a list from outside", [&] { wheel(list); }, "", ""},
     };
     EXPECT_FALSE(combo.focusPolicy() & (Qt::WheelFocus & ~Qt::StrongFocus)) << "the wheel takes no focus";
     for (const auto& row : rows) {
-        if (combo.isEditable()) combo.setCurrentIndex(-1);
+        combo.setCurrentIndex(-1);
         combo.setFocus();
         chosen.clear();
         row.act();
@@ -91,7 +96,7 @@ TEST_F(EditComboTest, TellsOfChoicesInTheListAlone) {
     }
 }
 
-TEST_F(EditComboTest, PastedLineEndsBecomeItsOwn) {
+TEST_F(ComboTest, PastedLineEndsBecomeItsOwn) {
     for (const char* text : {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd"}) {
         combo.clearEditText();
         paste(text);
@@ -114,13 +119,13 @@ TEST_F(EditComboTest, PastedLineEndsBecomeItsOwn) {
     combo.lineEdit()->undo();
     EXPECT_EQ(combo.currentText(), "z\r\n");
 
-    EditCombo blanks(" ");
+    Combo blanks(TypedText::OneLine);
     QApplication::clipboard()->setText("a\r\nb\n");
     blanks.lineEdit()->paste();
     EXPECT_EQ(blanks.currentText(), "a b ");
 }
 
-TEST_F(EditComboTest, TakesAMegabyte) {
+TEST_F(ComboTest, TakesAMegabyte) {
     const QString megabyte = QString("Knife, 5\t").repeated(1 << 17);
     paste(megabyte);
     EXPECT_EQ(combo.currentText(), megabyte);
