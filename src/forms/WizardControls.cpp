@@ -167,6 +167,7 @@ WizardControls makeControls(QWidget& form, const WizardTable& table, WizardState
             QLabel& before = makeLabel(row.label, parent);
             QWidget& widget = maker.widget(row, parent);
             before.setBuddy(&widget);
+            before.setObjectName(toQString(row.labelName));
             made.controls.push_back({row, widget, &before, &makeLabel(labelBehind(row), parent)});
         } else {
             made.controls.push_back({row, maker.widget(row, parent)});

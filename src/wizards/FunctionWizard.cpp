@@ -13,6 +13,10 @@ constexpr size_t kArguments = 3;
 constexpr std::array<std::string_view, kArguments> kFields = {"Text(0)", "Text(1)", "Text(2)"};
 constexpr std::array<std::string_view, kArguments> kButtons = {"Command3(0)", "Command3(1)", "Command3(2)"};
 
+constexpr ControlRow argument(size_t place, std::string_view labelName) {
+    return {.frame = "fraFunction", .name = kFields[place], .labelName = labelName};
+}
+
 /// What the arguments of an @function are called, in the order of the list; an empty name is none.
 constexpr std::array<std::array<std::string_view, kArguments>, kFunctionNames.words().size()> kLabels = {{
     {"Number:"},                      // @FAC
@@ -41,11 +45,11 @@ constexpr std::array kFrames = {FrameRow{"fraFunction", "@Function"}};
 
 constexpr std::array kControls = {
     ControlRow{.frame = "fraFunction", .name = "Combo1", .kind = ControlKind::List, .items = kItems},
-    field("fraFunction", kFields[0], ""),
+    argument(0, "Label1"),
     aidButton("fraFunction", kButtons[0], "Functions", kFields[0]),
-    field("fraFunction", kFields[1], ""),
+    argument(1, "Label2"),
     aidButton("fraFunction", kButtons[1], "Functions", kFields[1]),
-    field("fraFunction", kFields[2], ""),
+    argument(2, "Label3"),
     aidButton("fraFunction", kButtons[2], "Functions", kFields[2]),
     formButton("Command1", "&Done!", ButtonUse::Done),
     formButton("Command2", "&Cancel", ButtonUse::Cancel),

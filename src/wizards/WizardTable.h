@@ -71,6 +71,8 @@ struct ControlRow {
     std::string_view field = {};
     /// Behind a field, where it is not the ")" of a label that ends in "(".
     std::string_view behind = {};
+    /// What the label in front is called, where it has a name.
+    std::string_view labelName = {};
 };
 
 /// The label behind a control; empty for none.

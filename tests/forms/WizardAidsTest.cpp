@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -126,6 +127,12 @@ TEST_F(WizardAidsTest, FunctionsNestToTheLimit) {
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "it has no text to change";
         QTest::keyClicks(&combo, function);
     };
+    const auto labels = [] {
+        QStringList shown;
+        for (const auto* name : {"Label1", "Label2", "Label3"})
+            shown << (find<QLabel>(name)->isVisible() ? find<QLabel>(name)->text() : "-");
+        return shown.join(' ');
+    };
     const Work fillInnermost = [&] {
         choose("@SQR");
         aid("Command3(0)", Qt::Key_At, [&message] {
@@ -137,6 +144,7 @@ TEST_F(WizardAidsTest, FunctionsNestToTheLimit) {
     };
     const Work fillMiddle = [&] {
         choose("@MAX");
+        EXPECT_EQ(labels(), "First Item: Second Item: -");
         type("Text(0)", "3");
         aid("Command3(1)", Qt::Key_At, fillInnermost);
         EXPECT_TRUE(isFocus(*find<RichTextBox>("Text(1)")));
@@ -144,6 +152,7 @@ TEST_F(WizardAidsTest, FunctionsNestToTheLimit) {
     };
     next([&] {
         choose("@IF");
+        EXPECT_EQ(labels(), "IF THEN ELSE");
         for (const auto* argument : {"Text(0)", "Text(1)"}) type(argument, "a");
         aid("Command3(2)", Qt::Key_At, fillMiddle);
         click("Command1");
