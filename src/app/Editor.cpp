@@ -95,7 +95,7 @@ void Editor::receive(std::string commandLine, std::function<void()> done) {
 }
 
 void Editor::ParseCommandLine(std::string_view commandLine) {
-    const CommandQueue::Hold hold(queue);
+    const CommandQueue::Opening opening(queue);
     const auto split = splitCommandLine(commandLine.empty() ? commandLine_ : commandLine);
     if (split.error != CommandLineError::none) {
         MessageBox(&mainWindow(), describe(split.error), MessageIcon::Exclamation, kTitle);

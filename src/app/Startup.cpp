@@ -82,8 +82,7 @@ void startUp(Editor& editor, const std::string& commandLine) {
     variables.AppVersion = kAppVersion;
     variables.AppIsActive = false;
     {
-        // Keys that come meanwhile wait until the flag is down, or they would count as a load.
-        const CommandQueue::Hold hold(editor.queue);
+        const CommandQueue::Opening opening(editor.queue);
         const RaisedFlag loading(variables.LoadingDocuments);
         reportingErrors([&] {
             commandLine.empty() ? editor.documents.OpenDocument("", true) : editor.ParseCommandLine();

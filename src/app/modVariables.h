@@ -16,7 +16,8 @@ struct modVariables {
     std::string AppVersion;
     /// Loaded with the main window.
     cMRUFileList RecentFiles;
-    /// While true, a change in a text area is a load and not an edit.
+    /// While true, the text of a new document is a load. Behind a file in one list it is an edit. What a change
+    /// is, the document itself knows.
     bool LoadingDocuments = false;
     /// While true, a document window is being activated, and the focus is not yet moved.
     bool ActivatingDocument = false;

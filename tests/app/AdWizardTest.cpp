@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QWindow>
 #include <algorithm>
 
 #include "forms/WizardForm.h"
@@ -171,6 +172,47 @@ TEST_F(AdWizardTest, FillsItsFieldsByTheAids) {
         QTest::mouseClick(&the<QPushButton>("cmdUpto"), Qt::LeftButton);
         EXPECT_EQ(text("rtbItemUpto"), "LowPrereq");
     });
+}
+
+TEST_F(AdWizardTest, WhatFallsIntoAnOpeningIsCarriedOutBehindItAndIsAnEdit) {
+    SaveSetting(store, kSettingsApplication, "Options", "Show KLT Checker Window", "0");
+    auto& document = open(file("a.klt", kHead));
+    const std::string missing = home / "none.klt", other = file("b.klt", "b");
+    inWizard([&] {
+        tabThrough({"Sea Legs", "5"});
+        choose("optAdType");
+        tabThrough({"", "Mental"});
+        the<RichTextBox>("rtbItemName").setFocus();
+        duringOpening([&] {
+            EXPECT_TRUE(editor().queue.isHeld());
+            key(Qt::Key_Return);
+            QTest::keyClicks(form_->focusWidget(), "Next");
+            QTest::mouseClick(the<RichTextBox>("rtbItemCost").viewport(), Qt::LeftButton);
+            QTest::keyClicks(&the<RichTextBox>("rtbItemCost"), "7");
+            form_->windowHandle()->close();
+            EXPECT_EQ(text("rtbItemName"), "Sea Legs");
+            answerMessage(QMessageBox::Ok);
+        });
+        editor().queue.submit(Origin::Outside, [&] {
+            editor().documents.openFiles({missing, other});
+            EXPECT_TRUE(form_->isActiveWindow()) << "keys for a window below it would be lost";
+        });
+        EXPECT_EQ(asked.size(), 1) << "a box of the opening itself is answered in its middle";
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !form_->isVisible(); }));
+        EXPECT_EQ(text("rtbItemName") + text("rtbItemCost"), "Next7");
+    });
+    EXPECT_EQ(active().Caption(), other);
+    EXPECT_FALSE(active().Modified());
+    EXPECT_NE(textOf(document).find("<Mental>\r\nSea Legs, 5\r\nOdd, 2"), std::string::npos)
+        << textOf(document);
+    EXPECT_TRUE(document.Modified());
+    window().showDocument(document);
+    EXPECT_TRUE(action("E1")->isEnabled());
+    answerMessage(QMessageBox::Cancel);
+    action("F3")->trigger();
+    EXPECT_EQ(asked.back(), "The data file a.klt has been changed!\nSave changes?");
+    document.RichTextBox1->Undo();
+    EXPECT_EQ(textOf(document), kHead);
 }
 
 TEST_F(AdWizardTest, TellsWhatIsMissing) {

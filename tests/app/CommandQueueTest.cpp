@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <QDialog>
+#include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QTest>
+#include <QWindow>
 
 #include "support/Drop.h"
 #include "ui/RichTextBox.h"
@@ -131,6 +134,75 @@ TEST_F(HeldTextTest, KeysWaitAmongTheCommandsAndReachTheTextAfterwards) {
     EXPECT_EQ(area.Text(), "abctext");
     QTest::keyClick(&area, 'd');
     EXPECT_EQ(area.Text(), "abcdtext");
+}
+
+TEST_F(HeldTextTest, AnOpeningHoldsBackTheWindowsThatStoodBeforeAndNoneThatItRaises) {
+    field.show();
+    QDialog raised;
+    QLineEdit inIt(&raised);
+    {
+        const CommandQueue::Opening opening(queue);
+        QTest::keyClick(&field, 'f');
+        queue.submit(Origin::User, [this] { done.emplace_back(field.Text()); });
+        raised.setModal(true);
+        raised.show();
+        {
+            const CommandQueue::Opening next(queue);
+            QTest::keyClick(&inIt, 'r');
+        }
+        QTest::keyClick(&field, 'g');
+        raised.close();
+        field.windowHandle()->close();
+        EXPECT_EQ(field.Text(), "");
+        EXPECT_TRUE(field.isVisible()) << "it is not closed before what waits for it";
+    }
+    EXPECT_EQ(inIt.text(), "r");
+    QTest::keyClick(&field, 'h');
+    letEventsRun();
+    EXPECT_THAT(done, ElementsAre("f"));
+    EXPECT_EQ(field.Text(), "fg") << "and no key reaches a closed window";
+    EXPECT_FALSE(field.isVisible());
+}
+
+TEST_F(HeldTextTest, WhatWaitsForADialogThatStaysUpIsCarriedOutInItsOrder) {
+    QDialog dialog;
+    QLineEdit edit(&dialog);
+    dialog.setModal(true);
+    {
+        const CommandQueue::Opening opening(queue);
+        queue.submit(Origin::User, note("for its end"));
+    }
+    dialog.show();
+    {
+        const CommandQueue::Opening opening(queue);
+        QTest::keyClick(&edit, 'a');
+        queue.submit(Origin::Outside, [&] {
+            const CommandQueue::Opening next(queue);
+            done.push_back(edit.text().toStdString());
+            QTest::keyClick(&edit, 'c');
+        });
+        QTest::keyClick(&edit, 'b');
+    }
+    letEventsRun();
+    EXPECT_EQ(edit.text(), "abc");
+    QTest::keyClick(&edit, 'd');
+    EXPECT_EQ(edit.text(), "abcd") << "what waits for its end does not stop it";
+    EXPECT_THAT(done, ElementsAre("a"));
+    dialog.close();
+    letEventsRun();
+    EXPECT_THAT(done, ElementsAre("a", "for its end"));
+}
+
+TEST_F(HeldTextTest, APopupGivesWayToABoxThoughKeysWaitForIt) {
+    QMenu menu;
+    menu.addAction("&x");
+    menu.popup({});
+    const CommandQueue::Opening opening(queue);
+    QTest::keyClick(&menu, Qt::Key_X);
+    EXPECT_TRUE(menu.isVisible());
+    QDialog box;
+    box.show();
+    EXPECT_FALSE(menu.isVisible());
 }
 
 TEST_F(HeldTextTest, AClickMovesTheCaretAfterwards) {

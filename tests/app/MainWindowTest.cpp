@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <QDialog>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
@@ -108,25 +109,34 @@ TEST_F(MainWindowTest, ADocumentStaysActiveWhileTheWindowIsMinimised) {
     window().bringForward();
     EXPECT_FALSE(window().isMinimized());
     EXPECT_EQ(window().ActiveForm(), &second);
+    QDialog dialog(&window());
+    dialog.setModal(true);
+    dialog.show();
+    window().bringForward();
+    letEventsRun();
+    EXPECT_TRUE(dialog.isActiveWindow()) << "it keeps the keyboard";
 }
 
 TEST_F(MainWindowTest, WhatIsAskedWhileFilesAreOpenedComesAfterwardsInItsOrder) {
+    auto& other = openNew();
     auto& first = openNew();
-    first.RichTextBox1->SetSelStart(first.RichTextBox1->Length());
     const auto a = file("a.klt", "a"), b = file("b.klt", "b");
     duringOpening([&] {
         QTest::keyClick(first.RichTextBox1, 'x');
         subWindow(first).close();
         window().close();
         EXPECT_NE(textOf(first).back(), 'x');
+        other.RichTextBox1->SetSelText("by code");
+        EXPECT_TRUE(other.Modified() && other.RichTextBox1->CanUndo()) << "an edit, not a load";
+        other.Label1->setEnabled(false);
         EXPECT_TRUE(window().forms().contains(&first));
     });
     answerMessage(QMessageBox::No);
     editor().documents.openFiles({a, b});
-    EXPECT_EQ(window().forms().count(), 4);
+    EXPECT_EQ(window().forms().count(), 5);
     EXPECT_FALSE(first.Modified());
     EXPECT_TRUE(QTest::qWaitFor([&] { return editor().isOver(); }));
-    EXPECT_THAT(asked, testing::ElementsAre(testing::HasSubstr("KLT1.klt"))) << "an edit, not a load";
+    EXPECT_THAT(asked, testing::ElementsAre(testing::HasSubstr("KLT2.klt"))) << "an edit, not a load";
 }
 
 TEST_F(MainWindowTest, DroppedFilesAreOpened) {

@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QThread>
 #include <algorithm>
 #include <memory>
 
@@ -28,6 +29,7 @@ Handling handlingOf(const QEvent& event) {
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
         case QEvent::ContextMenu:
+        case QEvent::Close:
             return Handling::Keep;
         case QEvent::MouseMove:
             return static_cast<const QMouseEvent&>(event).buttons() == Qt::NoButton ? Handling::Pass
@@ -47,21 +49,38 @@ bool isTyping(const QEvent& event) {
            event.type() == QEvent::InputMethod;
 }
 
-/// The document's text area that `receiver` is, or whose viewport it is.
-RichTextBox* documentArea(QObject* receiver) {
-    auto* box = qobject_cast<RichTextBox*>(receiver);
-    if (!box) {
-        auto* parent = qobject_cast<RichTextBox*>(receiver->parent());
-        if (parent && parent->viewport() == receiver) box = parent;
-    }
-    return box && box->kind() == RichTextBox::Kind::Document ? box : nullptr;
+/// Whether it is a document's text area or the viewport of one.
+bool isDocumentArea(const QWidget& receiver) {
+    const auto* box = qobject_cast<const RichTextBox*>(&receiver);
+    if (!box) box = qobject_cast<const RichTextBox*>(receiver.parentWidget());
+    return box && box->kind() == RichTextBox::Kind::Document;
 }
 
 /// A press that is sent again brings no focus by itself.
-void giveClickFocus(QObject* receiver) {
-    auto* widget = qobject_cast<QWidget*>(receiver);
-    if (auto* area = documentArea(receiver)) widget = area;
-    if (widget && (widget->focusPolicy() & Qt::ClickFocus) != 0) widget->setFocus(Qt::MouseFocusReason);
+void giveClickFocus(QWidget* receiver) {
+    while (!(receiver->focusPolicy() & Qt::ClickFocus)) {
+        if (receiver->isWindow()) return;
+        receiver = receiver->parentWidget();
+    }
+    receiver->setFocus(Qt::MouseFocusReason);
+}
+
+bool isInPopup(const QWidget& widget) {
+    return widget.window()->windowType() == Qt::Popup;
+}
+
+/// Whether a modal dialog leaves the receiver free: it is in the dialog, over it, or in a popup.
+bool isFreeUnder(const QWidget& dialog, const QWidget* receiver) {
+    if (receiver && isInPopup(*receiver)) return true;
+    while (receiver && receiver != &dialog) receiver = receiver->parentWidget();
+    return receiver != nullptr;
+}
+
+/// Who gets a key now that was meant for `target`.
+QWidget& typingReceiver(QWidget& target, QWidget* movedFocus) {
+    auto* popup = QApplication::activePopupWidget();
+    if (!popup) return movedFocus ? *movedFocus : target;
+    return popup->focusWidget() ? *popup->focusWidget() : *popup;
 }
 
 bool isFileDrag(const QEvent& event) {
@@ -88,7 +107,7 @@ void CommandQueue::end() {
 void CommandQueue::submit(Origin origin, Command command) {
     if (ended_) return;
     if (isHeld() || !waiting_.empty()) {
-        waiting_.push_back({origin, std::move(command)});
+        waiting_.push_back({origin, std::move(command), nullptr});
         watchEvents(true);
     } else {
         command();
@@ -103,6 +122,13 @@ void CommandQueue::hold() {
 
 void CommandQueue::release() {
     if (--holds_ == 0) later_.start();
+}
+
+void CommandQueue::beginOpening() {
+    if (openings_++ > 0) return;
+    standing_.clear();
+    for (const auto* window : QApplication::topLevelWidgets())
+        if (window->isVisible()) standing_.emplace_back(window);
 }
 
 void CommandQueue::watchEvents(bool on) {
@@ -122,57 +148,80 @@ void CommandQueue::carryOut() {
     if (!isHeld() && waiting_.empty()) watchEvents(false);
 }
 
-std::optional<CommandQueue::Command> CommandQueue::takeNext() {
-    if (isHeld()) return std::nullopt;
-    const bool dialogIsUp = QApplication::activeModalWidget() != nullptr;
-    const auto next = std::find_if(waiting_.begin(), waiting_.end(), [dialogIsUp](const Waiting& entry) {
-        return !dialogIsUp || entry.origin == Origin::Outside;
+/// What is carried out next, or the end. A dialog that is up stops what the user asked for elsewhere.
+std::deque<CommandQueue::Waiting>::iterator CommandQueue::next() {
+    const auto* dialog = QApplication::activeModalWidget();
+    if (isHeld()) return waiting_.end();
+    return std::find_if(waiting_.begin(), waiting_.end(), [dialog](const Waiting& entry) {
+        return !dialog || entry.origin == Origin::Outside || isFreeUnder(*dialog, entry.receiver);
     });
-    if (next == waiting_.end()) return std::nullopt;
-    auto command = std::move(next->command);
-    waiting_.erase(next);
+}
+
+std::optional<CommandQueue::Command> CommandQueue::takeNext() {
+    const auto taken = next();
+    if (taken == waiting_.end()) return std::nullopt;
+    auto command = std::move(taken->command);
+    waiting_.erase(taken);
     return command;
 }
 
-bool CommandQueue::holdsBack(QObject* receiver) const {
-    if (receiver == delivering_) return false;
-    if (!passes_) return documentArea(receiver) != nullptr;
-    const auto* widget = qobject_cast<QWidget*>(receiver);
-    return widget != nullptr && (spared_ == nullptr || widget->window() != spared_);
+/// Whether the window has to stay for keys and clicks that wait for it. A popup that stayed would keep them
+/// from a box that comes up.
+bool CommandQueue::mustStay(const QWidget& window) const {
+    return !isInPopup(window) &&
+           std::any_of(waiting_.begin(), waiting_.end(), [&window](const Waiting& entry) {
+               return entry.receiver && entry.receiver->window() == &window;
+           });
+}
+
+bool CommandQueue::holdsBack(const QWidget& receiver) {
+    if (!isHeld()) {
+        // What an event that is being delivered leads to is a part of it.
+        return deliveringLevel_ != QThread::currentThread()->loopLevel() && next() != waiting_.end();
+    }
+    if (passes_) return receiver.window() != spared_;
+    return isDocumentArea(receiver) || (openings_ > 0 && stoodBefore(*receiver.window()));
+}
+
+bool CommandQueue::stoodBefore(const QWidget& window) const {
+    return std::find(standing_.begin(), standing_.end(), &window) != standing_.end();
 }
 
 bool CommandQueue::eventFilter(QObject* receiver, QEvent* event) {
     if (ended_) return false;
     // A dialog has ended: what waited for it alone can go on.
     if (event->type() == QEvent::WindowUnblocked) later_.start();
-    if (!isHeld() && waiting_.empty()) return false;
     const Handling handling = handlingOf(*event);
-    if (handling == Handling::Pass || !holdsBack(receiver)) return false;
+    auto* const widget = qobject_cast<QWidget*>(receiver);
+    if (handling == Handling::Pass || !widget || !holdsBack(*widget)) return false;
+    if (event->type() == QEvent::Close && !mustStay(*widget)) return false;
     if (handling == Handling::Refuse) {
         if (isFileDrag(*event)) return false;
         event->ignore();
     } else {
-        keepForLater(receiver, *event);
-        event->accept();
+        keepForLater(*widget, *event);
+        event->setAccepted(event->type() != QEvent::Close);
     }
     return true;
 }
 
-void CommandQueue::keepForLater(QObject* receiver, const QEvent& event) {
+void CommandQueue::keepForLater(QWidget& receiver, const QEvent& event) {
     const std::shared_ptr<QEvent> copy(event.clone());
-    const auto* modal = QApplication::activeModalWidget();
-    const auto* widget = qobject_cast<const QWidget*>(receiver);
-    // What is meant for the dialog that is up must not wait for its end.
-    const Origin origin = modal && widget && widget->window() == modal ? Origin::Outside : Origin::User;
-    const bool followsFocus = isTyping(event) && widget && widget == widget->window()->focusWidget();
-    waiting_.push_back({origin, [this, copy, followsFocus, target = QPointer<QObject>(receiver)] {
-                            if (!target) return;
-                            deliver(*copy, followsFocus && movedFocus_ ? *movedFocus_ : *target);
-                        }});
+    const bool followsFocus = isTyping(event) && &receiver == receiver.window()->focusWidget();
+    const auto deliverLater = [this, copy, followsFocus, target = QPointer<QWidget>(&receiver)] {
+        if (!target || !target->window()->isVisible()) return;
+        deliver(*copy, followsFocus ? typingReceiver(*target, movedFocus_) : *target);
+    };
+    waiting_.push_back({Origin::User, deliverLater, &receiver});
+    if (!isHeld()) later_.start();
 }
 
-void CommandQueue::deliver(QEvent& event, QObject& receiver) {
-    const QScopedValueRollback guard(delivering_, static_cast<const QObject*>(&receiver));
+void CommandQueue::deliver(QEvent& event, QWidget& receiver) {
+    const QScopedValueRollback guard(deliveringLevel_, QThread::currentThread()->loopLevel());
+    if (event.type() == QEvent::Close) {
+        receiver.close();
+        return;
+    }
     if (event.type() == QEvent::MouseButtonPress) giveClickFocus(&receiver);
     QCoreApplication::sendEvent(&receiver, &event);
 }

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace klt {
 
@@ -16,8 +17,9 @@ enum class Origin { User, Outside };
 
 /// Carries out commands, closing, quitting, dropped files and other processes' messages in their order, at
 /// once where nothing stands against it. While a `Hold` stands they wait, and keys and clicks for the text
-/// areas of documents wait among them: an edit would fall into the middle of a load. While a `Pass` stands
-/// they wait for whatever window they were meant for.
+/// areas of documents wait among them. While an `Opening` stands, keys and clicks for all windows that stood
+/// before it wait too, and while a `Pass` stands, those for whatever window. None of them comes before what
+/// waits already. What was meant for a window that has closed meanwhile is dropped.
 class CommandQueue : public QObject {
 public:
     using Command = std::function<void()>;
@@ -31,8 +33,7 @@ public:
     /// Nothing is carried out any more: what waits, and what still comes, is destroyed uncalled.
     void end();
 
-    /// Nothing is carried out while one stands: for what opens documents, from its first step to its last,
-    /// and for the closing of the main window.
+    /// Nothing is carried out while one stands: for the closing of the main window.
     class Hold {
     public:
         explicit Hold(CommandQueue& queue) : queue_(queue) { queue_.hold(); }
@@ -41,6 +42,20 @@ public:
         Hold& operator=(const Hold&) = delete;
 
     private:
+        CommandQueue& queue_;
+    };
+
+    /// A hold that keeps keys and clicks back from every window that is up when the outermost one begins: for
+    /// what opens documents, from its first step to its last. A box that it raises itself answers at once.
+    class Opening {
+    public:
+        explicit Opening(CommandQueue& queue) : hold_(queue), queue_(queue) { queue_.beginOpening(); }
+        ~Opening() { --queue_.openings_; }
+        Opening(const Opening&) = delete;
+        Opening& operator=(const Opening&) = delete;
+
+    private:
+        Hold hold_;
         CommandQueue& queue_;
     };
 
@@ -67,27 +82,37 @@ private:
     struct Waiting {
         Origin origin;
         Command command;
+        /// Of keys and clicks, and null for all else.
+        QPointer<const QWidget> receiver;
     };
     void hold();
     void release();
+    void beginOpening();
     void watchEvents(bool on);
     void carryOut();
+    std::deque<Waiting>::iterator next();
     std::optional<Command> takeNext();
-    bool holdsBack(QObject* receiver) const;
-    void keepForLater(QObject* receiver, const QEvent& event);
-    void deliver(QEvent& event, QObject& receiver);
+    bool holdsBack(const QWidget& receiver);
+    bool stoodBefore(const QWidget& window) const;
+    bool mustStay(const QWidget& window) const;
+    void keepForLater(QWidget& receiver, const QEvent& event);
+    void deliver(QEvent& event, QWidget& receiver);
 
     std::deque<Waiting> waiting_;
     /// Carries out when control is back in the event loop.
     QTimer later_;
     int holds_ = 0;
+    int openings_ = 0;
+    /// The windows that were up when the outermost opening began.
+    std::vector<QPointer<const QWidget>> standing_;
     bool passes_ = false;
     QPointer<const QWidget> spared_;
     bool ended_ = false;
     bool watching_ = false;
     /// Where something that had waited took the focus. A click does so at once, though it waits itself.
-    QPointer<QObject> movedFocus_;
-    const QObject* delivering_ = nullptr;
+    QPointer<QWidget> movedFocus_;
+    /// The event loop, counted from the outermost, in which an event that waited is being delivered.
+    int deliveringLevel_ = -1;
 };
 
 }  // namespace klt

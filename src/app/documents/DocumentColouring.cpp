@@ -1,6 +1,6 @@
 #include "app/documents/DocumentColouring.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <memory>
 
 #include "app/commands/CommandQueue.h"
@@ -29,7 +29,9 @@ bool DocumentColouring::showsProgress(const frmKLTEditor& document) const {
 
 void DocumentColouring::ColourDocument(frmKLTEditor& document) {
     std::unique_ptr<frmKLTChecker> progress;
-    if (showsProgress(document)) progress = std::make_unique<frmKLTChecker>(&mainWindow_());
+    // Below a dialog that is up it would not answer.
+    QWidget* const dialog = QApplication::activeModalWidget();
+    if (showsProgress(document)) progress = std::make_unique<frmKLTChecker>(dialog ? dialog : &mainWindow_());
     const CommandQueue::Pass hold(queue_, progress.get());
     const WaitCursor waiting;
     if (progress) {
@@ -43,7 +45,7 @@ void DocumentColouring::ColourDocument(frmKLTEditor& document) {
         highlighter_.LoadStyles(box);
         pass.run();
     }
-    if (progress && progress->isActiveWindow()) mainWindow_().activateWindow();
+    if (progress && progress->isActiveWindow()) progress->parentWidget()->activateWindow();
 }
 
 }  // namespace klt

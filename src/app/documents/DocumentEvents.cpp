@@ -41,7 +41,7 @@ bool DocumentEvents::isActive(const frmKLTEditor& document) const {
 }
 
 void DocumentEvents::change(frmKLTEditor& document) {
-    variables_.LoadingDocuments ? loaded(document) : edited(document);
+    document.isLoading ? loaded(document) : edited(document);
 }
 
 void DocumentEvents::edited(frmKLTEditor& document) {

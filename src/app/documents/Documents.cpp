@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <algorithm>
 
 #include "app/documents/frmKLTEditor.h"
@@ -49,7 +50,7 @@ Documents::Documents(modVariables& variables, Store& store, CommandQueue& queue,
       ColourDocument_(std::move(ColourDocument)) {}
 
 void Documents::OpenDocument(std::string_view path, bool checkNow) {
-    const CommandQueue::Hold hold(queue_);
+    const CommandQueue::Opening opening(queue_);
     ++variables_.DocumentCounter;
     frmMDIKLTEditor& window = mainWindow_();
     frmKLTEditor& document = window.loadDocument();
@@ -71,13 +72,15 @@ void Documents::OpenDocument(std::string_view path, bool checkNow) {
 
 void Documents::fillNew(frmKLTEditor& document) {
     document.setCaption("KLT" + std::to_string(variables_.DocumentCounter));
+    const QScopedValueRollback loading(document.isLoading, variables_.LoadingDocuments);
     document.RichTextBox1->SetText(kNewDocumentText);
 }
 
 void Documents::fillFromFile(frmKLTEditor& document, const std::string& path) {
     document.setCaption(path);
     {
-        const RaisedFlag loading(variables_.LoadingDocuments);
+        const RaisedFlag loadingAny(variables_.LoadingDocuments);
+        const RaisedFlag loading(document.isLoading);
         const TextFile file = readTextFile(path);
         document.encoding = file.encoding;
         document.unread = file.error.has_value();
@@ -95,7 +98,7 @@ void Documents::fillFromFile(frmKLTEditor& document, const std::string& path) {
 }
 
 void Documents::openFiles(const std::vector<std::string>& paths) {
-    const CommandQueue::Hold hold(queue_);
+    const CommandQueue::Opening opening(queue_);
     const RaisedFlag loading(variables_.LoadingDocuments);
     for (const auto& path : paths) {
         OpenDocument(path, true);

@@ -34,6 +34,8 @@ public:
 
     /// What its file is written in.
     Encoding encoding = Encoding::Any;
+    /// While true, a change of the text is the load of this document and no edit.
+    bool isLoading = false;
     /// The file under this caption could not be read, so what stands in it is not what stands here.
     bool unread = false;
 

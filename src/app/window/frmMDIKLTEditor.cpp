@@ -141,6 +141,8 @@ void frmMDIKLTEditor::showDocument(frmKLTEditor& document) {
     area_->setActiveSubWindow(subWindow);
     document.RichTextBox1->setFocus();
     activate(document);
+    // The area has activated this window.
+    giveDialogTheKeyboard();
 }
 
 QMdiSubWindow* frmMDIKLTEditor::subWindowOf(const frmKLTEditor& document) const {
@@ -241,6 +243,15 @@ void frmMDIKLTEditor::bringForward() {
     show();
     raise();
     activateWindow();
+    giveDialogTheKeyboard();
+}
+
+/// A dialog that is up keeps the keyboard: keys sent to a window below it would be lost.
+void frmMDIKLTEditor::giveDialogTheKeyboard() {
+    auto* dialog = QApplication::activeModalWidget();
+    if (!dialog) return;
+    dialog->raise();
+    dialog->activateWindow();
 }
 
 /// The focus comes back to the text once no dialog is up and no activation is under way.

@@ -95,6 +95,7 @@ private:
     bool queryUnload();
     void unload();
     void giveFocusBack();
+    static void giveDialogTheKeyboard();
     void refreshBars();
     void SetGradient();
 
