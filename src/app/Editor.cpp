@@ -100,10 +100,9 @@ void Editor::ParseCommandLine(std::string_view commandLine) {
     if (split.error != CommandLineError::none) {
         MessageBox(&mainWindow(), describe(split.error), MessageIcon::Exclamation, kTitle);
     }
-    for (const auto& path : split.paths) {
-        documents.OpenDocument(CanonicalPath(path), true);
-        QCoreApplication::processEvents();
-    }
+    std::vector<std::string> paths;
+    for (const auto& path : split.paths) paths.push_back(CanonicalPath(path));
+    documents.openFiles(paths);
 }
 
 void Editor::MenuClick(const QString& key) {

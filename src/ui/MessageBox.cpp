@@ -1,8 +1,14 @@
 #include "ui/MessageBox.h"
 #include "ui/QtStrings.h"
 
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLayout>
 #include <QPointer>
-#include <memory>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QTextEdit>
+#include <algorithm>
 
 namespace klt {
 namespace {
@@ -21,6 +27,46 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+// Breaking one long line takes time that is quadratic in its length. On no screen is so much in view at once.
+constexpr int kLongestLine = 25'000;
+
+bool fits(const QString& text, const QLabel& label, QSize area) {
+    if (text.size() > kLongestLine) return false;
+    const QRect needed = label.fontMetrics().boundingRect({0, 0, area.width(), 0}, Qt::TextWordWrap, text);
+    return needed.width() <= area.width() && needed.height() <= area.height();
+}
+
+QString withShorterLines(QString text) {
+    return text.replace(QRegularExpression(QString("([^\n]{%1})").arg(kLongestLine)), "\\1\n");
+}
+
+/// Makes text that a label would show beyond the screen scroll. It stays in the label too, for `text`.
+void fitIntoScreen(QMessageBox& box) {
+    constexpr int kMostWidth = 500;
+    const QSize screen = box.screen()->availableSize();
+    const QSize area(std::min(kMostWidth, screen.width() / 2), screen.height() / 2);
+    auto* const label = box.findChild<QLabel*>("qt_msgbox_label");
+    if (fits(box.text(), *label, area)) return;
+    auto* const view = new QTextEdit(&box);
+    view->setObjectName("MessageText");
+    view->setReadOnly(true);
+    view->setTabChangesFocus(true);
+    view->setFrameShape(QFrame::NoFrame);
+    view->viewport()->setAutoFillBackground(false);
+    view->setPlainText(withShorterLines(box.text()));
+    view->document()->setTextWidth(area.width());
+    view->setMinimumSize(area.width(), std::min(qRound(view->document()->size().height()), area.height()));
+    delete box.layout()->replaceWidget(label, view);
+    label->hide();
+}
+
+void nameSkipButton(QMessageBox& box) {
+    auto* const skip = box.button(kSkipTheRest);
+    if (!skip) return;
+    skip->setText("&Skip the Rest");
+    box.setEscapeButton(QMessageBox::Ok);
+}
+
 }  // namespace
 
 QMessageBox::StandardButton MessageBox(QWidget* owner, std::string_view text, MessageIcon icon,
@@ -33,6 +79,8 @@ QMessageBox::StandardButton MessageBox(QWidget* owner, std::string_view text, Me
     box->setText(toQString(text));
     for (const auto first : {QMessageBox::Ok, QMessageBox::Yes})
         if (buttons.testFlag(first)) box->setDefaultButton(first);
+    nameSkipButton(*box);
+    fitIntoScreen(*box);
     const auto answer = static_cast<QMessageBox::StandardButton>(box->exec());
     if (!box) return QMessageBox::NoButton;
     delete box;

@@ -11,6 +11,7 @@
 
 #include "platform/KeptCopies.h"
 #include "support/EditorFixture.h"
+#include "ui/MessageBox.h"
 
 using namespace klt;
 
@@ -71,6 +72,30 @@ TEST_F(DocumentsTest, AMissingFileLeavesAnEmptyUntitledWindow) {
     EXPECT_FALSE(document.Modified());
     EXPECT_FALSE(document.Exists());
     EXPECT_EQ(recentFile(1), "");
+}
+
+TEST_F(DocumentsTest, FromTheFourthMessageOfMissingFilesOnTheOthersCanBeSkipped) {
+    window();
+    std::string commandLine;
+    for (int n = 0; n < 8; ++n) commandLine += "\"" + (home / "none") + std::to_string(n) + "\" ";
+    for (const size_t skippedAt : {8, 5}) {
+        // One letter a message: whether there was a choice.
+        std::string choices;
+        std::function<void()> answer = [&] {
+            answerNext<QMessageBox>([&](QMessageBox& box) {
+                auto* const skip = box.button(kSkipTheRest);
+                choices += skip ? 'y' : 'n';
+                if (choices.size() < skippedAt) answer();
+                QTest::mouseClick(choices.size() == 5 && skippedAt == 5 ? skip : box.button(QMessageBox::Ok),
+                                  Qt::LeftButton);
+            });
+        };
+        answer();
+        const int before = window().forms().count();
+        editor().ParseCommandLine(commandLine);
+        EXPECT_EQ(window().forms().count(), before + 8);
+        EXPECT_EQ(choices, std::string("nnnyyyyy").substr(0, skippedAt));
+    }
 }
 
 TEST_F(DocumentsTest, AnUnreadableFileLooksOpenedAndIsToldOf) {

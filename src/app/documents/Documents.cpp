@@ -50,6 +50,11 @@ Documents::Documents(modVariables& variables, Store& store, CommandQueue& queue,
       ColourDocument_(std::move(ColourDocument)) {}
 
 void Documents::OpenDocument(std::string_view path, bool checkNow) {
+    MissingFiles alone;
+    open(path, checkNow, alone);
+}
+
+void Documents::open(std::string_view path, bool checkNow, MissingFiles& missing) {
     const CommandQueue::Opening opening(queue_);
     ++variables_.DocumentCounter;
     frmMDIKLTEditor& window = mainWindow_();
@@ -60,14 +65,24 @@ void Documents::OpenDocument(std::string_view path, bool checkNow) {
     } else if (const auto found = findPathIgnoringCase(path)) {
         fillFromFile(document, *found);
     } else {
-        MessageBox(&window, "The specified data file (" + std::string(path) + ") does not exist.",
-                   MessageIcon::Exclamation, kTitle);
+        tellMissing(path, missing);
     }
     window.panels().showCaret(1, 1);
     window.showDocument(document);
     letEventsRun();
     if (checkNow && readSetting(store_, settings::kAutoSyntaxCheck)) ColourDocument_(document);
     window.updateMenus();
+}
+
+void Documents::tellMissing(std::string_view path, MissingFiles& missing) {
+    constexpr int kToldWithoutChoice = 3;
+    if (missing.isRestSkipped) return;
+    const bool hasChoice = missing.told++ >= kToldWithoutChoice;
+    const auto answer = MessageBox(
+        &mainWindow_(), "The specified data file (" + std::string(path) + ") does not exist.",
+        MessageIcon::Exclamation, kTitle,
+        hasChoice ? QMessageBox::Ok | kSkipTheRest : QMessageBox::StandardButtons(QMessageBox::Ok));
+    missing.isRestSkipped = answer == kSkipTheRest;
 }
 
 void Documents::fillNew(frmKLTEditor& document) {
@@ -100,8 +115,9 @@ void Documents::fillFromFile(frmKLTEditor& document, const std::string& path) {
 void Documents::openFiles(const std::vector<std::string>& paths) {
     const CommandQueue::Opening opening(queue_);
     const RaisedFlag loading(variables_.LoadingDocuments);
+    MissingFiles missing;
     for (const auto& path : paths) {
-        OpenDocument(path, true);
+        open(path, true, missing);
         letEventsRun();
     }
 }

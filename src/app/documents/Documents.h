@@ -27,7 +27,8 @@ public:
     /// file that does not exist is told of in a message, and one that can't be read in a notice: the window
     /// stays all the same, empty. `checkNow` permits the check that the setting "AutoSyntaxCheck" asks for.
     void OpenDocument(std::string_view path, bool checkNow);
-    /// Opens each in turn and lets events run in between.
+    /// Opens each in turn and lets events run in between. From the fourth message of files that do not exist
+    /// on, the user may skip the other messages; the windows come all the same.
     void openFiles(const std::vector<std::string>& paths);
 
     /// What becomes of a document that is about to close, by default the active one: true if it stays.
@@ -43,6 +44,13 @@ public:
     void Close();
 
 private:
+    /// The messages of one list of files.
+    struct MissingFiles {
+        int told = 0;
+        bool isRestSkipped = false;
+    };
+    void open(std::string_view path, bool checkNow, MissingFiles& missing);
+    void tellMissing(std::string_view path, MissingFiles& missing);
     void fillNew(frmKLTEditor& document);
     void fillFromFile(frmKLTEditor& document, const std::string& path);
     void save(frmKLTEditor& document);
