@@ -1,24 +1,11 @@
 #include "checker/Scanners.h"
 #include "checker/ValueWalk.h"
-#include "language/CharTable.h"
 
 namespace klt {
 
 namespace {
 
-enum class Act : unsigned char {
-    Append,
-    Open,
-    Close,
-    Function,
-    Math,
-    Quote,
-    Break,
-    Colon,
-    Comma,
-    Forbidden,
-    Blank
-};
+using Act = ValueAct;
 
 constexpr CharTable<Act> kTable(Act::Append, {
                                                  {"(", Act::Open},
@@ -27,7 +14,7 @@ constexpr CharTable<Act> kTable(Act::Append, {
                                                  {"+-*/", Act::Math},
                                                  {"\"", Act::Quote},
                                                  {"_\t\r\n", Act::Break},
-                                                 {":", Act::Colon},
+                                                 {":", Act::Prefix},
                                                  {",", Act::Comma},
                                                  {"<>={}[]|", Act::Forbidden},
                                                  {" ", Act::Blank},
@@ -39,38 +26,27 @@ class ExpressionWalk : public ValueWalk {
 public:
     using ValueWalk::ValueWalk;
 
-    Place run() {
-        for (; i <= scan.length(); ++i)
-            if (step()) return result;
+    ScanPosition run() {
+        for (; scan.isInside(i); ++i)
+            if (kindStep(kTable[scan.at(i)])) return result;
         static_cast<Kind*>(this)->textEnds();
-        return scan.length() + 1;
+        return scan.end();
     }
 
 private:
     // True if the scanner ends here.
-    bool step() {
+    bool kindStep(Act act) {
         auto& kind = static_cast<Kind&>(*this);
-        switch (kTable[scan.at(i)]) {
-            case Act::Append:
-                append(kTable, Act::Append);
-                return false;
-            case Act::Open:
-                ++depth;
-                return false;
-            case Act::Close:
-                return close();
+        switch (act) {
             case Act::Function:
                 return function(functionErrorStart(scan, start));
             case Act::Math:
                 kind.mathSign();
                 return false;
-            case Act::Quote:
-                quote();
-                return false;
             case Act::Break:
                 kind.lineBreak();
                 return false;
-            case Act::Colon:
+            case Act::Prefix:
                 return !prefixTest(scan, i, word) &&
                        failFrom(kind.prefixErrorStart(), ErrorReason::UnknownPrefix);
             case Act::Comma:
@@ -80,8 +56,9 @@ private:
             case Act::Blank:
                 kind.blank();
                 return false;
+            default:
+                return step(kTable, act);
         }
-        return false;
     }
 };
 
@@ -98,9 +75,9 @@ public:
     }
     // So that "SK_RL:" can form.
     void lineBreak() {
-        if (scan.at(i) == '_' && equalIgnoringAsciiCase(word.view(), "SK")) word.append(scan.span(i, i + 1));
+        if (scan.at(i) == '_' && equalIgnoringAsciiCase(word.view(), "SK")) word.append(scan.span(i, 1));
     }
-    Position prefixErrorStart() const { return tagErrorStart(scan, start); }
+    ScanPosition prefixErrorStart() const { return tagErrorStart(scan, start); }
     bool comma() { return fail(kForbidden); }
     void blank() {
         if (!inQuote) ColourWord(scan, i, word);
@@ -120,24 +97,24 @@ public:
         word.clear();
     }
     void lineBreak() {}
-    Position prefixErrorStart() const { return functionErrorStart(scan, start); }
+    ScanPosition prefixErrorStart() const { return functionErrorStart(scan, start); }
     bool comma() {
         endWord(scan, i, word);
         return false;
     }
     void blank() {
-        if (!word.empty()) word.append(scan.span(i, i + 1));
+        if (!word.empty()) word.append(scan.span(i, 1));
     }
     void textEnds() {}
 };
 
 }  // namespace
 
-Place CheckExpression(Scan& scan, Place position) {
+ScanPosition CheckExpression(Scan& scan, ScanPosition position) {
     return Expression(scan, position).run();
 }
 
-Place CheckDefault(Scan& scan, Place position) {
+ScanPosition CheckDefault(Scan& scan, ScanPosition position) {
     return Default(scan, position).run();
 }
 

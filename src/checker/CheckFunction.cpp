@@ -1,7 +1,5 @@
 #include "checker/CheckFunction.h"
 
-#include "language/CharTable.h"
-
 namespace klt {
 
 namespace {
@@ -24,58 +22,70 @@ class FunctionWalk {
 public:
     explicit FunctionWalk(Scan& scan) : scan_(scan) {}
 
-    FunctionEnd run(Place at, Position errorStart);
+    FunctionEnd run(ScanPosition at, ScanPosition errorStart);
 
 private:
     AtFunction top() const { return scan_.state.functionStack.top(); }
-    bool open(Place at);
-    Place walkBody();
-    Place close();
-    Place comma();
-    void blank();
-    Place fail(ErrorReason reason) {
-        return MarkErrorRun(scan_, i_, functionErrorStart(scan_, now_.start), ')', reason);
+    bool open(ScanPosition at);
+    /// Up to what closes the function, or to where its error ends, which is then `end_`. False if the text
+    /// ends before.
+    bool walkBody();
+    // Each is true where the body has come to its end.
+    bool step();
+    bool close();
+    bool comma();
+    bool nested();
+    bool fail(ErrorReason reason) {
+        return ends(MarkErrorRun(scan_, i_, functionErrorStart(scan_, now_.start), ')', reason));
     }
+    bool ends(ScanPosition at) {
+        end_ = at;
+        return true;
+    }
+    void blank();
     bool noteRunOff();
     void hold();
-    void resume(Place result);
+    void resume(ScanPosition start);
 
     Scan& scan_;
     FunctionFrame now_;
     WordBuffer word_;
-    Place i_ = 0;
+    ScanPosition i_;
+    ScanPosition end_;
 };
 
-bool FunctionWalk::open(Place at) {
-    constexpr Place kLongestName = 7;
-    auto name = scan_.span(at, at + kLongestName);
+bool FunctionWalk::open(ScanPosition at) {
+    constexpr auto kLongestName = kFunctionNames.longest();
+    auto name = scan_.span(at, kLongestName);
     name = name.substr(0, name.find('(') + 1);
     const auto function = functionOf(name);
     if (function == AtFunction::None) return false;
     scan_.state.functionStack.push(function);
-    const auto start = at + static_cast<Place>(name.size());
-    scan_.recognise(scan_.lineStart + start - 1, name, functionName(function), StyleCategory::Functions);
-    now_ = {.at = at, .start = start};
+    const auto start = at + name.size();
+    scan_.recognise(start, name, functionName(function), StyleCategory::Functions);
+    now_ = {};
+    now_.at = at;
+    now_.start = start;
     word_.clear();
     i_ = start - 1;
     return true;
 }
 
-Place FunctionWalk::close() {
+bool FunctionWalk::close() {
     const auto arity = arityOf(top());
     if (arity == Arity::Conditional && now_.ifStage == 0) return fail(ErrorReason::IfWithoutThen);
     if (arity == Arity::Two && now_.commas == 0) return fail(ErrorReason::FunctionTakesTwo);
     endWord(scan_, i_, word_);
     if (now_.depth > 0) {
         --now_.depth;
-        return 0;
+        return false;
     }
     scan_.colourAt(i_, StyleCategory::Functions);
     scan_.state.functionStack.pop();
-    return i_;
+    return ends(i_);
 }
 
-Place FunctionWalk::comma() {
+bool FunctionWalk::comma() {
     switch (arityOf(top())) {
         case Arity::One:
             return fail(ErrorReason::FunctionTakesOne);
@@ -89,7 +99,7 @@ Place FunctionWalk::comma() {
             break;
     }
     endWord(scan_, i_, word_);
-    return 0;
+    return false;
 }
 
 void FunctionWalk::blank() {
@@ -105,48 +115,45 @@ void FunctionWalk::blank() {
     word_.clear();
 }
 
-// The place that closes the function, or that its error ends at; 0 at the end of the text.
-Place FunctionWalk::walkBody() {
-    const auto length = scan_.length();
-    for (++i_; i_ <= length; ++i_) {
-        const auto k = static_cast<size_t>(i_ - 1);
-        Place result = 0;
-        switch (kTable[scan_.text[k]]) {
-            case Act::Append: {
-                const auto end = kTable.skip(scan_.text, k, Act::Append);
-                word_.append(scan_.text.substr(k, end - k));
-                i_ = static_cast<Place>(end);
-                break;
-            }
-            case Act::Open:
-                ++now_.depth;
-                break;
-            case Act::Close:
-                result = close();
-                break;
-            case Act::Function: {
-                hold();
-                if (open(i_)) break;
-                resume(now_.start);
-                result = fail(ErrorReason::UnknownFunction);
-                break;
-            }
-            case Act::Comma:
-                result = comma();
-                break;
-            case Act::Math:
-                endWord(scan_, i_, word_);
-                scan_.colourAt(i_, StyleCategory::MathCharacters);
-                break;
-            case Act::Blank:
-                blank();
-                break;
-            case Act::PassOver:
-                break;
-        }
-        if (result != 0) return result;
+// At the `@` of another function: goes on inside it, unless it has no known name.
+bool FunctionWalk::nested() {
+    hold();
+    if (open(i_)) return false;
+    resume(now_.start);
+    return fail(ErrorReason::UnknownFunction);
+}
+
+bool FunctionWalk::step() {
+    switch (kTable[scan_.at(i_)]) {
+        case Act::Append:
+            scan_.collect(kTable, i_, word_);
+            break;
+        case Act::Open:
+            ++now_.depth;
+            break;
+        case Act::Close:
+            return close();
+        case Act::Function:
+            return nested();
+        case Act::Comma:
+            return comma();
+        case Act::Math:
+            endWord(scan_, i_, word_);
+            scan_.colourAt(i_, StyleCategory::MathCharacters);
+            break;
+        case Act::Blank:
+            blank();
+            break;
+        case Act::PassOver:
+            break;
     }
-    return 0;
+    return false;
+}
+
+bool FunctionWalk::walkBody() {
+    for (++i_; scan_.isInside(i_); ++i_)
+        if (step()) return true;
+    return false;
 }
 
 void FunctionWalk::hold() {
@@ -159,7 +166,7 @@ void FunctionWalk::hold() {
     line.frames.push(now_);
 }
 
-void FunctionWalk::resume(Place result) {
+void FunctionWalk::resume(ScanPosition start) {
     auto& line = scan_.line;
     now_ = line.frames.top();
     line.frames.pop();
@@ -168,34 +175,36 @@ void FunctionWalk::resume(Place result) {
         word_ = line.heldWords.back();
         line.heldWords.pop_back();
     }
-    now_.start = result;
+    now_.start = start;
 }
 
 bool FunctionWalk::noteRunOff() {
     auto& ranOff = scan_.line.ranOff;
-    const auto at = scan_.lineStart + now_.at;
+    const auto at = scan_.inDocument(now_.at);
     if (std::find(ranOff.begin(), ranOff.end(), at) != ranOff.end()) return false;
     ranOff.push_back(at);
     return true;
 }
 
-FunctionEnd FunctionWalk::run(Place at, Position errorStart) {
+FunctionEnd FunctionWalk::run(ScanPosition at, ScanPosition errorStart) {
     if (!open(at)) return {MarkErrorRun(scan_, at, errorStart, ')', ErrorReason::UnknownFunction), true};
     for (;;) {
-        const auto result = walkBody();
-        if (result == 0 && !noteRunOff()) {
-            scan_.line.hasEnded = true;
-            return {scan_.length() + 1, true};
+        if (!walkBody()) {
+            if (!noteRunOff()) {
+                scan_.line.hasEnded = true;
+                return {scan_.end(), true};
+            }
+            end_ = kInFront;
         }
-        if (scan_.line.frames.empty()) return {result, false};
-        resume(result);
-        i_ = result;
+        if (scan_.line.frames.empty()) return {end_, false};
+        resume(end_);
+        i_ = end_;
     }
 }
 
 }  // namespace
 
-FunctionEnd EnterFunction(Scan& scan, Place at, Position errorStart) {
+FunctionEnd EnterFunction(Scan& scan, ScanPosition at, ScanPosition errorStart) {
     return FunctionWalk(scan).run(at, errorStart);
 }
 

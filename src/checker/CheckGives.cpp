@@ -1,35 +1,18 @@
 #include "checker/Scanners.h"
 #include "checker/ValueWalk.h"
-#include "language/CharTable.h"
 
 namespace klt {
 
 namespace {
 
-enum class Act : unsigned char {
-    Append,
-    Open,
-    Close,
-    Quote,
-    Separator,
-    Colon,
-    Function,
-    Math,
-    Division,
-    Bar,
-    Comma,
-    Forbidden,
-    Blank,
-    Break,
-    Underscore,
-};
+using Act = ValueAct;
 
 constexpr CharTable<Act> kValue(Act::Append, {
                                                  {"(", Act::Open},
                                                  {")", Act::Close},
                                                  {"\"", Act::Quote},
                                                  {" _\t\r\n", Act::Separator},
-                                                 {":", Act::Colon},
+                                                 {":", Act::Prefix},
                                                  {"@", Act::Function},
                                                  {"=+-*", Act::Math},
                                                  {"/", Act::Division},
@@ -38,7 +21,7 @@ constexpr CharTable<Act> kValue(Act::Append, {
 constexpr CharTable<Act> kTarget(Act::Append, {
                                                   {"(", Act::Open},
                                                   {")", Act::Close},
-                                                  {":", Act::Colon},
+                                                  {":", Act::Prefix},
                                                   {",", Act::Comma},
                                                   {"<>={}[]|", Act::Forbidden},
                                                   {" ", Act::Blank},
@@ -51,7 +34,7 @@ class GivesWalk : public ValueWalk {
 public:
     using ValueWalk::ValueWalk;
 
-    Place run();
+    ScanPosition run();
 
 private:
     // The parts of a bonus. True if the scanner ends in them.
@@ -62,78 +45,65 @@ private:
     bool targetStep(Act act);
     bool upto();
 
-    bool separator();
+    void separator();
     void points();
     bool closedInValue();
 
-    Place bonusStart_ = 0;
+    ScanPosition bonusStart_;
     bool toSeen_ = false;
     bool uptoSeen_ = false;
     bool partEnds_ = false;
 };
 
 // A value may go on behind a blank or break; where it does not, its part ends here.
-bool GivesWalk::separator() {
-    if (separatorGoesOn()) return false;
+void GivesWalk::separator() {
+    if (separatorGoesOn()) return;
     const bool isPoints =
-        scan.at(i) == ' ' && equalIgnoringAsciiCase(scan.span(i + 1, i + 4), "pts") && scan.at(i + 4) == ' ';
+        scan.at(i) == ' ' && equalIgnoringAsciiCase(scan.span(i + 1, 3), "pts") && scan.at(i + 4) == ' ';
     if (isPoints || scan.at(i - 1) == ',')
         word.clear();
     else
         partEnds_ = true;
-    return false;
 }
 
 // The unit behind a number, when the characters just taken end in it.
 void GivesWalk::points() {
     if (toLower(scan.at(i)) != 's' || scan.at(i + 1) != ' ') return;
     if (equalIgnoringAsciiCase(word.tail(), "pts"))
-        scan.recognise(scan.lineStart + i, word.tail(), "pts", StyleCategory::Keywords);
+        scan.recognise(i + 1, word.tail(), "pts", StyleCategory::Keywords);
 }
 
 // At `)`: a bonus must not end before its target. The error begins at the first "gives(" of the text.
 bool GivesWalk::closedInValue() {
     if (depth > 0) return close();
-    if (scan.firstGives < 0)
-        scan.firstGives = static_cast<Place>(findIgnoringAsciiCase(scan.text, tagWord(Tag::Gives)) + 1);
-    return failFrom(scan.lineStart + scan.firstGives - 1, ErrorReason::GivesNoTarget);
+    return failFrom(scan.firstGives(), ErrorReason::GivesNoTarget);
 }
 
 bool GivesWalk::valueStep(Act act) {
     switch (act) {
-        case Act::Open:
-            ++depth;
+        case Act::Append:
+            step(kValue, act);
+            points();
             return false;
         case Act::Close:
             return closedInValue();
-        case Act::Quote:
-            quote();
-            return false;
         case Act::Separator:
-            return separator();
-        case Act::Colon:
-            prefixTest(scan, i, word);
+            separator();
             return false;
-        case Act::Function:
-            return function(tagErrorStart(scan, start));
         case Act::Division:
             if (i == bonusStart_) return fail(ErrorReason::GivesDivision);
-            [[fallthrough]];
-        case Act::Math:
             math();
             return false;
         case Act::Bar:
             return fail(ErrorReason::GivesBar);
         default:
-            append(kValue, Act::Append);
-            points();
-            return false;
+            return step(kValue, act);
     }
 }
 
 bool GivesWalk::value() {
     partEnds_ = false;
-    for (; i <= scan.length(); ++i) {
+    for (; scan.isInside(i); ++i) {
         if (valueStep(kValue[scan.at(i)])) return true;
         if (partEnds_) break;
     }
@@ -143,7 +113,7 @@ bool GivesWalk::value() {
 }
 
 void GivesWalk::to() {
-    const auto look = scan.span(i, i + 2);
+    const auto look = scan.span(i, 2);
     if (!equalIgnoringAsciiCase(look, "to")) return;
     word.append(look);
     i += 2;
@@ -154,7 +124,7 @@ void GivesWalk::to() {
 // At a blank of the target.
 bool GivesWalk::upto() {
     endWord(scan, i, word);
-    const auto next = scan.span(i + 1, i + 5);
+    const auto next = scan.span(i + 1, 4);
     if (!equalIgnoringAsciiCase(next, "upto")) return false;
     if (!toSeen_) return fail(ErrorReason::GivesUptoWithoutTo);
     if (uptoSeen_) return fail(ErrorReason::GivesSecondUpto);
@@ -167,14 +137,6 @@ bool GivesWalk::upto() {
 
 bool GivesWalk::targetStep(Act act) {
     switch (act) {
-        case Act::Open:
-            ++depth;
-            return false;
-        case Act::Close:
-            return close();
-        case Act::Colon:
-            prefixTest(scan, i, word);
-            return false;
         case Act::Comma:
             partEnds_ = true;
             return false;
@@ -186,19 +148,16 @@ bool GivesWalk::targetStep(Act act) {
             word.clear();
             return false;
         case Act::Underscore:
-            if (!word.empty()) word.append(scan.span(i, i + 1));
+            if (!word.empty()) word.append(scan.span(i, 1));
             return false;
-        case Act::Function:
-            return function(tagErrorStart(scan, start));
         default:
-            append(kTarget, Act::Append);
-            return false;
+            return step(kTarget, act);
     }
 }
 
 bool GivesWalk::target() {
     partEnds_ = false;
-    for (; i <= scan.length(); ++i) {
+    for (; scan.isInside(i); ++i) {
         if (targetStep(kTarget[scan.at(i)])) return true;
         if (partEnds_) break;
     }
@@ -206,8 +165,8 @@ bool GivesWalk::target() {
     return false;
 }
 
-Place GivesWalk::run() {
-    for (; i <= scan.length(); ++i) {
+ScanPosition GivesWalk::run() {
+    for (; scan.isInside(i); ++i) {
         bonusStart_ = i;
         word.clear();
         inQuote = toSeen_ = uptoSeen_ = false;
@@ -215,12 +174,12 @@ Place GivesWalk::run() {
         to();
         if (target()) return result;
     }
-    return scan.length() + 1;
+    return scan.end();
 }
 
 }  // namespace
 
-Place CheckGives(Scan& scan, Place position) {
+ScanPosition CheckGives(Scan& scan, ScanPosition position) {
     return GivesWalk(scan, position).run();
 }
 

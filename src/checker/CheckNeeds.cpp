@@ -1,31 +1,16 @@
 #include "checker/Scanners.h"
 #include "checker/ValueWalk.h"
-#include "language/CharTable.h"
 
 namespace klt {
 
 namespace {
 
-enum class Act : unsigned char {
-    Append,
-    Open,
-    Close,
-    Colon,
-    Compare,
-    Equals,
-    Math,
-    Bracket,
-    Clause,
-    Blank,
-    Break,
-    Quote,
-    Function,
-};
+using Act = ValueAct;
 
 constexpr CharTable<Act> kNumberName(Act::Append, {
                                                       {"(", Act::Open},
                                                       {")", Act::Close},
-                                                      {":", Act::Colon},
+                                                      {":", Act::Prefix},
                                                       {",|", Act::Clause},
                                                       {" ", Act::Blank},
                                                       {"_\t\r\n", Act::Break},
@@ -33,7 +18,7 @@ constexpr CharTable<Act> kNumberName(Act::Append, {
 constexpr CharTable<Act> kLeft(Act::Append, {
                                                 {"(", Act::Open},
                                                 {")", Act::Close},
-                                                {":", Act::Colon},
+                                                {":", Act::Prefix},
                                                 {"<>=", Act::Compare},
                                                 {"{}[]", Act::Bracket},
                                                 {"|,", Act::Clause},
@@ -45,8 +30,8 @@ constexpr CharTable<Act> kRight(Act::Append, {
                                                  {"(", Act::Open},
                                                  {")", Act::Close},
                                                  {"\"", Act::Quote},
-                                                 {" _\t\r\n", Act::Blank},
-                                                 {":", Act::Colon},
+                                                 {" _\t\r\n", Act::Separator},
+                                                 {":", Act::Prefix},
                                                  {"@", Act::Function},
                                                  {"=+-*/", Act::Math},
                                                  {"|,", Act::Clause},
@@ -63,17 +48,19 @@ class NeedsWalk : public ValueWalk {
 public:
     using ValueWalk::ValueWalk;
 
-    Place run();
+    ScanPosition run();
 
 private:
-    // Each part leaves `i` at the end of the clause, or one behind the end of the text, and says whether the
-    // scanner ends there.
+    // Each part leaves `i` at the end of the clause, or of the text, and says whether the scanner ends there.
     bool clause();
     bool numberClause();
     bool leftSide();
     bool rightSide();
     void operatorSign();
-    bool nameStep(Act act);
+    bool nameStep(const Table& table, Act act);
+    bool leftStep(Act act);
+    bool rightStep(Act act);
+    void prefix();
     bool textEnds();
     bool isNumberClause() const;
     void stepOverBreaks();
@@ -84,7 +71,7 @@ private:
 
 // A run of blanks and breaks at the start of a clause is stepped over whole if it holds a break.
 void NeedsWalk::stepOverBreaks() {
-    Place end = i;
+    auto end = i;
     bool holdsBreak = false;
     for (; scan.at(end) == ' ' || isBreak(scan.at(end)); ++end)
         holdsBreak = holdsBreak || isBreak(scan.at(end));
@@ -93,26 +80,21 @@ void NeedsWalk::stepOverBreaks() {
 
 // Whether the text from here up to the next blank is a number. There must be a blank here or further on.
 bool NeedsWalk::isNumberClause() const {
-    Place end = i + 1;
+    auto end = i + 1;
     const auto isNumeric = [](char c) {
         return isDigit(c) || c == '+' || c == '-' || c == '.' || toLower(c) == 'e';
     };
     if (scan.at(i) != ' ' && !isNumeric(scan.at(i))) return false;
     while (isNumeric(scan.at(end))) ++end;
-    const bool endsInText = end > scan.length();
-    if (!endsInText && scan.at(end) != ' ') return false;
-    if (endsInText && scan.at(i) != ' ') return false;
+    const bool reachesEnd = !scan.isInside(end);
+    if (!reachesEnd && scan.at(end) != ' ') return false;
+    if (reachesEnd && scan.at(i) != ' ') return false;
     return isNumber(scan.span(i, end));
 }
 
 // What the number clause and the left side do alike.
-bool NeedsWalk::nameStep(Act act) {
+bool NeedsWalk::nameStep(const Table& table, Act act) {
     switch (act) {
-        case Act::Open:
-            ++depth;
-            return false;
-        case Act::Close:
-            return close();
         case Act::Clause:
             endWord(scan, i, word);
             clauseEnds_ = true;
@@ -123,7 +105,7 @@ bool NeedsWalk::nameStep(Act act) {
         case Act::Bracket:
             return fail(ErrorReason::NeedsBracket);
         default:
-            return false;
+            return step(table, act);
     }
 }
 
@@ -131,90 +113,83 @@ bool NeedsWalk::nameStep(Act act) {
 bool NeedsWalk::textEnds() {
     if (!scan.line.isField) return false;
     ColourWord(scan, i, word);
-    return endsWithText();
+    return ends(scan.end());
 }
 
 bool NeedsWalk::numberClause() {
     skipBlank();
     while (isDigit(scan.at(i))) ++i;
-    if (i > scan.length()) return textEnds();
+    if (!scan.isInside(i)) return textEnds();
     if (scan.at(i) != ' ') return fail(ErrorReason::NeedsNumber);
-    for (++i; i <= scan.length(); ++i) {
-        const auto act = kNumberName[scan.at(i)];
-        if (act == Act::Append)
-            append(kNumberName, Act::Append);
-        else if (act == Act::Colon)
-            prefixTest(scan, i, word);
-        else if (nameStep(act))
-            return true;
+    for (++i; scan.isInside(i); ++i) {
+        if (nameStep(kNumberName, kNumberName[scan.at(i)])) return true;
         if (clauseEnds_) return false;
     }
     return textEnds();
 }
 
-bool NeedsWalk::leftSide() {
-    skipBlank();
-    for (; i <= scan.length(); ++i) {
-        const auto act = kLeft[scan.at(i)];
-        if (act == Act::Append) {
-            append(kLeft, Act::Append);
-        } else if (act == Act::Colon) {
-            if (prefixSeen_)
-                word.append(scan.span(i, i + 1));
-            else
-                prefixTest(scan, i, word);
-            prefixSeen_ = true;
-        } else if (act == Act::Quote) {
+// Behind the first prefix tag a colon is a character of the name.
+void NeedsWalk::prefix() {
+    if (prefixSeen_)
+        word.append(scan.span(i, 1));
+    else
+        prefixTest(scan, i, word);
+    prefixSeen_ = true;
+}
+
+bool NeedsWalk::leftStep(Act act) {
+    switch (act) {
+        case Act::Prefix:
+            prefix();
+            return false;
+        case Act::Quote:
             inQuote = !inQuote;
-        } else if (act == Act::Compare) {
+            return false;
+        case Act::Compare: {
             endWord(scan, i, word);
             operatorSign();
-            return rightSide();
-        } else if (nameStep(act)) {
-            return true;
+            const bool scannerEnds = rightSide();
+            clauseEnds_ = true;
+            return scannerEnds;
         }
+        default:
+            return nameStep(kLeft, act);
+    }
+}
+
+bool NeedsWalk::leftSide() {
+    skipBlank();
+    for (; scan.isInside(i); ++i) {
+        if (leftStep(kLeft[scan.at(i)])) return true;
         if (clauseEnds_) return false;
     }
     return textEnds();
 }
 
 void NeedsWalk::operatorSign() {
-    const Place length = isCompare(scan.at(i + 1)) ? 2 : 1;
-    scan.colour(scan.lineStart + i - 1, scan.lineStart + i - 1 + length, StyleCategory::MathCharacters);
-    i += length;
+    const auto end = i + (isCompare(scan.at(i + 1)) ? 2 : 1);
+    scan.colour(i, end, StyleCategory::MathCharacters);
+    i = end;
+}
+
+bool NeedsWalk::rightStep(Act act) {
+    switch (act) {
+        case Act::Separator:
+            clauseEnds_ = !separatorGoesOn();
+            return false;
+        case Act::Clause:
+            ColourWord(scan, i, word);
+            clauseEnds_ = true;
+            return false;
+        default:
+            return step(kRight, act);
+    }
 }
 
 bool NeedsWalk::rightSide() {
-    for (; i <= scan.length(); ++i) {
-        switch (kRight[scan.at(i)]) {
-            case Act::Append:
-                append(kRight, Act::Append);
-                break;
-            case Act::Open:
-                ++depth;
-                break;
-            case Act::Close:
-                if (close()) return true;
-                break;
-            case Act::Quote:
-                quote();
-                break;
-            case Act::Blank:
-                if (!separatorGoesOn()) return false;
-                break;
-            case Act::Colon:
-                prefixTest(scan, i, word);
-                break;
-            case Act::Function:
-                if (function(tagErrorStart(scan, start))) return true;
-                break;
-            case Act::Math:
-                math();
-                break;
-            default:
-                ColourWord(scan, i, word);
-                return false;
-        }
+    for (; scan.isInside(i); ++i) {
+        if (rightStep(kRight[scan.at(i)])) return true;
+        if (clauseEnds_) return false;
     }
     return textEnds();
 }
@@ -223,15 +198,15 @@ bool NeedsWalk::clause() {
     word.clear();
     prefixSeen_ = inQuote = clauseEnds_ = false;
     stepOverBreaks();
-    if (i > scan.length()) return false;
+    if (!scan.isInside(i)) return false;
     return isNumberClause() ? numberClause() : leftSide();
 }
 
-Place NeedsWalk::run() {
+ScanPosition NeedsWalk::run() {
     if (scan.at(i) == '(') ++i;
-    for (; i <= scan.length(); ++i)
+    for (; scan.isInside(i); ++i)
         if (clause()) return result;
-    i = scan.length() + 1;
+    i = scan.end();
     if (scan.line.isField) return i;
     fail(ErrorReason::NeedsNotClosed);
     return result;
@@ -239,7 +214,7 @@ Place NeedsWalk::run() {
 
 }  // namespace
 
-Place CheckNeeds(Scan& scan, Place position) {
+ScanPosition CheckNeeds(Scan& scan, ScanPosition position) {
     return NeedsWalk(scan, position).run();
 }
 

@@ -35,14 +35,14 @@ constexpr auto kReserved = [] {
 constexpr WordList kReservedWords(kReserved);
 
 template <size_t N>
-bool recogniseIn(const WordList<N>& list, Scan& scan, Position end, std::string_view word,
+bool recogniseIn(const WordList<N>& list, Scan& scan, ScanPosition end, std::string_view word,
                  StyleCategory style) {
     const int i = list.find(word);
     if (i >= 0) scan.recognise(end, word, list[i], style);
     return i >= 0;
 }
 
-bool colourSpecialKeyword(Scan& scan, Position end, std::string_view word) {
+bool colourSpecialKeyword(Scan& scan, ScanPosition end, std::string_view word) {
     switch (scan.CurrentTag) {
         case Tag::Gives:
             return recogniseIn(kGivesKeywords, scan, end, word, StyleCategory::SpecialKeywords);
@@ -55,8 +55,8 @@ bool colourSpecialKeyword(Scan& scan, Position end, std::string_view word) {
     }
 }
 
-void rejectForeignKeyword(Scan& scan, Position end, std::string_view word) {
-    const auto start = end - static_cast<Position>(word.size());
+void rejectForeignKeyword(Scan& scan, ScanPosition end, std::string_view word) {
+    const auto start = end - word.size();
     if (scan.CurrentTag != Tag::Gives && kGivesKeywords.find(word) >= 0)
         scan.error(start, end, ErrorReason::KeywordOfGives);
     else if (scan.CurrentTag != Tag::Needs && kNeedsKeywords.find(word) >= 0)
@@ -67,15 +67,14 @@ void rejectForeignKeyword(Scan& scan, Position end, std::string_view word) {
 
 }  // namespace
 
-void colourCollected(Scan& scan, Place i, const WordBuffer& collected) {
-    const auto end = scan.lineStart + i - 1;
+void colourCollected(Scan& scan, ScanPosition end, const WordBuffer& collected) {
     const auto word = collected.view();
     const bool isReserved = kReservedWords.find(word) >= 0;
     if (isReserved && colourSpecialKeyword(scan, end, word)) return;
     const auto& stack = scan.state.functionStack;
     if (!stack.isAllocated()) {
         // Before the first pass there is no stack to look at, and the look counts as a hit.
-        scan.colour(end - static_cast<Position>(collected.size()), end, StyleCategory::Keywords);
+        scan.colour(end - collected.size(), end, StyleCategory::Keywords);
         return;
     }
     if (!isReserved) return;

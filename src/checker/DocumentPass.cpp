@@ -196,7 +196,7 @@ void CheckField(StyledText& field, CheckerState& state, std::string_view tag, Er
     if (!parenthesesMatch(text)) return scan.wholeError(ErrorReason::ParenthesesDiffer);
     scan.CurrentTag = fieldTag(tag);
     if (scan.CurrentTag == Tag::None || scan.CurrentTag == Tag::Type) return;
-    checkTagValue(scan, 1);
+    checkTagValue(scan, kFirst);
     line.end();
 }
 

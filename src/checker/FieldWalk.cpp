@@ -1,7 +1,6 @@
 #include "checker/Restarts.h"
 #include "checker/Scanners.h"
 #include "checker/Structures.h"
-#include "language/CharTable.h"
 #include "text/Unicode.h"
 
 namespace klt {
@@ -34,11 +33,11 @@ private:
     bool bareField();
     void lastField();
 
-    Place secondField(Place fieldStart);
+    ScanPosition secondField(ScanPosition fieldStart);
     bool restart();
     bool hasSecondField() const;
-    Place behindCharacter(Place i) const;
-    Place frontOfCharacter(Place i) const;
+    ScanPosition behindCharacter(ScanPosition i) const;
+    ScanPosition frontOfCharacter(ScanPosition i) const;
     bool wholeError(ErrorReason reason) {
         scan_.wholeError(reason);
         return false;
@@ -46,34 +45,35 @@ private:
 
     Scan& scan_;
     const Section section_;
-    Place i_ = 1;
-    Place fieldStart_ = 0;
+    ScanPosition i_;
+    ScanPosition fieldStart_;
     WordBuffer word_;
-    Place skipped_ = 0;
-    Place tagCount_ = 0;
+    // The characters passed over since the last tag.
+    size_t skipped_ = 0;
+    int tagCount_ = 0;
     bool costSeen_ = false;
-    Place depth_ = 0;
+    int depth_ = 0;
 };
 
-// The place behind the character that begins at `i`.
-Place FieldWalk::behindCharacter(Place i) const {
+// Behind the character that begins at `i`.
+ScanPosition FieldWalk::behindCharacter(ScanPosition i) const {
     do ++i;
     while (isContinuation(scan_.at(i)));
     return i;
 }
 
 // Bytes that belong to no character stand for themselves, or the walk could come back in front of a comma.
-Place FieldWalk::frontOfCharacter(Place i) const {
-    Place front = i;
-    while (front > 1 && isContinuation(scan_.at(front))) --front;
+ScanPosition FieldWalk::frontOfCharacter(ScanPosition i) const {
+    auto front = i;
+    while (front > kFirst && isContinuation(scan_.at(front))) --front;
     return (scan_.at(front) & 0x80) != 0 ? front : i;
 }
 
 // The item name, up to the first comma outside parentheses.
 bool FieldWalk::name() {
-    Place depth = 0;
-    for (; i_ <= scan_.length(); ++i_) {
-        i_ = static_cast<Place>(kName.skip(scan_.text, static_cast<size_t>(i_ - 1), Act::Append)) + 1;
+    int depth = 0;
+    for (; scan_.isInside(i_); ++i_) {
+        i_ = ScanPosition(kName.skip(scan_.text, i_.offset(), Act::Append));
         const char c = scan_.at(i_);
         if (c == '(') ++depth;
         if (c == ')' && depth-- == 0) return wholeError(ErrorReason::ClosedBeforeOpened);
@@ -85,7 +85,7 @@ bool FieldWalk::name() {
 }
 
 bool FieldWalk::fields() {
-    for (i_ = fieldStart_; i_ <= scan_.length(); ++i_)
+    for (i_ = fieldStart_; scan_.isInside(i_); ++i_)
         if (!step()) return false;
     return true;
 }
@@ -95,7 +95,7 @@ bool FieldWalk::step() {
         case Act::Open:
             ++tagCount_;
             ++depth_;
-            word_.append(scan_.span(i_, i_ + 1));
+            word_.append(scan_.span(i_, 1));
             return tag();
         case Act::Close:
             return depth_-- > 0 || wholeError(ErrorReason::ClosedBeforeOpened);
@@ -107,13 +107,9 @@ bool FieldWalk::step() {
         case Act::PassOver:
             ++skipped_;
             return true;
-        case Act::Append: {
-            const auto from = static_cast<size_t>(i_ - 1);
-            const auto end = kFields.skip(scan_.text, from, Act::Append);
-            word_.append(scan_.text.substr(from, end - from));
-            i_ = static_cast<Place>(end);
+        case Act::Append:
+            scan_.collect(kFields, i_, word_);
             return true;
-        }
     }
     return true;
 }
@@ -126,10 +122,10 @@ bool FieldWalk::tag() {
     if (!IsTagValid(tag, section_)) return wholeError(ErrorReason::TagOfOtherSection);
 
     scan_.CurrentTag = tag;
-    const auto end = scan_.lineStart + i_;
-    const auto length = static_cast<Position>(word.size());
-    if (word != tagWord(tag)) scan_.line.rewrite(end - length, tagWord(tag));
-    scan_.colour(end - length - skipped_, end, StyleCategory::PackageItemsAndItemTags);
+    const auto end = i_ + 1;
+    const auto start = end - word.size();
+    if (word != tagWord(tag)) scan_.rewrite(start, tagWord(tag));
+    scan_.colour(start - skipped_, end, StyleCategory::PackageItemsAndItemTags);
 
     if (tag == Tag::Type) {
         ++tagCount_;
@@ -150,7 +146,7 @@ bool FieldWalk::hasSecondField() const {
 }
 
 // The second field by the section's scanner, from where it is told to begin.
-Place FieldWalk::secondField(Place fieldStart) {
+ScanPosition FieldWalk::secondField(ScanPosition fieldStart) {
     switch (section_) {
         case Section::Ads:
         case Section::Disads:
@@ -159,15 +155,13 @@ Place FieldWalk::secondField(Place fieldStart) {
             return CheckCost(scan_, fieldStart, ',');
         case Section::Skills:
             return CheckSkillType(scan_, fieldStart, ',');
-        case Section::Mods:
+        default:  // [MODS]: the others have no second field, or a structure of their own
             return CheckModValue(scan_, fieldStart);
-        default:
-            return 0;
     }
 }
 
-// No scanner says where to go on, and the count of characters passed over stands in for the place: the walk
-// restarts near the start of the line. False always, for it has then been walked to its end.
+// No scanner says where to go on. The walk restarts behind as many characters as it has passed over since the
+// last tag, near the start of the line. False always: it is walked to its end here.
 bool FieldWalk::restart() {
     switch (walkRestarts(scan_.text, skipped_)) {
         case RestartEnd::TagMet:
@@ -187,7 +181,7 @@ bool FieldWalk::restart() {
 bool FieldWalk::bareField() {
     if (section_ == Section::Spells || section_ == Section::Stats) return wholeError(ErrorReason::BareField);
     if (!hasSecondField()) return restart();
-    auto start = frontOfCharacter(i_ - static_cast<Place>(word_.size()));
+    auto start = frontOfCharacter(i_ - word_.size());
     if (section_ != Section::Skills) start = behindCharacter(start);
     i_ = secondField(start);
     costSeen_ = true;

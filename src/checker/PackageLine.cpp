@@ -1,5 +1,7 @@
 // The lines of [PACKAGES].
 
+#include <optional>
+
 #include "checker/Structures.h"
 #include "language/Vocabulary.h"
 #include "text/Ascii.h"
@@ -12,10 +14,8 @@ namespace {
 constexpr std::string_view kAt = " .AT. ";
 constexpr std::string_view kWith = " .WITH. ";
 constexpr std::string_view kAnd = " .AND. ";
-
-constexpr Place widthOf(std::string_view word) {
-    return static_cast<Place>(word.size());
-}
+constexpr std::string_view kRace = "Race";
+constexpr std::string_view kAdjustment = "Adj";
 
 // Without its last three characters.
 std::string_view cutThree(std::string_view text) {
@@ -33,126 +33,124 @@ public:
     void run();
 
 private:
+    // Each from behind the words that have told it from the others.
     void emessage();
-    void add();
-    void race();
-    void attribute(int index);
-    void addItem();
-    void create();
+    void add(ScanPosition from);
+    void race(ScanPosition from);
+    void attribute(ScanPosition from, int index);
+    void addItem(ScanPosition from);
+    void create(ScanPosition from);
 
-    /// What is before `.AT.` or `.WITH.`, from `start_` to the given place. False where the line is done
+    /// What stands in front of `.AT.` or `.WITH.`, from `start_` up to `end`. False where the line is done
     /// with.
-    bool nameScan(Place end);
-    bool itemCheck(Place end);
-    /// The forms with both words, `.WITH.` or `.AT.` alone, and neither, around either of the two above.
-    using Head = bool (PackageLine::*)(Place end);
-    void withBehindAt(Head head);
-    void atBehindWith(Head head);
-    void onlyAt(Head head);
-    void onlyWith(Head head);
+    using Head = bool (PackageLine::*)(ScanPosition end);
+    bool nameScan(ScanPosition end);
+    bool itemCheck(ScanPosition end);
+    /// A line of a head and what `.AT.` and `.WITH.` bring; `takesWith`: the second is looked for at all.
+    void headAndWords(Head head, bool takesWith);
+    void withBehindAt(Head head, ScanPosition at, ScanPosition with);
+    void atBehindWith(Head head, ScanPosition with, ScanPosition at);
+    void onlyAt(Head head, ScanPosition at);
+    void onlyWith(Head head, ScanPosition with);
 
     /// Colours the prefix tag that begins at `from`; its index, or -1.
-    int prefixTag(Place from);
-    bool modifierList(Place from, Place end);
-    void levelTest(Place from, Place end);
-    bool part(Section section, Place from, Place end);
+    int prefixTag(ScanPosition from);
+    bool modifierList(ScanPosition from, ScanPosition end);
+    void levelTest(ScanPosition from, ScanPosition end);
+    bool part(Section section, ScanPosition from, ScanPosition end);
 
-    Place find(std::string_view word, Place from = 1) const;
-    Place findLastAnd() const;
-    void mark(Place hit, std::string_view word);
-    Place textEnd() const { return scan_.length() + 1; }
+    /// Where a word stands, blanks included.
+    using Hit = std::optional<ScanPosition>;
+    Hit find(std::string_view word, ScanPosition from = kFirst) const;
+    Hit findLastAnd() const;
+    void mark(ScanPosition hit, std::string_view word);
     bool wholeError(ErrorReason reason) {
         scan_.wholeError(reason);
         return false;
     }
 
     Scan& scan_;
-    // Where the name or item text begins, and the blanks before the two words; 0 where a word is missing.
-    Place start_ = 0;
-    Place at_ = 0;
-    Place with_ = 0;
+    // Where the name or item text begins.
+    ScanPosition start_;
     Section section_ = Section::Stats;
 };
 
-// The place of the first hit at or behind `from`, or 0.
-Place PackageLine::find(std::string_view word, Place from) const {
-    return static_cast<Place>(findIgnoringAsciiCase(scan_.text, word, static_cast<size_t>(from - 1)) + 1);
+PackageLine::Hit PackageLine::find(std::string_view word, ScanPosition from) const {
+    const auto hit = findIgnoringAsciiCase(scan_.text, word, from.offset());
+    return hit == std::string_view::npos ? Hit() : ScanPosition(hit);
 }
 
-Place PackageLine::findLastAnd() const {
-    for (Place i = scan_.length() - widthOf(kAnd) + 1; i >= 1; --i)
-        if (equalIgnoringAsciiCase(scan_.span(i, i + widthOf(kAnd)), kAnd)) return i;
-    return 0;
+PackageLine::Hit PackageLine::findLastAnd() const {
+    for (auto i = scan_.end() - kAnd.size(); i >= kFirst; --i)
+        if (equalIgnoringAsciiCase(scan_.span(i, kAnd.size()), kAnd)) return i;
+    return std::nullopt;
 }
 
 // Rewrites and colours the word between the blanks of a hit.
-void PackageLine::mark(Place hit, std::string_view word) {
+void PackageLine::mark(ScanPosition hit, std::string_view word) {
     const auto inner = trimBlanks(word);
-    const auto end = hit + 1 + widthOf(inner);
-    scan_.recognise(scan_.lineStart + end - 1, scan_.span(hit + 1, end), inner,
+    const auto start = hit + 1;
+    scan_.recognise(start + inner.size(), scan_.span(start, inner.size()), inner,
                     StyleCategory::PackageItemsAndItemTags);
 }
 
 void PackageLine::run() {
-    const auto equals = scan_.find('=', 1);
-    if (equals > scan_.length()) return scan_.wholeError(ErrorReason::NoEqualsSign);
-    const auto word = scan_.span(1, equals + 1);
+    const auto equals = scan_.find('=');
+    if (!scan_.isInside(equals)) return scan_.wholeError(ErrorReason::NoEqualsSign);
+    const auto behind = equals + 1;
+    const auto word = scan_.span(kFirst, behind);
     const int index = kPackageWords.find(word);
     if (index < 0) return scan_.wholeError(ErrorReason::UnknownPackageWord);
     const auto spelling = kPackageWords[index];
-    scan_.recognise(scan_.lineStart + equals, word, spelling, StyleCategory::PackageItemsAndItemTags);
+    scan_.recognise(behind, word, spelling, StyleCategory::PackageItemsAndItemTags);
     if (spelling == "EMESSAGE=")
         emessage();
     else if (spelling == "ADD=")
-        add();
+        add(behind);
     else if (spelling == "CREATE=")
-        create();
+        create(behind);
 }
 
 void PackageLine::emessage() {
     const auto with = find(kWith);
-    if (with == 0) return scan_.wholeError(ErrorReason::NoWith);
-    mark(with, kWith);
+    if (!with) return scan_.wholeError(ErrorReason::NoWith);
+    mark(*with, kWith);
     constexpr std::string_view kNewParagraph = " ~P ";
-    for (Place hit = find(kNewParagraph, 2); hit != 0; hit = find(kNewParagraph, hit + 2))
-        scan_.recognise(scan_.lineStart + hit + 2, scan_.span(hit + 1, hit + 3), "~P",
-                        StyleCategory::Keywords);
+    for (auto hit = find(kNewParagraph, kFirst + 1); hit; hit = find(kNewParagraph, *hit + 2))
+        scan_.recognise(*hit + 3, scan_.span(*hit + 1, 2), "~P", StyleCategory::Keywords);
 }
 
-void PackageLine::add() {
-    constexpr Place kName = 5;
-    const int attributeIndex = kAttributes.find(scan_.span(kName, kName + 2));
-    if (equalIgnoringAsciiCase(scan_.span(kName, kName + 4), "RACE"))
-        race();
+void PackageLine::add(ScanPosition from) {
+    const int attributeIndex = kAttributes.find(scan_.span(from, 2));
+    if (equalIgnoringAsciiCase(scan_.span(from, kRace.size()), kRace))
+        race(from);
     else if (attributeIndex >= 0)
-        attribute(attributeIndex);
+        attribute(from, attributeIndex);
     else
-        addItem();
+        addItem(from);
 }
 
-void PackageLine::race() {
-    constexpr Place kRaceAt = 9;
-    scan_.line.rewrite(scan_.lineStart + 4, "Race");
-    const auto name = kRaceAt + widthOf(kAt);
-    if (!equalIgnoringAsciiCase(scan_.span(kRaceAt, name), kAt))
+void PackageLine::race(ScanPosition from) {
+    scan_.rewrite(from, kRace);
+    const auto at = from + kRace.size();
+    if (!equalIgnoringAsciiCase(scan_.span(at, kAt.size()), kAt))
         return scan_.wholeError(ErrorReason::RaceWithoutAt);
-    mark(kRaceAt, kAt);
-    if (trimBlanks(scan_.span(name, textEnd())).empty()) scan_.wholeError(ErrorReason::RaceEmpty);
+    mark(at, kAt);
+    if (trimBlanks(scan_.span(at + kAt.size(), scan_.end())).empty())
+        scan_.wholeError(ErrorReason::RaceEmpty);
 }
 
-void PackageLine::attribute(int index) {
-    constexpr Place kSuffix = 7;
-    scan_.line.rewrite(scan_.lineStart + 4, kAttributes[index]);
-    Place at = kSuffix;
-    if (equalIgnoringAsciiCase(scan_.span(kSuffix, kSuffix + 3), "ADJ")) {
-        scan_.line.rewrite(scan_.lineStart + kSuffix - 1, "Adj");
-        at += 3;
+void PackageLine::attribute(ScanPosition from, int index) {
+    scan_.rewrite(from, kAttributes[index]);
+    auto at = from + kAttributes[index].size();
+    if (equalIgnoringAsciiCase(scan_.span(at, kAdjustment.size()), kAdjustment)) {
+        scan_.rewrite(at, kAdjustment);
+        at += kAdjustment.size();
     }
-    const auto value = at + widthOf(kAt);
-    if (!equalIgnoringAsciiCase(scan_.span(at, value), kAt))
+    if (!equalIgnoringAsciiCase(scan_.span(at, kAt.size()), kAt))
         return scan_.wholeError(ErrorReason::AttributeWithoutAt);
     mark(at, kAt);
-    for (Place i = value; i <= scan_.length(); ++i) {
+    for (auto i = at + kAt.size(); scan_.isInside(i); ++i) {
         const char c = scan_.at(i);
         if (c == '+' || c == '-')
             scan_.colourAt(i, StyleCategory::MathCharacters);
@@ -161,85 +159,75 @@ void PackageLine::attribute(int index) {
     }
 }
 
-int PackageLine::prefixTag(Place from) {
+int PackageLine::prefixTag(ScanPosition from) {
+    start_ = from;
     const auto colon = scan_.find(':', from);
-    if (colon > scan_.length()) {
-        start_ = from;
-        return -1;
-    }
+    if (!scan_.isInside(colon)) return -1;
     start_ = colon + 1;
     const auto word = scan_.span(from, start_);
     const int prefix = kPrefixTags.find(word);
-    if (prefix >= 0)
-        scan_.recognise(scan_.lineStart + colon, word, kPrefixTags[prefix], StyleCategory::PrefixTags);
+    if (prefix >= 0) scan_.recognise(start_, word, kPrefixTags[prefix], StyleCategory::PrefixTags);
     return prefix;
 }
 
-void PackageLine::addItem() {
-    constexpr Place kPrefix = 5;
-    if (!isAddPrefix(prefixTag(kPrefix))) return scan_.wholeError(ErrorReason::AddPrefix);
-    at_ = find(kAt);
-    with_ = find(kWith);
-    constexpr Head kHead = &PackageLine::nameScan;
-    if (at_ != 0 && with_ != 0)
-        at_ <= with_ ? withBehindAt(kHead) : atBehindWith(kHead);
-    else if (at_ != 0)
-        onlyAt(kHead);
-    else if (with_ != 0)
-        onlyWith(kHead);
-    else
-        nameScan(textEnd());
+void PackageLine::addItem(ScanPosition from) {
+    if (!isAddPrefix(prefixTag(from))) return scan_.wholeError(ErrorReason::AddPrefix);
+    headAndWords(&PackageLine::nameScan, true);
 }
 
-void PackageLine::create() {
-    constexpr Place kPrefix = 8;
-    const auto section = sectionOfPrefix(prefixTag(kPrefix));
+void PackageLine::create(ScanPosition from) {
+    const auto section = sectionOfPrefix(prefixTag(from));
     section_ = section == Section::Other ? Section::Stats : section;
-    at_ = find(kAt);
-    with_ = find(kWith);
-    constexpr Head kHead = &PackageLine::itemCheck;
-    const bool takesWith = section_ != Section::Spells && section_ != Section::Stats;
-    if (at_ != 0 && with_ != 0 && takesWith)
-        at_ <= with_ ? withBehindAt(kHead) : atBehindWith(kHead);
-    else if (at_ != 0)
-        onlyAt(kHead);
-    else if (with_ != 0 && takesWith)
-        onlyWith(kHead);
+    headAndWords(&PackageLine::itemCheck, section_ != Section::Spells && section_ != Section::Stats);
+}
+
+void PackageLine::headAndWords(Head head, bool takesWith) {
+    const auto at = find(kAt);
+    const auto with = takesWith ? find(kWith) : Hit();
+    if (at && with && *at <= *with)
+        withBehindAt(head, *at, *with);
+    else if (at && with)
+        atBehindWith(head, *with, *at);
+    else if (at)
+        onlyAt(head, *at);
+    else if (with)
+        onlyWith(head, *with);
     else
-        itemCheck(textEnd());
+        (this->*head)(scan_.end());
 }
 
 // Nothing behind `.WITH.` is looked at.
-void PackageLine::withBehindAt(Head head) {
-    mark(at_, kAt);
-    if (!(this->*head)(at_)) return;
-    mark(with_, kWith);
-    levelTest(at_ + widthOf(kAt), with_);
-}
-
-void PackageLine::atBehindWith(Head head) {
-    mark(with_, kWith);
-    if (!(this->*head)(with_)) return;
-    const auto lastAnd = findLastAnd();
-    const auto at = lastAnd == 0 ? at_ : find(kAt, lastAnd + widthOf(kAnd));
-    if (!modifierList(with_ + widthOf(kWith), at == 0 ? textEnd() : at)) return;
-    if (at == 0) return scan_.wholeError(ErrorReason::BadLevel);
+void PackageLine::withBehindAt(Head head, ScanPosition at, ScanPosition with) {
     mark(at, kAt);
-    levelTest(at + widthOf(kAt), textEnd());
+    if (!(this->*head)(at)) return;
+    mark(with, kWith);
+    levelTest(at + kAt.size(), with);
 }
 
-void PackageLine::onlyAt(Head head) {
-    mark(at_, kAt);
-    if ((this->*head)(at_)) levelTest(at_ + widthOf(kAt), textEnd());
+// The level is behind the last `.AND.`; an `.AT.` in front of it is part of a modifier.
+void PackageLine::atBehindWith(Head head, ScanPosition with, ScanPosition firstAt) {
+    mark(with, kWith);
+    if (!(this->*head)(with)) return;
+    const auto lastAnd = findLastAnd();
+    const auto at = lastAnd ? find(kAt, *lastAnd + kAnd.size()) : firstAt;
+    if (!modifierList(with + kWith.size(), at.value_or(scan_.end()))) return;
+    if (!at) return scan_.wholeError(ErrorReason::BadLevel);
+    mark(*at, kAt);
+    levelTest(*at + kAt.size(), scan_.end());
 }
 
-void PackageLine::onlyWith(Head head) {
-    mark(with_, kWith);
-    if ((this->*head)(with_)) modifierList(with_ + widthOf(kWith), textEnd());
+void PackageLine::onlyAt(Head head, ScanPosition at) {
+    mark(at, kAt);
+    if ((this->*head)(at)) levelTest(at + kAt.size(), scan_.end());
 }
 
-bool PackageLine::nameScan(Place end) {
-    Place depth = 0;
+void PackageLine::onlyWith(Head head, ScanPosition with) {
+    mark(with, kWith);
+    if ((this->*head)(with)) modifierList(with + kWith.size(), scan_.end());
+}
+
+bool PackageLine::nameScan(ScanPosition end) {
+    int depth = 0;
     for (const char c : scan_.span(start_, end)) {
         if (c == '(') ++depth;
         if (c == ')' && --depth == 0) return true;
@@ -248,26 +236,26 @@ bool PackageLine::nameScan(Place end) {
     return true;
 }
 
-bool PackageLine::itemCheck(Place end) {
+bool PackageLine::itemCheck(ScanPosition end) {
     return part(section_, start_, end);
 }
 
-bool PackageLine::modifierList(Place from, Place end) {
-    for (Place hit = find(kAnd, from); hit != 0; hit = find(kAnd, from)) {
-        mark(hit, kAnd);
-        if (!part(Section::Mods, from, hit)) return false;
-        from = hit + widthOf(kAnd);
+bool PackageLine::modifierList(ScanPosition from, ScanPosition end) {
+    for (auto hit = find(kAnd, from); hit; hit = find(kAnd, from)) {
+        mark(*hit, kAnd);
+        if (!part(Section::Mods, from, *hit)) return false;
+        from = *hit + kAnd.size();
     }
     return part(Section::Mods, from, end);
 }
 
-void PackageLine::levelTest(Place from, Place end) {
+void PackageLine::levelTest(ScanPosition from, ScanPosition end) {
     auto value = scan_.span(from, end);
     const auto unit = value.substr(value.size() - std::min<size_t>(value.size(), 3));
     const auto rest = cutThree(value);
     if (equalIgnoringAsciiCase(unit, "pts")) {
-        scan_.line.rewrite(scan_.lineStart + from - 1 + widthOf(value) - widthOf(unit), "pts");
         value.remove_suffix(unit.size());
+        scan_.rewrite(from + value.size(), "pts");
     } else if (!rest.empty()) {
         value = rest;
     }
@@ -276,10 +264,10 @@ void PackageLine::levelTest(Place from, Place end) {
 }
 
 // Checks a part of the line as a line of another section. False where the check of the whole line is over.
-bool PackageLine::part(Section section, Place from, Place end) {
+bool PackageLine::part(Section section, ScanPosition from, ScanPosition end) {
     auto& state = scan_.state;
     state.SetCurrentSection(sectionName(section));
-    CheckLine(scan_.line, scan_.span(from, end), scan_.lineStart + from - 1);
+    CheckLine(scan_.line, scan_.span(from, end), scan_.inDocument(from));
     state.SetCurrentSection(sectionName(Section::Packages));
     return !scan_.line.hasEnded;
 }

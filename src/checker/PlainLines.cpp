@@ -1,19 +1,17 @@
 // The lines of [BONUS] and [GROUPS].
 
 #include "checker/Structures.h"
-#include "language/CharTable.h"
 #include "language/Vocabulary.h"
 
 namespace klt {
 
 namespace {
 
-enum class Act : unsigned char { Append, Open, Close, Comma, Colon, Math, Digit, Blank };
+enum class Act : unsigned char { Append, Open, Close, Comma, Colon, Math, Digit };
 
 constexpr CharTable<Act> kAmount(Act::Append, {
                                                   {"+-*/", Act::Math},
                                                   {"0123456789", Act::Digit},
-                                                  {" ", Act::Blank},
                                               });
 constexpr CharTable<Act> kName(Act::Append, {
                                                 {"(", Act::Open},
@@ -29,11 +27,11 @@ struct NameRules {
     bool laterColons;
 };
 
-void checkName(Scan& scan, Place i, const NameRules& rules) {
+void checkName(Scan& scan, ScanPosition i, const NameRules& rules) {
     WordBuffer word;
-    Place depth = 0;
+    int depth = 0;
     bool prefixSeen = false;
-    for (; i <= scan.length(); ++i) {
+    for (; scan.isInside(i); ++i) {
         switch (kName[scan.at(i)]) {
             case Act::Open:
                 ++depth;
@@ -45,35 +43,29 @@ void checkName(Scan& scan, Place i, const NameRules& rules) {
             case Act::Comma:
                 return scan.wholeError(rules.comma);
             case Act::Colon: {
-                const auto length = static_cast<Position>(word.size()) + 1;
+                const auto start = i - word.size();
                 const bool isPrefix = prefixTest(scan, i, word);
-                if (!isPrefix && !(rules.laterColons && prefixSeen)) {
-                    const auto end = scan.lineStart + i;
-                    return scan.error(end - length, end, ErrorReason::UnknownPrefix);
-                }
+                if (!isPrefix && !(rules.laterColons && prefixSeen))
+                    return scan.error(start, i + 1, ErrorReason::UnknownPrefix);
                 prefixSeen = true;
                 break;
             }
-            default: {
-                const auto from = static_cast<size_t>(i - 1);
-                const auto end = kName.skip(scan.text, from, Act::Append);
-                word.append(scan.text.substr(from, end - from));
-                i = static_cast<Place>(end);
+            default:
+                scan.collect(kName, i, word);
                 break;
-            }
         }
     }
 }
 
-// The place of the blank that ends the amount, or one behind the end. A wrong character puts the whole line
-// in error, over which the math signs behind it are coloured.
-Place checkAmount(Scan& scan) {
-    Place end = 1;
-    Place lastWrong = 0;
-    for (; end <= scan.length() && scan.at(end) != ' '; ++end)
-        if (kAmount[scan.at(end)] == Act::Append) lastWrong = end;
-    if (lastWrong > 0) scan.wholeError(ErrorReason::BonusAmount);
-    for (Place i = lastWrong + 1; i < end; ++i)
+// The blank that ends the amount, or the end. A wrong character puts the whole line in error, over which the
+// math signs behind it are coloured.
+ScanPosition checkAmount(Scan& scan) {
+    const auto end = scan.find(' ');
+    auto behindWrong = kFirst;
+    for (auto i = kFirst; i < end; ++i)
+        if (kAmount[scan.at(i)] == Act::Append) behindWrong = i + 1;
+    if (behindWrong != kFirst) scan.wholeError(ErrorReason::BonusAmount);
+    for (auto i = behindWrong; i < end; ++i)
         if (kAmount[scan.at(i)] == Act::Math) scan.colourAt(i, StyleCategory::MathCharacters);
     return end;
 }
@@ -86,7 +78,7 @@ void checkBonusLine(Scan& scan) {
 }
 
 void checkGroupLine(Scan& scan) {
-    checkName(scan, 1, {.comma = ErrorReason::GroupComma, .laterColons = true});
+    checkName(scan, kFirst, {.comma = ErrorReason::GroupComma, .laterColons = true});
 }
 
 }  // namespace klt

@@ -20,12 +20,12 @@ constexpr CharTable<Act> kTable(Act::Word, {
                                                {"_\r\n\t|", Act::PassOver},
                                            });
 
-// What a walk from some place comes to: a count of characters passed over at its bare field, or its end.
-using Outcome = uint64_t;
-constexpr Outcome kTagMet = UINT64_MAX;
-constexpr Outcome kClosed = UINT64_MAX - 1;
-constexpr Outcome kTextEnds = UINT64_MAX - 2;
-constexpr Outcome kSeen = UINT64_MAX - 3;
+// What a walk comes to: a count of characters passed over at its bare field, or its end.
+using Outcome = size_t;
+constexpr Outcome kTagMet = SIZE_MAX;
+constexpr Outcome kClosed = SIZE_MAX - 1;
+constexpr Outcome kTextEnds = SIZE_MAX - 2;
+constexpr Outcome kSeen = SIZE_MAX - 3;
 
 constexpr Outcome oneMore(Outcome outcome) {
     return outcome < kSeen ? outcome + 1 : outcome;
@@ -66,9 +66,9 @@ std::vector<Outcome> outcomes(std::string_view text) {
 
 }  // namespace
 
-RestartEnd walkRestarts(std::string_view text, Place first) {
+RestartEnd walkRestarts(std::string_view text, size_t first) {
     auto fromHere = outcomes(text);
-    for (auto at = static_cast<Outcome>(first);;) {
+    for (auto at = first;;) {
         const auto next = std::exchange(fromHere[at], kSeen);
         switch (next) {
             case kTagMet:

@@ -1,8 +1,7 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
-
-#include "checker/Scan.h"
 
 namespace klt {
 
@@ -14,13 +13,13 @@ enum class RestartEnd : unsigned char {
     ClosedBeforeOpened,
     /// At the end of the text.
     TextEnds,
-    /// At a place from which it has already been restarted.
+    /// Where it has already been restarted.
     ComesBack,
 };
 
 /// In a section whose bare fields have no scanner the walk over the fields restarts at each of them, behind
 /// as many characters as were passed over on the way to it. Tells how this ends when the first restart is
 /// behind `first` characters, in time linear in the text's length however often the walk is restarted.
-RestartEnd walkRestarts(std::string_view text, Place first);
+RestartEnd walkRestarts(std::string_view text, size_t first);
 
 }  // namespace klt

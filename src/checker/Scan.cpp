@@ -1,8 +1,14 @@
 #include "checker/Scan.h"
 
+#include <type_traits>
+
 #include "language/Vocabulary.h"
 
 namespace klt {
+
+static_assert(!std::is_constructible_v<ScanPosition, Position> &&
+                  !std::is_convertible_v<ScanPosition, Position>,
+              "a position in the scanned text is none in the document");
 
 void LineCheck::begin() {
     hasEnded = false;
@@ -38,44 +44,54 @@ void LineCheck::error(Position start, Position end, ErrorReason reason) {
     }
 }
 
-std::string_view Scan::span(Place from, Place to) const {
-    from = std::max<Place>(from, 1);
-    to = std::min(to, length() + 1);
+std::string_view Scan::span(ScanPosition from, ScanPosition to) const {
+    from = std::max(from, kFirst);
+    to = std::min(to, end());
     if (from >= to) return {};
-    return text.substr(static_cast<size_t>(from - 1), static_cast<size_t>(to - from));
+    return text.substr(from.offset(), to.offset() - from.offset());
 }
 
-Place Scan::find(char c, Place from) const {
-    const auto hit = text.find(c, static_cast<size_t>(std::max<Place>(from, 1) - 1));
-    return hit == std::string_view::npos ? length() + 1 : static_cast<Place>(hit) + 1;
+ScanPosition Scan::find(char c, ScanPosition from) const {
+    const auto hit = text.find(c, std::max(from, kFirst).offset());
+    return hit == text.npos ? end() : ScanPosition(hit);
 }
 
-void Scan::recognise(Position end, std::string_view word, std::string_view spelling, StyleCategory style) {
-    const auto start = end - static_cast<Position>(word.size());
-    if (word != spelling) line.rewrite(start, spelling);
+void Scan::recognise(ScanPosition end, std::string_view word, std::string_view spelling,
+                     StyleCategory style) {
+    const auto start = end - word.size();
+    if (word != spelling) rewrite(start, spelling);
     colour(start, end, style);
 }
 
-bool prefixTest(Scan& scan, Place i, WordBuffer& word) {
-    word.append(scan.span(i, i + 1));
+ScanPosition Scan::firstGives() {
+    if (!firstGives_) {
+        const auto hit = findIgnoringAsciiCase(text, tagWord(Tag::Gives));
+        firstGives_ = hit == text.npos ? kInFront : ScanPosition(hit);
+    }
+    return *firstGives_;
+}
+
+bool prefixTest(Scan& scan, ScanPosition i, WordBuffer& word) {
+    word.append(scan.span(i, 1));
     const auto view = word.view();
     const int prefix = findPrefixTag(view);
-    if (prefix >= 0) scan.recognise(scan.lineStart + i, view, kPrefixTags[prefix], StyleCategory::PrefixTags);
+    if (prefix >= 0) scan.recognise(i + 1, view, kPrefixTags[prefix], StyleCategory::PrefixTags);
     word.clear();
     return prefix >= 0;
 }
 
-Place MarkErrorRun(Scan& scan, Place position, Position errorStart, char terminator, ErrorReason reason) {
-    Place depth = 0;
-    Place stop = std::max<Place>(position, 1);
-    for (; stop <= scan.length(); ++stop) {
-        const char c = scan.text[static_cast<size_t>(stop - 1)];
+ScanPosition MarkErrorRun(Scan& scan, ScanPosition position, ScanPosition errorStart, char terminator,
+                          ErrorReason reason) {
+    int depth = 0;
+    auto stop = std::max(position, kFirst);
+    for (; scan.isInside(stop); ++stop) {
+        const char c = scan.text[stop.offset()];
         if (c == terminator && depth == 0) break;
         if (c == '(') ++depth;
         if (c == ')') --depth;
     }
-    stop = std::min(stop, scan.length() + 1);
-    scan.error(errorStart, scan.lineStart + stop, reason);
+    stop = std::min(stop, scan.end());
+    scan.error(errorStart, stop + 1, reason);
     scan.state.functionStack.pop();
     return stop;
 }

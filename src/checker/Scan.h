@@ -1,27 +1,28 @@
 #pragma once
 
 #include <algorithm>
+#include <optional>
 #include <stack>
 #include <string_view>
 #include <vector>
 
 #include "checker/CheckerState.h"
 #include "checker/ErrorReason.h"
+#include "checker/ScanPosition.h"
 #include "checker/WordBuffer.h"
+#include "language/CharTable.h"
 #include "language/StyledText.h"
 #include "language/Tags.h"
 
 namespace klt {
 
-/// A place in a scanned text. It counts from 1, and 0 says that a scanner ran off the end of the text.
-using Place = Position;
-
 /// An @function that is open while its body is scanned.
 struct FunctionFrame {
-    Place at = 0;
-    Place start = 0;
-    Place depth = 0;
-    /// The word collected before a nested @function, as an index from 1 into `LineCheck::heldWords`.
+    ScanPosition at;
+    ScanPosition start;
+    int depth = 0;
+    /// How many words were held when the one in front of a nested @function had been added; 0 if there was
+    /// none.
     unsigned heldWord = 0;
     unsigned char commas = 0;
     unsigned char ifStage = 0;
@@ -69,71 +70,92 @@ private:
     Position errorTo_ = 0;
 };
 
-/// A text under scan: a logical line, a part of a package line, or a field.
+/// A text under scan: a logical line, a part of a package line, or a field. Positions are in this text; one
+/// in front of it is in front of it in the document too.
 class Scan {
 public:
     Scan(LineCheck& check, std::string_view scanned, Position start)
-        : text(scanned), lineStart(start), line(check), state(check.state) {}
+        : text(scanned), line(check), state(check.state), lineStart_(start) {}
 
-    Place length() const { return static_cast<Place>(text.size()); }
-    /// The character at a place; NUL where there is none.
-    char at(Place i) const { return i >= 1 && i <= length() ? text[static_cast<size_t>(i - 1)] : '\0'; }
-    /// The text from place `from` up to but not including `to`, cut to what there is.
-    std::string_view span(Place from, Place to) const;
-    /// The place at or behind `from` of a character, or one behind the end.
-    Place find(char c, Place from) const;
-
-    /// Lays a style on document offsets, nothing of it behind the end of this text.
-    void colour(Position start, Position end, StyleCategory style) {
-        line.colour(start, std::min(end, lineStart + length()), style);
+    bool isInside(ScanPosition i) const { return i.offset() < text.size(); }
+    /// The position behind the last character.
+    ScanPosition end() const { return ScanPosition(text.size()); }
+    /// The character at a position; NUL where there is none.
+    char at(ScanPosition i) const { return isInside(i) ? text[i.offset()] : '\0'; }
+    /// The text in [from, to), cut to what there is.
+    std::string_view span(ScanPosition from, ScanPosition to) const;
+    std::string_view span(ScanPosition from, size_t length) const { return span(from, from + length); }
+    /// The position at or behind `from` of a character; the end if there is none.
+    ScanPosition find(char c, ScanPosition from = kFirst) const;
+    /// Takes the character at `i` and those behind it that `table` names no more than it into `word`; `i` is
+    /// then at the last of them.
+    template <class Action>
+    void collect(const CharTable<Action>& table, ScanPosition& i, WordBuffer& word) const {
+        const auto from = i.offset();
+        const auto behind = table.skip(text, from, table.other());
+        word.append(text.substr(from, behind - from));
+        i = ScanPosition(behind) - 1;
     }
-    void colourAt(Place i, StyleCategory style) { colour(lineStart + i - 1, lineStart + i, style); }
-    void error(Position start, Position end, ErrorReason reason) {
-        line.error(start, std::min(end, lineStart + length()), reason);
+
+    Position inDocument(ScanPosition i) const { return lineStart_ + (i - kFirst); }
+    /// Lays a style on [from, to), nothing of it behind the end of this text.
+    void colour(ScanPosition from, ScanPosition to, StyleCategory style) {
+        line.colour(inDocument(from), inDocument(std::min(to, end())), style);
+    }
+    void colourAt(ScanPosition i, StyleCategory style) { colour(i, i + 1, style); }
+    /// Lays an error run on [from, to), nothing of it behind the end of this text.
+    void error(ScanPosition from, ScanPosition to, ErrorReason reason) {
+        line.error(inDocument(from), inDocument(std::min(to, end())), reason);
     }
     /// Puts all of the text in error.
-    void wholeError(ErrorReason reason) { error(lineStart, lineStart + length(), reason); }
+    void wholeError(ErrorReason reason) { error(kFirst, end(), reason); }
+    /// `spelling` must outlive the line.
+    void rewrite(ScanPosition from, std::string_view spelling) { line.rewrite(inDocument(from), spelling); }
 
-    /// Colours `word`, which ends just before document offset `end`; rewrites it to `spelling` if it differs.
-    void recognise(Position end, std::string_view word, std::string_view spelling, StyleCategory style);
+    /// Colours `word`, which ends in front of `end`; rewrites it to `spelling` if it differs.
+    void recognise(ScanPosition end, std::string_view word, std::string_view spelling, StyleCategory style);
+
+    /// The first "gives(" of the text; in front of the text where there is none. Looked for once.
+    ScanPosition firstGives();
 
     const std::string_view text;
-    const Position lineStart;
     LineCheck& line;
     CheckerState& state;
     Tag CurrentTag = Tag::None;
-    /// Where the first "gives(" of the text stands, 0 if nowhere, -1 until it has been looked for.
-    Place firstGives = -1;
+
+private:
+    const Position lineStart_;
+    std::optional<ScanPosition> firstGives_;
 };
 
-/// Colours or rejects the word that ends just before place `i`, in the light of `CurrentTag` and the top of
-/// the function stack.
-void colourCollected(Scan& scan, Place i, const WordBuffer& word);
-inline void ColourWord(Scan& scan, Place i, const WordBuffer& word) {
+/// Colours or rejects the word that ends in front of `i`, in the light of `CurrentTag` and the top of the
+/// function stack.
+void colourCollected(Scan& scan, ScanPosition i, const WordBuffer& word);
+inline void ColourWord(Scan& scan, ScanPosition i, const WordBuffer& word) {
     if (!word.empty()) colourCollected(scan, i, word);
 }
 /// The same, and empties the buffer.
-inline void endWord(Scan& scan, Place i, WordBuffer& word) {
+inline void endWord(Scan& scan, ScanPosition i, WordBuffer& word) {
     ColourWord(scan, i, word);
     word.clear();
 }
 
-/// Takes the `:` at place `i` into the word and colours it if it is a prefix tag; empties the buffer. False
-/// if it is none.
-bool prefixTest(Scan& scan, Place i, WordBuffer& word);
+/// Takes the `:` at `i` into the word and colours it if it is a prefix tag; empties the buffer. False if it
+/// is none.
+bool prefixTest(Scan& scan, ScanPosition i, WordBuffer& word);
 
-/// Colours an error run from document offset `errorStart` to the terminator, `)` or `,`, that closes what is
-/// open at `position`; pops the function stack; returns the terminator's place, or one behind the end.
-Place MarkErrorRun(Scan& scan, Place position, Position errorStart, char terminator, ErrorReason reason);
+/// Colours an error run from `errorStart` to the terminator, `)` or `,`, that closes what is open at
+/// `position`; pops the function stack; returns where the terminator stands, or the end.
+ScanPosition MarkErrorRun(Scan& scan, ScanPosition position, ScanPosition errorStart, char terminator,
+                          ErrorReason reason);
 
 /// Where the error of a tag begins whose value begins at `valueStart`: at the first character of its word.
-inline Position tagErrorStart(const Scan& scan, Place valueStart) {
-    return scan.lineStart + valueStart - static_cast<Position>(tagWord(scan.CurrentTag).size()) - 1;
+inline ScanPosition tagErrorStart(const Scan& scan, ScanPosition valueStart) {
+    return valueStart - tagWord(scan.CurrentTag).size();
 }
 /// The same, with the @function on top of the stack in place of the tag.
-inline Position functionErrorStart(const Scan& scan, Place valueStart) {
-    const auto name = functionName(scan.state.functionStack.top());
-    return scan.lineStart + valueStart - static_cast<Position>(name.size()) - 1;
+inline ScanPosition functionErrorStart(const Scan& scan, ScanPosition valueStart) {
+    return valueStart - functionName(scan.state.functionStack.top()).size();
 }
 
 }  // namespace klt

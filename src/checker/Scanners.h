@@ -5,23 +5,23 @@
 namespace klt {
 
 // The scanners of values. Each starts at the first character of the value, colours what it recognises, and
-// returns the place of the last character that it took: the closing parenthesis or terminator, or one behind
-// the end of the text.
+// returns where the last character stands that it took: the closing parenthesis or terminator, or the end of
+// the text.
 
-Place CheckNeeds(Scan& scan, Place position);
-Place CheckGives(Scan& scan, Place position);
-Place CheckDefault(Scan& scan, Place position);
-Place CheckExpression(Scan& scan, Place position);
-Place CheckCost(Scan& scan, Place position, char terminator);
-Place CheckArithmetic(Scan& scan, Place position);
-Place CheckModValue(Scan& scan, Place position);
-Place CheckYesNo(Scan& scan, Place position);
-Place CheckStep(Scan& scan, Place position);
-Place CheckRounding(Scan& scan, Place position);
-Place CheckSkillType(Scan& scan, Place position, char terminator);
-Place CheckFreeText(Scan& scan, Place position);
+ScanPosition CheckNeeds(Scan& scan, ScanPosition position);
+ScanPosition CheckGives(Scan& scan, ScanPosition position);
+ScanPosition CheckDefault(Scan& scan, ScanPosition position);
+ScanPosition CheckExpression(Scan& scan, ScanPosition position);
+ScanPosition CheckCost(Scan& scan, ScanPosition position, char terminator);
+ScanPosition CheckArithmetic(Scan& scan, ScanPosition position);
+ScanPosition CheckModValue(Scan& scan, ScanPosition position);
+ScanPosition CheckYesNo(Scan& scan, ScanPosition position);
+ScanPosition CheckStep(Scan& scan, ScanPosition position);
+ScanPosition CheckRounding(Scan& scan, ScanPosition position);
+ScanPosition CheckSkillType(Scan& scan, ScanPosition position, char terminator);
+ScanPosition CheckFreeText(Scan& scan, ScanPosition position);
 
 /// Runs the scanner of `scan.CurrentTag`.
-Place checkTagValue(Scan& scan, Place position);
+ScanPosition checkTagValue(Scan& scan, ScanPosition position);
 
 }  // namespace klt

@@ -1,5 +1,4 @@
 #include "checker/Scanners.h"
-#include "language/CharTable.h"
 #include "language/Vocabulary.h"
 
 namespace klt {
@@ -18,13 +17,12 @@ constexpr CharTable<Plain> kArithmetic(Plain::Keep, {
                                                         {",|", Plain::Separator},
                                                     });
 
-// The place of the first character at or behind `i` that `table` does not keep.
-Place skipKept(const Scan& scan, const CharTable<Plain>& table, Place i) {
-    const auto from = static_cast<size_t>(std::min(i - 1, scan.length()));
-    return static_cast<Place>(table.skip(scan.text, from, Plain::Keep)) + 1;
+// The first character at or behind `i` that `table` does not keep, or the end.
+ScanPosition skipKept(const Scan& scan, const CharTable<Plain>& table, ScanPosition i) {
+    return ScanPosition(table.skip(scan.text, std::min(i, scan.end()).offset(), Plain::Keep));
 }
 
-Place closeTag(Scan& scan, Place i) {
+ScanPosition closeTag(Scan& scan, ScanPosition i) {
     scan.colourAt(i, StyleCategory::PackageItemsAndItemTags);
     return i;
 }
@@ -53,11 +51,11 @@ bool isPartOfRounding(std::string_view value) {
 
 }  // namespace
 
-Place CheckFreeText(Scan& scan, Place position) {
-    Place depth = 0;
-    for (Place i = position;; ++i) {
+ScanPosition CheckFreeText(Scan& scan, ScanPosition position) {
+    int depth = 0;
+    for (auto i = position;; ++i) {
         i = skipKept(scan, kFreeText, i);
-        if (i > scan.length()) return scan.length() + 1;
+        if (!scan.isInside(i)) return scan.end();
         if (scan.at(i) == '(') {
             ++depth;
         } else {
@@ -67,27 +65,27 @@ Place CheckFreeText(Scan& scan, Place position) {
     }
 }
 
-Place CheckCost(Scan& scan, Place position, char terminator) {
+ScanPosition CheckCost(Scan& scan, ScanPosition position, char terminator) {
     const auto i = skipKept(scan, kCost, position);
-    if (i > scan.length()) return scan.length() + 1;
+    if (!scan.isInside(i)) return scan.end();
     if (scan.at(i) == terminator) return terminator == ')' ? closeTag(scan, i) : i;
-    const auto errorStart = terminator == ')' ? tagErrorStart(scan, position) : scan.lineStart + position - 2;
+    const auto errorStart = terminator == ')' ? tagErrorStart(scan, position) : position - 1;
     return MarkErrorRun(scan, i, errorStart, terminator, ErrorReason::BadCost);
 }
 
-Place CheckModValue(Scan& scan, Place position) {
+ScanPosition CheckModValue(Scan& scan, ScanPosition position) {
     const auto i = skipKept(scan, kModValue, position);
     scan.CurrentTag = Tag::None;
-    if (i > scan.length()) return scan.length() + 1;
+    if (!scan.isInside(i)) return scan.end();
     if (scan.at(i) == ',') return i;
-    return MarkErrorRun(scan, i, scan.lineStart + position - 1, ',', ErrorReason::BadModValue);
+    return MarkErrorRun(scan, i, position, ',', ErrorReason::BadModValue);
 }
 
-Place CheckArithmetic(Scan& scan, Place position) {
-    Place depth = 0;
-    for (Place i = position;; ++i) {
+ScanPosition CheckArithmetic(Scan& scan, ScanPosition position) {
+    int depth = 0;
+    for (auto i = position;; ++i) {
         i = skipKept(scan, kArithmetic, i);
-        if (i > scan.length()) return scan.length() + 1;
+        if (!scan.isInside(i)) return scan.end();
         switch (kArithmetic[scan.at(i)]) {
             case Plain::Open:
                 ++depth;
@@ -106,48 +104,47 @@ Place CheckArithmetic(Scan& scan, Place position) {
     }
 }
 
-Place CheckYesNo(Scan& scan, Place position) {
+ScanPosition CheckYesNo(Scan& scan, ScanPosition position) {
     const auto close = scan.find(')', position);
     const auto value = scan.span(position, close);
     const int word = kYesNo.find(value);
     if (word < 0)
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadYesNo);
-    scan.recognise(scan.lineStart + close - 1, value, kYesNo[word], StyleCategory::Keywords);
+    scan.recognise(close, value, kYesNo[word], StyleCategory::Keywords);
     return closeTag(scan, close);
 }
 
-Place CheckStep(Scan& scan, Place position) {
+ScanPosition CheckStep(Scan& scan, ScanPosition position) {
     const auto close = scan.find(')', position);
     if (!isNumber(scan.span(position, close)))
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadStep);
     return closeTag(scan, close);
 }
 
-Place CheckRounding(Scan& scan, Place position) {
+ScanPosition CheckRounding(Scan& scan, ScanPosition position) {
     const auto close = scan.find(')', position);
-    const auto end = scan.lineStart + close - 1;
     const auto value = scan.span(position, close);
     const int part = kRoundingParts.find(value);
     const bool isNo = scan.state.section() == Section::Stats && equalIgnoringAsciiCase(value, "No");
     if (!isPartOfRounding(value) && part < 0 && !isNo)
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadRounding);
     const bool isRewritten = part >= 0 && !isPartOfRounding(value);
-    scan.recognise(end, value, isRewritten ? kRoundingParts[part] : value, StyleCategory::Keywords);
+    scan.recognise(close, value, isRewritten ? kRoundingParts[part] : value, StyleCategory::Keywords);
     return closeTag(scan, close);
 }
 
-Place CheckSkillType(Scan& scan, Place position, char terminator) {
+ScanPosition CheckSkillType(Scan& scan, ScanPosition position, char terminator) {
     const auto end = scan.find(terminator, position);
     const auto value = scan.span(position, end);
     const int type = kSkillTypes.find(value);
     if (type < 0)
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), terminator,
                             ErrorReason::BadSkillType);
-    scan.recognise(scan.lineStart + end - 1, value, kSkillTypes[type], StyleCategory::Keywords);
+    scan.recognise(end, value, kSkillTypes[type], StyleCategory::Keywords);
     return terminator == ')' ? closeTag(scan, end) : end;
 }
 
-Place checkTagValue(Scan& scan, Place position) {
+ScanPosition checkTagValue(Scan& scan, ScanPosition position) {
     switch (scan.CurrentTag) {
         case Tag::Needs:
             return CheckNeeds(scan, position);

@@ -4,31 +4,84 @@
 
 namespace klt {
 
+/// What a scanner of a value does at a character.
+enum class ValueAct : unsigned char {
+    // The same in every scanner, by `ValueWalk::step`.
+    Append,
+    Open,
+    Close,
+    Quote,
+    Prefix,
+    Function,
+    Math,
+    // What a scanner that names them does itself.
+    Blank,
+    Break,
+    Separator,
+    Comma,
+    Forbidden,
+    Division,
+    Bar,
+    Underscore,
+    Compare,
+    Bracket,
+    Clause,
+};
+
 /// What the scanners of a tag's value have in common: where they are, and the steps that are the same in all.
 struct ValueWalk {
-    ValueWalk(Scan& in, Place position) : scan(in), i(position), start(position) {}
+    using Act = ValueAct;
+    using Table = CharTable<Act>;
+
+    ValueWalk(Scan& in, ScanPosition position) : scan(in), i(position), start(position) {}
 
     Scan& scan;
-    Place i;
+    ScanPosition i;
     /// The start of the value, from which an error is reckoned; a nested @function moves it to its end.
-    Place start;
-    Place depth = 0;
+    ScanPosition start;
+    int depth = 0;
     WordBuffer word;
     bool inQuote = false;
     /// What the scanner returns, once a step has said that it ends.
-    Place result = 0;
+    ScanPosition result;
+
+    /// One step at an act that is the same in every scanner; true if the scanner ends. At any other act
+    /// nothing happens.
+    bool step(const Table& table, Act act) {
+        switch (act) {
+            case Act::Append:
+                scan.collect(table, i, word);
+                return false;
+            case Act::Open:
+                ++depth;
+                return false;
+            case Act::Close:
+                return close();
+            case Act::Quote:
+                quote();
+                return false;
+            case Act::Prefix:
+                prefixTest(scan, i, word);
+                return false;
+            case Act::Function:
+                return function(tagErrorStart(scan, start));
+            case Act::Math:
+                math();
+                return false;
+            default:
+                return false;
+        }
+    }
 
     /// Ends the scanner in an error from the tag word to the closing parenthesis.
     bool fail(ErrorReason reason) { return failFrom(tagErrorStart(scan, start), reason); }
-    bool failFrom(Position errorStart, ErrorReason reason) {
+    bool failFrom(ScanPosition errorStart, ErrorReason reason) {
         return ends(MarkErrorRun(scan, i, errorStart, ')', reason));
     }
-    bool ends(Place place) {
-        result = place;
+    bool ends(ScanPosition at) {
+        result = at;
         return true;
     }
-    /// The text is at its end: the scanner returns the place behind it.
-    bool endsWithText() { return ends(scan.length() + 1); }
 
     /// At `)`: true if it closes the tag.
     bool close() {
@@ -42,7 +95,7 @@ struct ValueWalk {
     }
 
     /// At `@`: true if the scanner returns at once.
-    bool function(Position errorStart) {
+    bool function(ScanPosition errorStart) {
         const auto end = EnterFunction(scan, i, errorStart);
         if (end.leaves) return ends(end.position);
         i = start = end.position;
@@ -63,15 +116,6 @@ struct ValueWalk {
 
     void skipBlank() {
         if (scan.at(i) == ' ') ++i;
-    }
-
-    /// At an ordinary character: takes it and those behind it that `table` treats alike.
-    template <class Table, class Action>
-    void append(const Table& table, Action ordinary) {
-        const auto from = static_cast<size_t>(i - 1);
-        const auto end = table.skip(scan.text, from, ordinary);
-        word.append(scan.text.substr(from, end - from));
-        i = static_cast<Place>(end);
     }
 
     /// At a blank or break: false if it separates two plain words.

@@ -18,7 +18,7 @@ struct CharRow {
 template <class Action>
 class CharTable {
 public:
-    consteval CharTable(Action other, std::initializer_list<CharRow<Action>> rows) {
+    consteval CharTable(Action other, std::initializer_list<CharRow<Action>> rows) : other_(other) {
         actions_.fill(other);
         std::array<bool, 256> taken{};
         for (const auto& row : rows)
@@ -32,13 +32,18 @@ public:
 
     constexpr Action operator[](char c) const { return actions_[static_cast<unsigned char>(c)]; }
 
-    /// The first place at or behind `from` whose character does not get `action`; the text's length if none.
+    /// What a character gets that no row names.
+    constexpr Action other() const { return other_; }
+
+    /// The offset of the first character at or behind `from` that does not get `action`; the text's length if
+    /// there is none.
     constexpr size_t skip(std::string_view text, size_t from, Action action) const {
         while (from < text.size() && (*this)[text[from]] == action) ++from;
         return from;
     }
 
 private:
+    Action other_;
     std::array<Action, 256> actions_{};
 };
 

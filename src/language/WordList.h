@@ -29,6 +29,13 @@ public:
         return i >= 0 && equalIgnoringAsciiCase(words_[static_cast<size_t>(i)], word) ? i : -1;
     }
 
+    /// How many characters the longest word has.
+    constexpr size_t longest() const {
+        size_t most = 0;
+        for (const auto word : words_) most = word.size() > most ? word.size() : most;
+        return most;
+    }
+
     constexpr std::string_view operator[](int index) const { return words_[static_cast<size_t>(index)]; }
     constexpr const std::array<std::string_view, N>& words() const { return words_; }
 
