@@ -12,13 +12,19 @@ struct Checked {
     Checked(std::string bytes, std::string_view section, Position slice) : text(std::move(bytes)) {
         state.SetCurrentSection(section);
         DocumentPass pass(text, state, nullptr, &errors);
-        while (pass.advance(slice)) {
-        }
+        while (pass.advance(slice)) laid.append(newlySettled(pass));
+        laid.append(newlySettled(pass));
+    }
+
+    std::string_view newlySettled(const DocumentPass& pass) const {
+        return text.styles().substr(laid.size(), static_cast<size_t>(pass.settledEnd()) - laid.size());
     }
 
     StyledText text;
     CheckerState state;
     ErrorRuns errors;
+    /// The styles, each as it was when the pass said for the first time that it is settled.
+    std::string laid;
 };
 
 }  // namespace
@@ -36,6 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
                           sliced.text.styles() == whole.text.styles() && sliced.errors == whole.errors &&
                           sliced.state == whole.state,
                       "whole equals sliced");
+        fuzz::require(sliced.laid == whole.text.styles(), "what is settled stays as it is");
     }
     const Checked again(std::string(whole.text.text()), section, 7);
     fuzz::require(again.text.styles() == whole.text.styles(), "a second pass lays the same styles");

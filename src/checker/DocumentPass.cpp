@@ -1,8 +1,11 @@
 #include "checker/DocumentPass.h"
 
+#include <algorithm>
+
 #include "checker/Scanners.h"
 #include "checker/Structures.h"
 #include "language/LogicalLine.h"
+#include "language/Vocabulary.h"
 #include "text/Ascii.h"
 
 namespace klt {
@@ -12,6 +15,17 @@ namespace {
 constexpr auto toPosition(size_t place) {
     return static_cast<Position>(place);
 }
+
+// How many bytes in front of its line a check may colour. Where an @function runs off the text, its scanner
+// starts over in front of the line: with the keyword that it holds, and its errors a tag or name further on.
+constexpr Position kFarthestBack = [] {
+    constexpr size_t kRestOfCharacter = 3;
+    const auto longestKeyword =
+        std::max({kGivesKeywords.longest(), kNeedsKeywords.longest(), kUptoKeywords.longest(),
+                  kIfKeywords.longest(), kBonusKeywords.longest()});
+    const auto longestName = std::max(kTagWords.longest(), kFunctionNames.longest());
+    return toPosition(std::max(longestKeyword, longestName + 1) + kRestOfCharacter);
+}();
 
 // What both passes do alike at a line. `shift` is what its document offset is off its place in `text`.
 class LinePainter {
@@ -55,6 +69,10 @@ public:
         const auto goal = line + std::min(lines, target_.size() + 1);
         while (line < goal && place <= target_.size()) step();
         return place <= target_.size();
+    }
+
+    Position settledEnd() const {
+        return place > target_.size() ? target_.size() : std::max<Position>(place - kFarthestBack, 0);
     }
 
     Position line = 0;
@@ -141,6 +159,9 @@ Position DocumentPass::lineIndex() const {
 }
 Position DocumentPass::position() const {
     return work_->place;
+}
+Position DocumentPass::settledEnd() const {
+    return work_->settledEnd();
 }
 
 void CheckDocument(StyledText& target, CheckerState& state, PassObserver* observer, ErrorRuns* errors) {

@@ -35,8 +35,11 @@ public:
 
     /// The physical lines done so far.
     Position lineIndex() const;
-    /// The place up to which all is done.
+    /// The start of the line that is next.
     Position position() const;
+    /// The end of what no further slice colours. It is a little in front of `position`: the check of a line
+    /// may colour the end of the one before.
+    Position settledEnd() const;
 
 private:
     class Work;

@@ -101,6 +101,36 @@ TEST(Pass, CountsParenthesesOfAnyNumber) {
     }
 }
 
+// Where an @function runs off the text its scanner starts over in front of the line, and may colour there.
+TEST(Pass, TellsWhatIsSettled) {
+    // The keyword of 19 letters reaches back to the last byte of the ship.
+    constexpr const char* kBefore = "* A line above \xF0\x9F\x9A\xA2sixteen letters.\n";
+    struct Row {
+        const char* name;
+        const char* lines;
+        const char* start;
+    };
+    for (const auto& row : {
+             Row{"the error of a tag", "[stats]\n", "a, symbol(a)), symbol(b)), basevalue(@INT(5"},
+             Row{"a keyword", "[ads]\n", "+a, 5, page(a)), page(b)), upto(PhysicalSkillPoints@INT(1"},
+         }) {
+        const auto text = withLineEnds(std::string(row.lines) + kBefore + row.start);
+        StyledText whole(text);
+        CheckerState state;
+        CheckDocument(whole, state);
+        const auto lastLine = text.rfind('\n') + 1;
+        ASSERT_NE(whole.styles()[lastLine - 3], static_cast<char>(StyleCategory::Comments)) << row.name;
+
+        StyledText sliced(text);
+        DocumentPass pass(sliced, state);
+        pass.advance(2);
+        ASSERT_EQ(pass.position(), static_cast<Position>(lastLine)) << row.name;
+        const auto settled = static_cast<size_t>(pass.settledEnd());
+        EXPECT_GT(settled + 30, lastLine) << row.name;
+        EXPECT_EQ(sliced.styles().substr(0, settled), whole.styles().substr(0, settled)) << row.name;
+    }
+}
+
 TEST(Pass, PreviewKnowsNoHeaders) {
     struct Row {
         const char* lines;

@@ -41,7 +41,7 @@ void WindowPass::run() {
         tell();
         if (!locked_) showFinishedPart();
         QCoreApplication::processEvents();
-        const Position finished = settledEnd();
+        const Position finished = pass_.settledEnd();
         // Where no thread is to be had it is scanned afterwards.
         auto next = std::async(std::launch::async | std::launch::deferred, [this] { return slice(); });
         layStylesTo(finished);
@@ -88,14 +88,8 @@ void WindowPass::setLocked(bool locked) {
 }
 
 void WindowPass::showFinishedPart() {
-    layStylesTo(settledEnd());
+    layStylesTo(pass_.settledEnd());
     box_.lettersChanged();
-}
-
-/// The check of the next line may still colour the byte in front of it.
-Position WindowPass::settledEnd() const {
-    constexpr Position kUnsettled = 8;
-    return std::max(laid_, pass_.position() - kUnsettled);
 }
 
 void WindowPass::layStylesTo(Position end) {

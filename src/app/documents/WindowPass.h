@@ -34,7 +34,6 @@ private:
     void setLocked(bool locked);
     void showFinishedPart();
     void layStylesTo(Position end);
-    Position settledEnd() const;
 
     RichTextBox& box_;
     frmKLTChecker* progress_;
