@@ -16,13 +16,12 @@ namespace klt {
 namespace {
 
 constexpr size_t kChunk = size_t{256} << 10;
-constexpr size_t kMost = (size_t{1} << 31) - 1;
 
 // 0 where nobody knows beforehand, as with a pipe.
 size_t expectedSize(int descriptor) {
     struct stat info {};
     if (fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode)) return 0;
-    return std::min(static_cast<size_t>(info.st_size), kMost);
+    return std::min(static_cast<size_t>(info.st_size), kLargestFile);
 }
 
 int append(int descriptor, std::string& bytes) {
@@ -35,7 +34,7 @@ int append(int descriptor, std::string& bytes) {
             if (bytes.capacity() - bytes.size() < static_cast<size_t>(got))
                 reserveLarge(bytes, 2 * bytes.capacity());
             bytes.append(chunk.data(), static_cast<size_t>(got));
-            if (bytes.size() > kMost) return EFBIG;
+            if (bytes.size() > kLargestFile) return EFBIG;
         } else if (errno == EAGAIN) {
             pollfd ready{descriptor, POLLIN, 0};
             poll(&ready, 1, -1);

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <new>
 #include <vector>
@@ -17,7 +18,6 @@ namespace {
 
 // Small enough to stay in the processor's cache on its way into the text.
 constexpr size_t kChunk = size_t{256} << 10;
-constexpr size_t kLargestFile = (size_t{1} << 31) - 1;
 constexpr int kTries = 3;
 
 FileBytes failed(int errorNumber) {
@@ -33,7 +33,7 @@ bool isSteady(const struct stat& a, const struct stat& b, size_t got) {
 
 // Reads from the start to the end, wherever that is by now; gives the error number. In chunks that are
 // appended, for a string can't grow without being filled, and a mapped file that shrinks kills its reader.
-int readWhole(int file, size_t expected, std::string& bytes) {
+int readWhole(int file, size_t expected, size_t largest, std::string& bytes) {
     bytes.clear();
     reserveLarge(bytes, expected);
     std::vector<char> chunk(kChunk);
@@ -43,19 +43,19 @@ int readWhole(int file, size_t expected, std::string& bytes) {
         if (got < 0) return errno;
         if (got == 0) return 0;
         bytes.append(chunk.data(), static_cast<size_t>(got));
-        if (bytes.size() > kLargestFile) return EFBIG;
+        if (bytes.size() > largest) return EFBIG;
     }
 }
 
-FileBytes readSteady(int file) {
+FileBytes readSteady(int file, size_t largest) {
     for (int i = 0; i < kTries; ++i) {
         struct stat before {
         }, after{};
         if (fstat(file, &before) != 0) return failed(errno);
-        if (static_cast<size_t>(before.st_size) > kLargestFile) return failed(EFBIG);
+        const auto expected = static_cast<size_t>(before.st_size);
+        if (expected > largest) return failed(EFBIG);
         FileBytes result;
-        if (const int error = readWhole(file, static_cast<size_t>(before.st_size), result.bytes))
-            return failed(error);
+        if (const int error = readWhole(file, expected, largest, result.bytes)) return failed(error);
         if (fstat(file, &after) != 0) return failed(errno);
         if (isSteady(before, after, result.bytes.size())) return result;
     }
@@ -64,7 +64,7 @@ FileBytes readSteady(int file) {
 
 }  // namespace
 
-FileBytes readFile(const std::string& path) {
+FileBytes readFile(const std::string& path, size_t largest) {
     // Not waiting matters for a FIFO, and is without effect on a plain file.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file) return failed(errno);
@@ -73,17 +73,19 @@ FileBytes readFile(const std::string& path) {
     if (S_ISDIR(info.st_mode)) return failed(EISDIR);
     if (!S_ISREG(info.st_mode)) return {{}, "Not a plain file"};
     try {
-        return readSteady(file.number());
+        return readSteady(file.number(), largest);
     } catch (const std::bad_alloc&) {
         return failed(ENOMEM);
     }
 }
 
-TextFile readTextFile(const std::string& path) {
-    auto file = readFile(path);
+TextFile readTextFile(const std::string& path, size_t largest) {
+    auto file = readFile(path, largest);
     if (file.error) return {{}, Encoding::Any, std::move(file.error)};
     try {
         auto decoded = decode(std::move(file.bytes));
+        if (std::max(decoded.text.size(), decoded.fileSize) > largest)
+            return {{}, Encoding::Any, systemFailure(EFBIG)};
         return {std::move(decoded.text), decoded.encoding, std::nullopt};
     } catch (const std::bad_alloc&) {
         return {{}, Encoding::Any, systemFailure(ENOMEM)};

@@ -12,9 +12,9 @@ struct FileBytes {
     Failure error;
 };
 
-/// All bytes of a plain file under 2 GiB. A folder, FIFO or device, a file that can't be read, one that is
-/// gone or that keeps changing gives an error and no bytes; it never waits for another process.
-FileBytes readFile(const std::string& path);
+/// All bytes of a plain file of no more than `largest`. A folder, FIFO or device, a file that can't be read,
+/// one that is gone or that keeps changing gives an error and no bytes; it never waits for another process.
+FileBytes readFile(const std::string& path, size_t largest = kLargestFile);
 
 struct TextFile {
     std::string text;
@@ -22,7 +22,8 @@ struct TextFile {
     Failure error;
 };
 
-/// The same as text, as `decode` tells.
-TextFile readTextFile(const std::string& path);
+/// The same as text, as `decode` tells. An error too where the text would be longer than `largest`, or so
+/// large when it is written that it could not be read again.
+TextFile readTextFile(const std::string& path, size_t largest = kLargestFile);
 
 }  // namespace klt

@@ -115,7 +115,8 @@ Failure writeTarget(const Target& target, std::string_view bytes, OldFile old) {
 
 }  // namespace
 
-Failure writeFile(const std::string& path, std::string_view bytes, OldFile old) {
+Failure writeFile(const std::string& path, std::string_view bytes, OldFile old, size_t largest) {
+    if (bytes.size() > largest) return systemFailure(EFBIG);
     const auto target = openTarget(path);
     return target.error ? target.error : writeTarget(target, bytes, old);
 }

@@ -20,10 +20,10 @@ enum class OldFile {
 /// they are on the disk. The path is taken as it stands; of a symbolic link the target is written.
 /// Permissions are kept. A file with several hard links or another owner, or in a folder that takes no new
 /// file, is written in place, its old bytes kept meanwhile as KeptCopies.h tells. A file that the user may
-/// not write is refused. After an error the old file is as it was. What an earlier kill left in the folder
-/// is taken away.
+/// not write is refused, and so are more bytes than `largest`, which could not be read again. After an error
+/// the old file is as it was. What an earlier kill left in the folder is taken away.
 [[nodiscard]] Failure writeFile(const std::string& path, std::string_view bytes,
-                                OldFile old = OldFile::Replaced);
+                                OldFile old = OldFile::Replaced, size_t largest = kLargestFile);
 
 struct Written {
     /// The encoding that the file now has.

@@ -170,6 +170,21 @@ std::string textOf(std::string bytes, Encoding encoding) {
     return bytes;
 }
 
+// Of a CR or LF, in bytes.
+size_t unitSize(Encoding encoding) {
+    switch (encoding) {
+        case Encoding::Utf16LE:
+        case Encoding::Utf16BE:
+            return 2;
+        case Encoding::Any:
+        case Encoding::Windows1252:
+        case Encoding::Utf8:
+        case Encoding::Utf8Bom:
+            break;
+    }
+    return 1;
+}
+
 Encoded asUtf8(std::string_view text, bool withMark) {
     // A text that begins with a mark of its own would lose it at the next reading.
     if (!withMark && !text.starts_with(kUtf8Mark)) return {text, Encoding::Utf8};
@@ -210,9 +225,12 @@ Encoded encodeCharacters(std::string_view text, Encoding encoding) {
 
 Decoded decode(std::string bytes) {
     const auto encoding = encodingOf(bytes);
+    const size_t size = bytes.size();
     auto text = textOf(std::move(bytes), encoding);
-    if (hasOnlyCrLf(text)) return {std::move(text), encoding};
-    return {withCrLf(text), encoding};
+    if (hasOnlyCrLf(text)) return {std::move(text), encoding, size};
+    auto whole = withCrLf(text);
+    const size_t added = (whole.size() - text.size()) * unitSize(encoding);
+    return {std::move(whole), encoding, size + added};
 }
 
 Encoded encode(std::string_view text, Encoding encoding) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -8,9 +9,14 @@ namespace klt {
 /// How a file's bytes stand for text. `Any` is ASCII alone, or a new document: nothing is decided yet.
 enum class Encoding { Any, Windows1252, Utf8, Utf8Bom, Utf16LE, Utf16BE, Utf32LE, Utf32BE };
 
+/// The largest file, and the longest text, in bytes: text boxes count in int.
+inline constexpr size_t kLargestFile = (size_t{1} << 31) - 1;
+
 struct Decoded {
     std::string text;
     Encoding encoding = Encoding::Any;
+    /// The bytes of a file that it is written to: more than it was read from where line ends were mended.
+    size_t fileSize = 0;
 };
 
 /// The text of a file's bytes: UTF-8, with CR LF for every line end. A byte order mark (of UTF-8, UTF-16 or

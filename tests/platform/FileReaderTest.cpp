@@ -60,6 +60,31 @@ TEST(FileReader, AFileTooLargeIsRefusedAtOnce) {
     EXPECT_EQ(readFile(folder / "sparse").error, "File too large");
 }
 
+TEST(FileReader, WhatCouldNotBeReadAgainIsRefused) {
+    const struct {
+        const char* what;
+        std::string bytes;
+        size_t size;  // of the text, or of the file that it is written to
+    } rows[] = {
+        {"ASCII", "a\r\nb", 4},
+        {"lone LF", "a\nb\n", 6},
+        {"lone CR beyond ASCII", "\xC3\xA4\r", 4},
+        {"Windows-1252", "\xE4\xE4", 4},
+        {"the same with LF", "\x80\n", 5},
+        {"UTF-8 with mark", "\xEF\xBB\xBF\n", 5},
+        {"UTF-16", std::string("\xFF\xFE\n\0\n\0", 6), 10},
+        {"UTF-16 that is longer in UTF-8", "\xFE\xFF\x20\xAC\x20\xAC\x20\xAC", 9},
+    };
+    const ScratchFolder folder;
+    for (const auto& row : rows) {
+        writeBytes(folder / "file", row.bytes);
+        EXPECT_EQ(readTextFile(folder / "file", row.size).error, std::nullopt) << row.what;
+        const auto refused = readTextFile(folder / "file", row.size - 1);
+        EXPECT_EQ(refused.error, "File too large") << row.what;
+        EXPECT_EQ(refused.text, "");
+    }
+}
+
 TEST(FileReader, ManyLinesAndALongLine) {
     constexpr size_t kBlock = size_t{1} << 20, kLines = 200, kLongLine = 20;
     const ScratchFolder folder;

@@ -328,4 +328,8 @@ TEST_F(FileWriter, TextComesBackAsItWas) {
     const auto turned = writeTextFile(doc("text.klt"), "ä\u0101", Encoding::Windows1252);
     EXPECT_EQ(turned.encoding, Encoding::Utf8);
     EXPECT_EQ(writeTextFile(docs_, "", Encoding::Any).error, "Is a directory");
+    const auto path = makeDoc("text.klt", "old");
+    EXPECT_EQ(writeFile(path, "12345", OldFile::Replaced, 4), "File too large");
+    EXPECT_EQ(readBytes(path), "old");
+    EXPECT_EQ(writeFile(path, "1234", OldFile::Replaced, 4), std::nullopt);
 }
