@@ -75,7 +75,7 @@ public:
     }
     // So that "SK_RL:" can form.
     void lineBreak() {
-        if (scan.at(i) == '_' && equalIgnoringAsciiCase(word.view(), "SK")) word.append(scan.span(i, 1));
+        if (scan.at(i) == '_' && equalIgnoringAsciiCase(word.view(), "SK")) word.append(scan.stretch(i, 1));
     }
     ScanPosition prefixErrorStart() const { return tagErrorStart(scan, start); }
     bool comma() { return fail(kForbidden); }
@@ -103,7 +103,7 @@ public:
         return false;
     }
     void blank() {
-        if (!word.empty()) word.append(scan.span(i, 1));
+        if (!word.empty()) word.append(scan.stretch(i, 1));
     }
     void textEnds() {}
 };

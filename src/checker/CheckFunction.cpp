@@ -56,7 +56,7 @@ private:
 
 bool FunctionWalk::open(ScanPosition at) {
     constexpr auto kLongestName = kFunctionNames.longest();
-    auto name = scan_.span(at, kLongestName);
+    auto name = scan_.stretch(at, kLongestName);
     name = name.substr(0, name.find('(') + 1);
     const auto function = functionOf(name);
     if (function == AtFunction::None) return false;

@@ -59,7 +59,7 @@ private:
 void GivesWalk::separator() {
     if (separatorGoesOn()) return;
     const bool isPoints =
-        scan.at(i) == ' ' && equalIgnoringAsciiCase(scan.span(i + 1, 3), "pts") && scan.at(i + 4) == ' ';
+        scan.at(i) == ' ' && equalIgnoringAsciiCase(scan.stretch(i + 1, 3), "pts") && scan.at(i + 4) == ' ';
     if (isPoints || scan.at(i - 1) == ',')
         word.clear();
     else
@@ -113,7 +113,7 @@ bool GivesWalk::value() {
 }
 
 void GivesWalk::to() {
-    const auto look = scan.span(i, 2);
+    const auto look = scan.stretch(i, 2);
     if (!equalIgnoringAsciiCase(look, "to")) return;
     word.append(look);
     i += 2;
@@ -124,7 +124,7 @@ void GivesWalk::to() {
 // At a blank of the target.
 bool GivesWalk::upto() {
     endWord(scan, i, word);
-    const auto next = scan.span(i + 1, 4);
+    const auto next = scan.stretch(i + 1, 4);
     if (!equalIgnoringAsciiCase(next, "upto")) return false;
     if (!toSeen_) return fail(ErrorReason::GivesUptoWithoutTo);
     if (uptoSeen_) return fail(ErrorReason::GivesSecondUpto);
@@ -148,7 +148,7 @@ bool GivesWalk::targetStep(Act act) {
             word.clear();
             return false;
         case Act::Underscore:
-            if (!word.empty()) word.append(scan.span(i, 1));
+            if (!word.empty()) word.append(scan.stretch(i, 1));
             return false;
         default:
             return step(kTarget, act);

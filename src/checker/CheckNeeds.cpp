@@ -89,7 +89,7 @@ bool NeedsWalk::isNumberClause() const {
     const bool reachesEnd = !scan.isInside(end);
     if (!reachesEnd && scan.at(end) != ' ') return false;
     if (reachesEnd && scan.at(i) != ' ') return false;
-    return isNumber(scan.span(i, end));
+    return isNumber(scan.between(i, end));
 }
 
 // What the number clause and the left side do alike.
@@ -131,7 +131,7 @@ bool NeedsWalk::numberClause() {
 // Behind the first prefix tag a colon is a character of the name.
 void NeedsWalk::prefix() {
     if (prefixSeen_)
-        word.append(scan.span(i, 1));
+        word.append(scan.stretch(i, 1));
     else
         prefixTest(scan, i, word);
     prefixSeen_ = true;

@@ -73,7 +73,7 @@ void colourCollected(Scan& scan, ScanPosition end, const WordBuffer& collected) 
     if (isReserved && colourSpecialKeyword(scan, end, word)) return;
     const auto& stack = scan.state.functionStack;
     if (!stack.isAllocated()) {
-        // Before the first pass there is no stack to look at, and the look counts as a hit.
+        // Before the first pass there is no stack of @functions, and every word counts as a keyword.
         scan.colour(end - collected.size(), end, StyleCategory::Keywords);
         return;
     }

@@ -12,8 +12,8 @@ namespace klt {
 
 namespace {
 
-constexpr auto toPosition(size_t place) {
-    return static_cast<Position>(place);
+constexpr auto toPosition(size_t offset) {
+    return static_cast<Position>(offset);
 }
 
 // How many bytes in front of its line a check may colour. Where an @function runs off the text, its scanner
@@ -27,7 +27,8 @@ constexpr Position kFarthestBack = [] {
     return toPosition(std::max(longestKeyword, longestName + 1) + kRestOfCharacter);
 }();
 
-// What both passes do alike at a line. `shift` is what its document offset is off its place in `text`.
+// What both passes do alike at a line. `shift` is what has to be added to an offset in `text` for the
+// position in the document.
 class LinePainter {
 public:
     LinePainter(StyledText& target, CheckerState& state, ErrorRuns* errors)
@@ -67,16 +68,16 @@ public:
 
     bool advance(Position lines) {
         const auto goal = line + std::min(lines, target_.size() + 1);
-        while (line < goal && place <= target_.size()) step();
-        return place <= target_.size();
+        while (line < goal && position <= target_.size()) step();
+        return position <= target_.size();
     }
 
     Position settledEnd() const {
-        return place > target_.size() ? target_.size() : std::max<Position>(place - kFarthestBack, 0);
+        return position > target_.size() ? target_.size() : std::max<Position>(position - kFarthestBack, 0);
     }
 
     Position line = 0;
-    Position place = 0;
+    Position position = 0;
 
 private:
     void step();
@@ -84,7 +85,7 @@ private:
     void subsectionHeader(std::string_view text, size_t start, size_t end);
     void take(const LogicalLine& taken) {
         line += taken.lines;
-        place = toPosition(taken.next);
+        position = toPosition(taken.next);
     }
 
     StyledText& target_;
@@ -95,13 +96,13 @@ private:
 
 void DocumentPass::Work::step() {
     const auto text = target_.text();
-    const auto start = static_cast<size_t>(place);
+    const auto start = static_cast<size_t>(position);
     const auto end = lineEnd(text, start);
     LogicalLine taken{.start = start, .end = end, .commentEnd = end, .next = end + 2};
     const auto kind = classifyLine(text.substr(start, end - start), state_.section());
     if (kind == LineKind::PackageHeader) taken = packageHeader(text, start);
     if (kind == LineKind::Item) taken = itemLine(text, start, EmptyTest::NextLine);
-    target_.colour(place, toPosition(taken.next), StyleCategory::NormalText);
+    target_.colour(position, toPosition(taken.next), StyleCategory::NormalText);
     switch (kind) {
         case LineKind::Blank:
             break;
@@ -154,11 +155,11 @@ DocumentPass::~DocumentPass() = default;
 bool DocumentPass::advance(Position lines) {
     return work_->advance(lines);
 }
-Position DocumentPass::lineIndex() const {
+Position DocumentPass::linesDone() const {
     return work_->line;
 }
 Position DocumentPass::position() const {
-    return work_->place;
+    return work_->position;
 }
 Position DocumentPass::settledEnd() const {
     return work_->settledEnd();
@@ -176,8 +177,8 @@ void CheckRange(StyledText& target, CheckerState& state, Position from, Position
     const auto text = document.substr(static_cast<size_t>(from), static_cast<size_t>(to - from));
     LinePainter painter(target, state, errors);
 
-    // Every line is laid from the place where it begins in the document, the first one too, where the range
-    // may have only its end.
+    // The range may begin in the middle of a line. What is laid of that line is laid from where the line
+    // begins in the document; every other line is laid where it stands.
     const auto before = document.substr(0, static_cast<size_t>(from)).rfind("\r\n");
     auto shift = before == std::string_view::npos ? 0 : toPosition(before) + 2;
     for (size_t start = 0; start <= text.size();) {

@@ -34,7 +34,7 @@ public:
     bool advance(Position lines);
 
     /// The physical lines done so far.
-    Position lineIndex() const;
+    Position linesDone() const;
     /// The start of the line that is next.
     Position position() const;
     /// The end of what no further slice colours. It is a little in front of `position`: the check of a line

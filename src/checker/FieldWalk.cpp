@@ -62,7 +62,8 @@ ScanPosition FieldWalk::behindCharacter(ScanPosition i) const {
     return i;
 }
 
-// Bytes that belong to no character stand for themselves, or the walk could come back in front of a comma.
+// The start of the character that holds the byte at `i`. A byte that belongs to no character counts as one:
+// it must not take the walk back in front of a comma.
 ScanPosition FieldWalk::frontOfCharacter(ScanPosition i) const {
     auto front = i;
     while (front > kFirst && isContinuation(scan_.at(front))) --front;
@@ -76,7 +77,10 @@ bool FieldWalk::name() {
         i_ = ScanPosition(kName.skip(scan_.text, i_.offset(), Act::Append));
         const char c = scan_.at(i_);
         if (c == '(') ++depth;
-        if (c == ')' && depth-- == 0) return wholeError(ErrorReason::ClosedBeforeOpened);
+        if (c == ')') {
+            if (depth == 0) return wholeError(ErrorReason::ClosedBeforeOpened);
+            --depth;
+        }
         if (c == ',' && depth == 0) break;
     }
     fieldStart_ = i_ + 1;
@@ -95,12 +99,15 @@ bool FieldWalk::step() {
         case Act::Open:
             ++tagCount_;
             ++depth_;
-            word_.append(scan_.span(i_, 1));
+            word_.append(scan_.stretch(i_, 1));
             return tag();
         case Act::Close:
-            return depth_-- > 0 || wholeError(ErrorReason::ClosedBeforeOpened);
+            if (depth_ == 0) return wholeError(ErrorReason::ClosedBeforeOpened);
+            --depth_;
+            return true;
         case Act::Comma:
-            return word_.empty() || bareField();
+            if (word_.empty()) return true;
+            return bareField();
         case Act::Blank:
             if (!word_.empty()) ++skipped_;
             return true;

@@ -82,7 +82,7 @@ PackageLine::Hit PackageLine::find(std::string_view word, ScanPosition from) con
 
 PackageLine::Hit PackageLine::findLastAnd() const {
     for (auto i = scan_.end() - kAnd.size(); i >= kFirst; --i)
-        if (equalIgnoringAsciiCase(scan_.span(i, kAnd.size()), kAnd)) return i;
+        if (equalIgnoringAsciiCase(scan_.stretch(i, kAnd.size()), kAnd)) return i;
     return std::nullopt;
 }
 
@@ -90,7 +90,7 @@ PackageLine::Hit PackageLine::findLastAnd() const {
 void PackageLine::mark(ScanPosition hit, std::string_view word) {
     const auto inner = trimBlanks(word);
     const auto start = hit + 1;
-    scan_.recognise(start + inner.size(), scan_.span(start, inner.size()), inner,
+    scan_.recognise(start + inner.size(), scan_.stretch(start, inner.size()), inner,
                     StyleCategory::PackageItemsAndItemTags);
 }
 
@@ -98,7 +98,7 @@ void PackageLine::run() {
     const auto equals = scan_.find('=');
     if (!scan_.isInside(equals)) return scan_.wholeError(ErrorReason::NoEqualsSign);
     const auto behind = equals + 1;
-    const auto word = scan_.span(kFirst, behind);
+    const auto word = scan_.between(kFirst, behind);
     const int index = kPackageWords.find(word);
     if (index < 0) return scan_.wholeError(ErrorReason::UnknownPackageWord);
     const auto spelling = kPackageWords[index];
@@ -117,12 +117,12 @@ void PackageLine::emessage() {
     mark(*with, kWith);
     constexpr std::string_view kNewParagraph = " ~P ";
     for (auto hit = find(kNewParagraph, kFirst + 1); hit; hit = find(kNewParagraph, *hit + 2))
-        scan_.recognise(*hit + 3, scan_.span(*hit + 1, 2), "~P", StyleCategory::Keywords);
+        scan_.recognise(*hit + 3, scan_.stretch(*hit + 1, 2), "~P", StyleCategory::Keywords);
 }
 
 void PackageLine::add(ScanPosition from) {
-    const int attributeIndex = kAttributes.find(scan_.span(from, 2));
-    if (equalIgnoringAsciiCase(scan_.span(from, kRace.size()), kRace))
+    const int attributeIndex = kAttributes.find(scan_.stretch(from, 2));
+    if (equalIgnoringAsciiCase(scan_.stretch(from, kRace.size()), kRace))
         race(from);
     else if (attributeIndex >= 0)
         attribute(from, attributeIndex);
@@ -133,21 +133,21 @@ void PackageLine::add(ScanPosition from) {
 void PackageLine::race(ScanPosition from) {
     scan_.rewrite(from, kRace);
     const auto at = from + kRace.size();
-    if (!equalIgnoringAsciiCase(scan_.span(at, kAt.size()), kAt))
+    if (!equalIgnoringAsciiCase(scan_.stretch(at, kAt.size()), kAt))
         return scan_.wholeError(ErrorReason::RaceWithoutAt);
     mark(at, kAt);
-    if (trimBlanks(scan_.span(at + kAt.size(), scan_.end())).empty())
+    if (trimBlanks(scan_.between(at + kAt.size(), scan_.end())).empty())
         scan_.wholeError(ErrorReason::RaceEmpty);
 }
 
 void PackageLine::attribute(ScanPosition from, int index) {
     scan_.rewrite(from, kAttributes[index]);
     auto at = from + kAttributes[index].size();
-    if (equalIgnoringAsciiCase(scan_.span(at, kAdjustment.size()), kAdjustment)) {
+    if (equalIgnoringAsciiCase(scan_.stretch(at, kAdjustment.size()), kAdjustment)) {
         scan_.rewrite(at, kAdjustment);
         at += kAdjustment.size();
     }
-    if (!equalIgnoringAsciiCase(scan_.span(at, kAt.size()), kAt))
+    if (!equalIgnoringAsciiCase(scan_.stretch(at, kAt.size()), kAt))
         return scan_.wholeError(ErrorReason::AttributeWithoutAt);
     mark(at, kAt);
     for (auto i = at + kAt.size(); scan_.isInside(i); ++i) {
@@ -164,7 +164,7 @@ int PackageLine::prefixTag(ScanPosition from) {
     const auto colon = scan_.find(':', from);
     if (!scan_.isInside(colon)) return -1;
     start_ = colon + 1;
-    const auto word = scan_.span(from, start_);
+    const auto word = scan_.between(from, start_);
     const int prefix = kPrefixTags.find(word);
     if (prefix >= 0) scan_.recognise(start_, word, kPrefixTags[prefix], StyleCategory::PrefixTags);
     return prefix;
@@ -228,7 +228,7 @@ void PackageLine::onlyWith(Head head, ScanPosition with) {
 
 bool PackageLine::nameScan(ScanPosition end) {
     int depth = 0;
-    for (const char c : scan_.span(start_, end)) {
+    for (const char c : scan_.between(start_, end)) {
         if (c == '(') ++depth;
         if (c == ')' && --depth == 0) return true;
         if (c == ',' && depth == 0) return wholeError(ErrorReason::AddComma);
@@ -250,7 +250,7 @@ bool PackageLine::modifierList(ScanPosition from, ScanPosition end) {
 }
 
 void PackageLine::levelTest(ScanPosition from, ScanPosition end) {
-    auto value = scan_.span(from, end);
+    auto value = scan_.between(from, end);
     const auto unit = value.substr(value.size() - std::min<size_t>(value.size(), 3));
     const auto rest = cutThree(value);
     if (equalIgnoringAsciiCase(unit, "pts")) {
@@ -267,7 +267,7 @@ void PackageLine::levelTest(ScanPosition from, ScanPosition end) {
 bool PackageLine::part(Section section, ScanPosition from, ScanPosition end) {
     auto& state = scan_.state;
     state.SetCurrentSection(sectionName(section));
-    CheckLine(scan_.line, scan_.span(from, end), scan_.inDocument(from));
+    CheckLine(scan_.line, scan_.between(from, end), scan_.inDocument(from));
     state.SetCurrentSection(sectionName(Section::Packages));
     return !scan_.line.hasEnded;
 }

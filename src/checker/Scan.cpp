@@ -44,7 +44,7 @@ void LineCheck::error(Position start, Position end, ErrorReason reason) {
     }
 }
 
-std::string_view Scan::span(ScanPosition from, ScanPosition to) const {
+std::string_view Scan::between(ScanPosition from, ScanPosition to) const {
     from = std::max(from, kFirst);
     to = std::min(to, end());
     if (from >= to) return {};
@@ -72,7 +72,7 @@ ScanPosition Scan::firstGives() {
 }
 
 bool prefixTest(Scan& scan, ScanPosition i, WordBuffer& word) {
-    word.append(scan.span(i, 1));
+    word.append(scan.stretch(i, 1));
     const auto view = word.view();
     const int prefix = findPrefixTag(view);
     if (prefix >= 0) scan.recognise(i + 1, view, kPrefixTags[prefix], StyleCategory::PrefixTags);

@@ -41,7 +41,7 @@ public:
 
     void colour(Position start, Position end, StyleCategory style);
     /// Lays an error run. Ground that is known to be in error is not laid again, so that runs which all begin
-    /// at the same place cost no more than their last.
+    /// at the same position cost no more than their last.
     void error(Position start, Position end, ErrorReason reason);
     /// `spelling` must outlive the line.
     void rewrite(Position start, std::string_view spelling) { rewrites_.push_back({start, spelling}); }
@@ -83,8 +83,8 @@ public:
     /// The character at a position; NUL where there is none.
     char at(ScanPosition i) const { return isInside(i) ? text[i.offset()] : '\0'; }
     /// The text in [from, to), cut to what there is.
-    std::string_view span(ScanPosition from, ScanPosition to) const;
-    std::string_view span(ScanPosition from, size_t length) const { return span(from, from + length); }
+    std::string_view between(ScanPosition from, ScanPosition to) const;
+    std::string_view stretch(ScanPosition from, size_t length) const { return between(from, from + length); }
     /// The position at or behind `from` of a character; the end if there is none.
     ScanPosition find(char c, ScanPosition from = kFirst) const;
     /// Takes the character at `i` and those behind it that `table` names no more than it into `word`; `i` is

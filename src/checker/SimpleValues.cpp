@@ -106,7 +106,7 @@ ScanPosition CheckArithmetic(Scan& scan, ScanPosition position) {
 
 ScanPosition CheckYesNo(Scan& scan, ScanPosition position) {
     const auto close = scan.find(')', position);
-    const auto value = scan.span(position, close);
+    const auto value = scan.between(position, close);
     const int word = kYesNo.find(value);
     if (word < 0)
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadYesNo);
@@ -116,14 +116,14 @@ ScanPosition CheckYesNo(Scan& scan, ScanPosition position) {
 
 ScanPosition CheckStep(Scan& scan, ScanPosition position) {
     const auto close = scan.find(')', position);
-    if (!isNumber(scan.span(position, close)))
+    if (!isNumber(scan.between(position, close)))
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadStep);
     return closeTag(scan, close);
 }
 
 ScanPosition CheckRounding(Scan& scan, ScanPosition position) {
     const auto close = scan.find(')', position);
-    const auto value = scan.span(position, close);
+    const auto value = scan.between(position, close);
     const int part = kRoundingParts.find(value);
     const bool isNo = scan.state.section() == Section::Stats && equalIgnoringAsciiCase(value, "No");
     if (!isPartOfRounding(value) && part < 0 && !isNo)
@@ -135,7 +135,7 @@ ScanPosition CheckRounding(Scan& scan, ScanPosition position) {
 
 ScanPosition CheckSkillType(Scan& scan, ScanPosition position, char terminator) {
     const auto end = scan.find(terminator, position);
-    const auto value = scan.span(position, end);
+    const auto value = scan.between(position, end);
     const int type = kSkillTypes.find(value);
     if (type < 0)
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), terminator,

@@ -18,7 +18,7 @@ bool ValueWalk::separatorGoesOn() {
         word.clear();
     } else if (next == ' ') {
         word.removeTrailingBlanks();
-        word.append(scan.span(i, 1));
+        word.append(scan.stretch(i, 1));
     } else if (next != '\t' && next != '\r' && next != '\n') {
         if (!isMath(previous)) return false;
         word.clear();

@@ -37,8 +37,8 @@ void addChoice(CLI::App& app, const char* name, const char* help, const Choices<
     app.add_option_function<std::string>(name, choose, help)->check(CLI::IsMember(names))->type_name("WHAT");
 }
 
-// The library takes "[a,b]" among several values for a list of two. In front of this no argument is one: it
-// stands in none that the system hands over.
+// The library takes a value "[a,b]" for a list of two. With a NUL in front it is none; no argument of the
+// system's holds a NUL.
 constexpr char kGuard = '\0';
 
 std::string guarded(const std::string& argument) {

@@ -12,13 +12,13 @@ namespace klt {
 
 namespace {
 
-// Brackets are easily forgotten, and trouble in a shell.
+// The brackets may be left out: a shell takes them for a pattern.
 std::string headerOf(const std::string& section) {
     auto bracketed = "[" + section + "]";
     return sectionOf(bracketed) == Section::Other ? section : bracketed;
 }
 
-std::string tagOf(const std::string& tag) {
+std::string withParenthesis(const std::string& tag) {
     return tag.ends_with('(') ? tag : tag + "(";
 }
 
@@ -42,7 +42,7 @@ public:
         state.SetCurrentSection(headerOf(subject.section));
         if (subject.passHasRun) state.functionStack.reset();
         ErrorRuns errors;
-        CheckField(field, state, tagOf(subject.tag), &errors);
+        CheckField(field, state, withParenthesis(subject.tag), &errors);
         add({"field", field, std::move(errors), true});
         report_->end();
     }

@@ -9,14 +9,14 @@ namespace klt {
 
 namespace {
 
-// Of ascending places, in one walk over the text.
-std::vector<LineColumn> linesAndColumns(std::string_view text, const std::vector<Position>& places) {
+// Of ascending positions, in one walk over the text.
+std::vector<LineColumn> linesAndColumns(std::string_view text, const std::vector<Position>& positions) {
     std::vector<LineColumn> found;
-    found.reserve(places.size());
+    found.reserve(positions.size());
     LineColumn now;
     size_t reached = 0;
-    for (const auto place : places) {
-        const auto goal = unitStart(text, static_cast<size_t>(std::max<Position>(place, 0)));
+    for (const auto position : positions) {
+        const auto goal = unitStart(text, static_cast<size_t>(std::max<Position>(position, 0)));
         while (reached < goal) {
             const auto rest = text.substr(reached, goal - reached);
             const auto lineEnd = rest.find('\n');
@@ -40,15 +40,15 @@ std::vector<Finding> findingsOf(std::string_view text, ErrorRuns runs) {
     std::sort(runs.begin(), runs.end(), [&](const auto& a, const auto& b) { return key(a) < key(b); });
     runs.erase(std::unique(runs.begin(), runs.end()), runs.end());
 
-    std::vector<Position> places;
-    places.reserve(runs.size() * 2);
-    for (const auto& run : runs) places.insert(places.end(), {run.start, run.end});
-    std::sort(places.begin(), places.end());
-    places.erase(std::unique(places.begin(), places.end()), places.end());
-    const auto found = linesAndColumns(text, places);
-    const auto at = [&](Position place) {
-        return found[static_cast<size_t>(std::lower_bound(places.begin(), places.end(), place) -
-                                         places.begin())];
+    std::vector<Position> positions;
+    positions.reserve(runs.size() * 2);
+    for (const auto& run : runs) positions.insert(positions.end(), {run.start, run.end});
+    std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
+    const auto found = linesAndColumns(text, positions);
+    const auto at = [&](Position position) {
+        return found[static_cast<size_t>(std::lower_bound(positions.begin(), positions.end(), position) -
+                                         positions.begin())];
     };
 
     std::vector<Finding> findings;

@@ -7,14 +7,14 @@
 
 namespace klt {
 
-/// A place in a text as a person counts it: lines, and characters in the line, both from 1.
+/// A position in a text as a person counts it: lines, and characters in the line, both from 1.
 struct LineColumn {
     size_t line = 1;
     size_t column = 1;
     bool operator==(const LineColumn&) const = default;
 };
 
-/// One error run; `end` is the place behind it.
+/// One error run; `end` is behind it.
 struct Finding {
     LineColumn start;
     LineColumn end;

@@ -19,9 +19,6 @@ std::string formatted(std::string text) {
     return styled.takeText();
 }
 
-// The words of the one thing that is a finding here.
-constexpr std::string_view kWouldChange = "would be changed";
-
 Failure formatFile(Session& session, const std::string& path, Goal goal) {
     if (goal == Goal::InPlace && path == kStandardInput) return "It can't be written in place";
     auto file = session.read(path);
@@ -37,7 +34,7 @@ Failure formatFile(Session& session, const std::string& path, Goal goal) {
     }
     if (encoded.bytes() == before) return {};
     if (goal == Goal::InPlace) return writeFile(path, encoded.bytes());
-    session.complain(shownName(path), kWouldChange);
+    session.complain(shownName(path), "would be changed");
     session.note(ExitStatus::Found);
     return {};
 }

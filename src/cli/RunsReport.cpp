@@ -14,7 +14,7 @@ public:
         const auto styles = checked.text.styles();
         for (size_t start = 0; start < styles.size();) {
             const auto end = std::min(styles.find_first_not_of(styles[start], start), styles.size());
-            const auto style = checked.text.styleAt(static_cast<Position>(start));
+            const auto style = checked.text.categoryAt(static_cast<Position>(start));
             if (style != StyleCategory::NormalText) writeRun(start, end, style);
             start = end;
         }

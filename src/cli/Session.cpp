@@ -12,7 +12,7 @@ namespace klt {
 
 namespace {
 
-std::string realPath(const std::string& path) {
+std::string pathOnDisk(const std::string& path) {
     return path == kStandardInput ? path : findPathIgnoringCase(path).value_or(path);
 }
 
@@ -28,7 +28,7 @@ Failure attempt(const Session::FileWork& work, const std::string& path) {
 
 void Session::forEachFile(const std::vector<std::string>& paths, const FileWork& work) {
     for (const auto& spelled : paths) {
-        const auto path = realPath(spelled);
+        const auto path = pathOnDisk(spelled);
         if (const auto failure = attempt(work, path)) {
             complain(shownName(path), *failure);
             note(ExitStatus::Failed);

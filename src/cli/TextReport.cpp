@@ -6,7 +6,7 @@ namespace klt {
 namespace {
 
 struct Colours {
-    std::string_view place;
+    std::string_view location;
     std::string_view error;
     std::string_view none;
 };
@@ -21,7 +21,7 @@ public:
         std::string line;
         for (const auto& finding : findingsOf(checked.text.text(), std::move(checked.errors))) {
             line.clear();
-            line.append(colours_.place).append(checked.name).append(":");
+            line.append(colours_.location).append(checked.name).append(":");
             line.append(std::to_string(finding.start.line)).append(":");
             line.append(std::to_string(finding.start.column)).append(":").append(colours_.none).append(" ");
             line.append(colours_.error).append("error:").append(colours_.none).append(" ");

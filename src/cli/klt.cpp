@@ -9,8 +9,8 @@
 
 namespace {
 
-// A file opened under the number of a standard stream would take in what is meant for that stream. What
-// holds its place here refuses to be used.
+// Where a standard stream is closed, the next file to be opened would get its number, and with it what is
+// meant for the stream. /dev/null takes the number first, opened so that using it fails.
 void fillStandardStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (fcntl(stream, F_GETFD) < 0) open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);

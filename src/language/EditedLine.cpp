@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-size_t lineStart(std::string_view document, size_t place) {
-    const auto before = document.substr(0, unitStart(document, place)).rfind(kLineEnd);
+size_t lineStart(std::string_view document, size_t offset) {
+    const auto before = document.substr(0, unitStart(document, offset)).rfind(kLineEnd);
     return before == std::string_view::npos ? 0 : before + kLineEnd.size();
 }
 
@@ -26,8 +26,8 @@ bool goesOn(std::string_view line) {
 
 }  // namespace
 
-EditedLine GetLogicalLine(std::string_view document, Position place) {
-    const auto start = lineStart(document, static_cast<size_t>(std::max<Position>(place, 0)));
+EditedLine GetLogicalLine(std::string_view document, Position position) {
+    const auto start = lineStart(document, static_cast<size_t>(std::max<Position>(position, 0)));
     EditedLine result;
     auto from = start;
     for (;;) {

@@ -23,9 +23,9 @@ struct EditedLine {
     TextRange range;
 };
 
-/// The logical line that begins with the physical line at `place` (clamped to the document). A continuation
-/// mark in the document's last line is answered by an empty line.
-EditedLine GetLogicalLine(std::string_view document, Position place);
+/// The logical line that begins with the physical line at `position` (clamped to the document). A
+/// continuation mark in the document's last line is answered by an empty line.
+EditedLine GetLogicalLine(std::string_view document, Position position);
 
 /// The text of a logical line made one line, as the wizards load it: "_" with CR LF goes, a tab becomes a
 /// blank, a double blank one, each in a single pass.

@@ -39,9 +39,9 @@ size_t lineEnd(std::string_view text, size_t start) {
     for (auto from = start; from < text.size();) {
         const void* hit = std::memchr(data + from, '\n', text.size() - from);
         if (hit == nullptr) break;
-        const auto place = static_cast<size_t>(static_cast<const char*>(hit) - data);
-        if (place > start && data[place - 1] == '\r') return place - 1;
-        from = place + 1;
+        const auto offset = static_cast<size_t>(static_cast<const char*>(hit) - data);
+        if (offset > start && data[offset - 1] == '\r') return offset - 1;
+        from = offset + 1;
     }
     return text.size();
 }

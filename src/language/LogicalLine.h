@@ -24,7 +24,7 @@ inline constexpr std::string_view kVersionLine = "Version=2";
 /// told as a header, whether or not it is a right one.
 LineKind classifyLine(std::string_view line, Section section);
 
-/// The end of the physical line that begins at `start`: the place of its CR LF, or the text's end.
+/// The end of the physical line that begins at `start`: the offset of its CR LF, or the text's length.
 size_t lineEnd(std::string_view text, size_t start);
 
 /// One item line or package header with its continuation lines.

@@ -28,8 +28,8 @@ public:
     /// As long as the text.
     std::string_view styles() const { return styles_; }
     Position size() const { return static_cast<Position>(text_.size()); }
-    StyleCategory styleAt(Position place) const {
-        return static_cast<StyleCategory>(styles_[static_cast<size_t>(place)]);
+    StyleCategory categoryAt(Position position) const {
+        return static_cast<StyleCategory>(styles_[static_cast<size_t>(position)]);
     }
 
     /// Lays a style on [start, end), cut to the text. Nothing happens unless start is less than end. A start

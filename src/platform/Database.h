@@ -101,7 +101,7 @@ private:
     struct Close {
         void operator()(sqlite3* database) const;
     };
-    /// At a place of its own, for SQLite to ask.
+    /// SQLite keeps a pointer to it, which stays good when the database is moved.
     std::unique_ptr<int> wait_ = std::make_unique<int>(0);
     std::unique_ptr<sqlite3, Close> database_;
 };

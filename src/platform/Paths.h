@@ -9,7 +9,7 @@ namespace klt {
 /// Whether something exists under this path, as spelled; a symbolic link that leads nowhere does not.
 bool PathExists(std::string_view path);
 
-/// A usable full form: "\" counts as "/", a relative path goes on from the current folder, doubled
+/// A usable full form: "\" counts as "/", a relative path goes on from the current folder. Doubled
 /// separators,
 /// "." and ".." are taken out (".." behind a symbolic link stays, for it leads elsewhere). Symbolic links are
 /// not resolved. An ordinary full path comes back unchanged; so does a text of blanks, which is no path.

@@ -55,8 +55,8 @@ bool seedAuthorProfiles(Store& store) {
 AuthorProfile readAuthorProfile(Store& store, std::int32_t index) {
     const auto profile = std::to_string(index);
     AuthorProfile read{.name = readPart(store, profile, kNameKey), .addresses = {}};
-    for (size_t place = 0; place < kAddressKeys.size(); ++place)
-        read.addresses[place] = readPart(store, profile, kAddressKeys[place]);
+    for (size_t i = 0; i < kAddressKeys.size(); ++i)
+        read.addresses[i] = readPart(store, profile, kAddressKeys[i]);
     return read;
 }
 
@@ -72,8 +72,8 @@ bool writeAuthorProfile(Store& store, std::int32_t index, const AuthorProfile& p
     return store.together([&] {
         const auto section = std::to_string(index);
         bool stored = writePart(store, section, kNameKey, profile.name);
-        for (size_t place = 0; place < kAddressKeys.size(); ++place)
-            stored &= writePart(store, section, kAddressKeys[place], profile.addresses[place]);
+        for (size_t i = 0; i < kAddressKeys.size(); ++i)
+            stored &= writePart(store, section, kAddressKeys[i], profile.addresses[i]);
         return stored;
     });
 }

@@ -35,7 +35,7 @@ bool isStored(Store& store, const TextSetting& setting) {
     return HasSetting(store, setting.application, setting.section, setting.key);
 }
 
-bool deleteSetting(Store& store, const TextSetting& setting) {
+bool removeSetting(Store& store, const TextSetting& setting) {
     return DeleteSetting(store, setting.application, setting.section, setting.key);
 }
 

@@ -52,7 +52,7 @@ std::string readSetting(Store& store, const TextSetting& setting, std::string_vi
 /// Whether anything stands under the setting.
 bool isStored(Store& store, const TextSetting& setting);
 /// Takes the setting out of the store; true if it was there.
-bool deleteSetting(Store& store, const TextSetting& setting);
+bool removeSetting(Store& store, const TextSetting& setting);
 
 /// True if it is stored, on the disk.
 bool writeSetting(Store& store, const NumberSetting& setting, std::int32_t value);

@@ -29,16 +29,16 @@ std::string realText(double number) {
 /// would grow beyond what the store holds.
 std::string ExpandEnvStr(const std::string& text) {
     std::string expanded;
-    size_t place = 0;
+    size_t offset = 0;
     while (expanded.size() <= kLongestEntry) {
-        const auto open = text.find('%', place);
+        const auto open = text.find('%', offset);
         const auto close = open == std::string::npos ? open : text.find('%', open + 1);
-        if (close == std::string::npos) return expanded.append(text, place);
+        if (close == std::string::npos) return expanded.append(text, offset);
         const auto* value = std::getenv(text.substr(open + 1, close - open - 1).c_str());
-        expanded.append(text, place, open - place);
+        expanded.append(text, offset, open - offset);
         // The second "%" of no name may be the first of one.
         expanded.append(value ? value : text.substr(open, close - open));
-        place = value ? close + 1 : close;
+        offset = value ? close + 1 : close;
     }
     return text;
 }

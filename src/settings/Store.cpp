@@ -46,7 +46,8 @@ size_t lengthOf(const StoredValue& value) {
     return sizeof(std::int64_t);
 }
 
-/// Keeps a value for the next reads. The lock of the running transaction is what ties it to the counter.
+/// Keeps a value for the next reads. Called inside the transaction that read it, so that the counter is still
+/// that of the value.
 void remember(StoreConnection& connection, std::string known, const std::optional<StoredValue>& value) {
     const auto counter = connection.database.changeCounter();
     if (!connection.counted || !counter) return;
@@ -122,7 +123,7 @@ bool Store::removeValue(NodePath key, std::string_view name) {
     });
 }
 
-bool Store::keyExists(NodePath key) {
+bool Store::hasKey(NodePath key) {
     bool exists = false;
     reading([&](StoreConnection& connection) {
         exists = resolve(connection, key, IfMissing::Nothing).has_value();
@@ -130,8 +131,8 @@ bool Store::keyExists(NodePath key) {
     return exists;
 }
 
-bool Store::createKey(NodePath key) {
-    return keyExists(key) || together([&] { return resolve(*running_, key, IfMissing::Make).has_value(); });
+bool Store::makeKey(NodePath key) {
+    return hasKey(key) || together([&] { return resolve(*running_, key, IfMissing::Make).has_value(); });
 }
 
 bool Store::removeKey(NodePath key) {
@@ -154,8 +155,7 @@ std::vector<std::string> Store::keyNames(NodePath key) {
 
 bool Store::together(const std::function<bool()>& work) {
     if (running_) return work();
-    // A file that was replaced under the transaction took what was written with it: once more, in the new
-    // one.
+    // What was written to a file that has been replaced meanwhile is lost: it is done again in the new one.
     for (int round = 0; round < 3; ++round) {
         StoreFile::Visit visit(file_);
         auto* connection = visit.connect(StoreFile::Purpose::Writing);

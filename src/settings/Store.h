@@ -41,9 +41,9 @@ public:
     /// True if the value was there and is gone.
     bool removeValue(NodePath key, std::string_view name);
 
-    bool keyExists(NodePath key);
+    bool hasKey(NodePath key);
     /// True if the key is there now. A root that isn't one of the two can't be made.
-    bool createKey(NodePath key);
+    bool makeKey(NodePath key);
     /// Removes a key with all below it; true if it was there. The roots stay.
     bool removeKey(NodePath key);
 

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "platform/Descriptor.h"
+#include "platform/FileCalls.h"
 #include "platform/Paths.h"
 
 namespace klt {
@@ -44,7 +45,7 @@ constexpr std::array<std::pair<StoreSql, std::string_view>, kStoreSqlCount> kSql
     {StoreSql::RemoveBranch, "DELETE FROM keys WHERE id IN (SELECT id FROM branch)"},
 }};
 
-// AUTOINCREMENT: what a careless hand left behind under a removed key never turns up under a new one.
+// AUTOINCREMENT: a new key never gets the number of a removed one, under which entries may have been left.
 constexpr const char* kTables =
     "CREATE TABLE IF NOT EXISTS keys (id INTEGER PRIMARY KEY AUTOINCREMENT, "
     "parent INTEGER REFERENCES keys (id), name TEXT NOT NULL COLLATE NOCASE, UNIQUE (parent, name));"
@@ -62,11 +63,6 @@ std::string sqlText(StoreSql sql, std::string_view text) {
 bool isPlainFile(const std::string& path) {
     struct stat found {};
     return stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode);
-}
-
-std::string folderOf(const std::string& path) {
-    const auto folder = fs::path(path).parent_path().string();
-    return folder.empty() ? "." : folder;
 }
 
 /// `path` with the time behind it, and a number where that is taken.
@@ -99,7 +95,7 @@ StoreConnection* StoreFile::current() {
 }
 
 StoreConnection* StoreFile::connect(Purpose purpose) {
-    // Another round is for the new file behind one that was moved aside.
+    // After a damaged file has been moved aside, another round makes a new one.
     for (int round = 0; round < 3 && !givenUp_; ++round) {
         if (purpose == Purpose::Writing && !makePrivateFolder(folderOf(path_))) return nullptr;
         if (!share()) return nullptr;
@@ -132,14 +128,14 @@ void StoreFile::setPatience(bool patient) {
     if (connection_) connection_->database.setWait(wait());
 }
 
-/// Where folders take no locks, nobody moves anything either.
+/// False where another process claims the folder. Where folders can't be locked the file is used without.
 bool StoreFile::share() {
     const auto answer = lock_.share(folderOf(path_), wait());
     if (answer == FolderLock::Answer::Busy) setPatience(false);
     return answer != FolderLock::Answer::Busy;
 }
 
-/// An empty file for SQLite to fill: its own would be readable by everybody.
+/// Makes an empty file for SQLite to fill: one that SQLite makes could be read by everybody.
 bool StoreFile::make() const {
     const Descriptor made(::open(path_.c_str(), O_CREAT | O_RDWR | O_CLOEXEC | O_NONBLOCK, 0600));
     return made && isPlainFile(path_);
@@ -170,7 +166,7 @@ StoreFile::Health StoreFile::prepareStatements(StoreConnection& connection) {
     for (const auto& [sql, text] : kSql) {
         const auto status =
             database.prepare(sqlText(sql, text), connection.statements[static_cast<size_t>(sql)]);
-        // Statements that don't fit its tables: a database, but of somebody else.
+        // The statements don't fit its tables: it is another program's database.
         if (status == DatabaseStatus::Invalid || status == DatabaseStatus::Damaged) return Health::Damaged;
         if (status != DatabaseStatus::Done) return Health::Unknown;
     }

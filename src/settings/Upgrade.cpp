@@ -55,8 +55,9 @@ constexpr std::array<Step, 3> kSteps = {{
     {"1.60.0053", [](Store& store) { correctSecondAddress(store, kMakerName, kMakerAddress); }},
 }};
 
-/// Each step is for what was found, so an empty store goes through all but the first. Versions are compared
-/// as plain texts: a minor number of one digit counts as higher than "60".
+/// Which steps are taken is decided by the version that was found, not by what a step stores; so an empty
+/// store goes through all of them. Versions are compared as plain texts: a minor number of one digit counts
+/// as higher than "60".
 void upgradeFrom(Store& store, std::string version) {
     if (version.size() > kAppVersion.size()) {
         version = "1.52.0000";

@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kMaxCount = "MaxCount";
 constexpr std::string_view kCount = "Count";
 constexpr std::int32_t kUsualCapacity = 4;
-// More entries are not believed: the list is short, and the store open to every hand.
+// A larger stored number is cut down to this: anybody may write into the store.
 constexpr std::int32_t kMostLoaded = 1000;
 
 std::string entryName(std::int32_t index) {
@@ -48,8 +48,8 @@ std::int32_t cMRUFileList::held() const {
 }
 
 std::string cMRUFileList::file(std::int32_t index) const {
-    const auto place = static_cast<size_t>(index) - 1;
-    return index >= 1 && place < files_.size() ? files_[place] : std::string();
+    if (index < 1 || static_cast<size_t>(index) > files_.size()) return {};
+    return files_[static_cast<size_t>(index) - 1];
 }
 
 std::string& cMRUFileList::entry(std::int32_t index) {
@@ -65,19 +65,18 @@ std::string cMRUFileList::MenuCaption(std::int32_t index) const {
 void cMRUFileList::AddFile(std::string_view name) {
     fileCount_ = held();
     std::string added(name);
-    std::int32_t place = 0;
-    for (std::int32_t index = 1; index <= fileCount_ && place == 0; ++index) {
+    std::int32_t index = 1;
+    for (; index <= fileCount_; ++index) {
         entry(index) = upperCase(entry(index));
         added = upperCase(added);
-        if (entry(index) == added) place = index;
+        if (entry(index) == added) break;
     }
-    if (place == 0) {
-        if (fileCount_ < maxFileCount_) ++fileCount_;
-        place = fileCount_;
-    }
-    if (place == 0) return;
-    entry(place) = std::move(added);
-    std::rotate(files_.begin(), files_.begin() + place - 1, files_.begin() + place);
+    if (index > fileCount_ && fileCount_ < maxFileCount_) ++fileCount_;
+    if (fileCount_ == 0) return;
+    // A new one in a full list takes the room of the oldest.
+    index = std::min(index, fileCount_);
+    entry(index) = std::move(added);
+    std::rotate(files_.begin(), files_.begin() + index - 1, files_.begin() + index);
 }
 
 bool cMRUFileList::Save(cRegistry& registry) const {

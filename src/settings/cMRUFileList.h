@@ -38,7 +38,7 @@ public:
     static std::int32_t storedCapacity(cRegistry& registry);
 
 private:
-    /// How many of the entries have a place, whatever `FileCount` says.
+    /// How many of the entries count, whatever `FileCount` says.
     std::int32_t held() const;
     std::string& entry(std::int32_t index);
 

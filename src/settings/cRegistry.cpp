@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <utility>
-#include "text/Ascii.h"
 
 #include "settings/Conversions.h"
+#include "text/Ascii.h"
 
 namespace klt {
 
@@ -40,11 +40,11 @@ std::string orUsual(std::string_view text, std::string_view usual) {
 }  // namespace
 
 bool cRegistry::KeyExists() {
-    return store_.keyExists(node());
+    return store_.hasKey(node());
 }
 
 RegistryOutcome cRegistry::CreateKey() {
-    if (store_.createKey(node())) return {true, {}};
+    if (store_.makeKey(node())) return {true, {}};
     return raise(kFailed, "Failed to create registry Key: '" + sectionKey_);
 }
 
@@ -55,11 +55,10 @@ RegistryOutcome cRegistry::DeleteKey() {
 }
 
 RegistryOutcome cRegistry::DeleteValue() {
-    const auto place = std::to_string(classKey_) + "',Section: '" + sectionKey_;
-    if (!store_.keyExists(node()))
-        return raise(kFailed, "Failed to open key '" + place + "' for delete access");
+    const auto where = std::to_string(classKey_) + "',Section: '" + sectionKey_;
+    if (!store_.hasKey(node())) return raise(kFailed, "Failed to open key '" + where + "' for delete access");
     if (store_.removeValue(node(), valueKey_)) return {true, {}};
-    return raise(kFailed, "Failed to delete registry Key: '" + place + "',Key: '" + valueKey_);
+    return raise(kFailed, "Failed to delete registry Key: '" + where + "',Key: '" + valueKey_);
 }
 
 RegistryValue cRegistry::Value() {
@@ -71,7 +70,7 @@ RegistryOutcome cRegistry::Value(const RegistryValue& value) {
     const bool isWrongBytes = valueType_ == REG_BINARY && !std::holds_alternative<Bytes>(value);
     bool opened = false;
     store_.together([&] {
-        opened = store_.createKey(node());
+        opened = store_.makeKey(node());
         if (opened && !isWrongBytes) put(value);
         return opened;
     });
@@ -91,7 +90,7 @@ void cRegistry::put(const RegistryValue& value) {
         write({type, std::move(text)});
     } else if (valueType_ == REG_BINARY) {
         const auto& bytes = std::get<Bytes>(value);
-        // One short of the difference of the array's bounds: the count is settled so.
+        // The system counts the bytes of an array two short.
         if (bytes.size() >= 2) write({REG_BINARY, Bytes(bytes.begin(), bytes.end() - 2)});
     } else if (valueType_ == REG_DWORD || valueType_ == REG_DWORD_BIG_ENDIAN) {
         if (std::holds_alternative<std::int16_t>(value) || std::holds_alternative<std::int32_t>(value))

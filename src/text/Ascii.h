@@ -46,7 +46,7 @@ constexpr std::string_view trimBlanks(std::string_view text) {
     return text;
 }
 
-/// The place of `what` in `text` at or behind `from`, in any case; npos if there is none.
+/// The offset of `what` in `text` at or behind `from`, in any case; npos if there is none.
 constexpr size_t findIgnoringAsciiCase(std::string_view text, std::string_view what, size_t from = 0) {
     for (size_t i = from; i + what.size() <= text.size(); ++i)
         if (equalIgnoringAsciiCase(text.substr(i, what.size()), what)) return i;
@@ -58,7 +58,9 @@ constexpr size_t findIgnoringAsciiCase(std::string_view text, std::string_view w
 constexpr bool isNumber(std::string_view text) {
     text = trimBlanks(text);
     size_t i = 0;
-    const auto sign = [&] { i += i < text.size() && (text[i] == '+' || text[i] == '-') ? 1 : 0; };
+    const auto sign = [&] {
+        if (i < text.size() && (text[i] == '+' || text[i] == '-')) ++i;
+    };
     const auto digits = [&] {
         const auto first = i;
         while (i < text.size() && isDigit(text[i])) ++i;

@@ -38,17 +38,17 @@ bool isByte(char byte, const ByteSpelling& spelling) {
 }  // namespace
 
 size_t findBytePair(std::string_view text, size_t from, const BytePair& bytes) {
-    size_t place = from;
-    for (; place + kLanes < text.size(); place += kLanes) {
-        const char* const start = text.data() + place;
+    size_t offset = from;
+    for (; offset + kLanes < text.size(); offset += kLanes) {
+        const char* const start = text.data() + offset;
         Lanes hits = equalLanes(start, bytes.first);
         if (bytes.second) hits &= equalLanes(start + 1, *bytes.second);
-        if (const size_t lane = firstSet(hits); lane < kLanes) return place + lane;
+        if (const size_t lane = firstSet(hits); lane < kLanes) return offset + lane;
     }
-    for (; place < text.size(); ++place) {
-        if (!isByte(text[place], bytes.first)) continue;
-        if (!bytes.second) return place;
-        if (place + 1 < text.size() && isByte(text[place + 1], *bytes.second)) return place;
+    for (; offset < text.size(); ++offset) {
+        if (!isByte(text[offset], bytes.first)) continue;
+        if (!bytes.second) return offset;
+        if (offset + 1 < text.size() && isByte(text[offset + 1], *bytes.second)) return offset;
     }
     return text.npos;
 }

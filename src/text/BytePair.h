@@ -19,8 +19,8 @@ struct BytePair {
     std::optional<ByteSpelling> second;
 };
 
-/// The first place from `from` on where the bytes stand; npos where they don't. Reads many bytes at a time,
-/// and none far behind the place.
+/// The offset of the bytes, the first at or behind `from`; npos where they don't stand. Reads many bytes at a
+/// time, and none far behind what it finds.
 size_t findBytePair(std::string_view text, size_t from, const BytePair& bytes);
 
 }  // namespace klt

@@ -44,7 +44,7 @@ std::string TextArea::SelText() const {
 }
 
 Position TextArea::Find(std::string_view text, Position start, Position end, FindOptions options) {
-    // It would tear a line end: a caret inside CR LF is none.
+    // What begins or ends inside CR LF can't be selected.
     if (tearsLineEnd(text)) return kNotFound;
     const TextSearch search(text, options.matchCase, options.wholeWord);
     const TextRange found = search.next(Text(), start, end);

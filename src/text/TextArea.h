@@ -9,7 +9,7 @@
 
 namespace klt {
 
-/// A place in a text: bytes from 0, CR LF counted as two. No place lies inside CR LF or inside a character.
+/// A position in a text: bytes from 0, CR LF counted as two. None lies inside CR LF or inside a character.
 using Position = std::ptrdiff_t;
 inline constexpr Position kNotFound = -1;
 
@@ -73,7 +73,7 @@ public:
     virtual void SetSelStyle(StyleByte style) = 0;
 
     /// Finds `text` wholly within [start, end) (`end` -1: the end of the text), selects it and returns its
-    /// place; kNotFound leaves selection and caret as they were. An empty `text` is never found. Case is
+    /// position; kNotFound leaves selection and caret as they were. An empty `text` is never found. Case is
     /// ignored, beyond ASCII too, unless `options` say otherwise.
     Position Find(std::string_view text, Position start, Position end = -1, FindOptions options = {});
     /// Moves the caret until the next character in that direction is one of `set` (ASCII), else to the end of
@@ -83,9 +83,9 @@ public:
     void Span(std::string_view set, bool forward = true, bool negate = false);
 
     virtual Position LineCount() const = 0;
-    /// The line of a place, from 0.
-    virtual Position GetLineFromChar(Position place) const = 0;
-    /// The place of a line's first character; kNotFound for a line that does not exist.
+    /// The line of a position, from 0.
+    virtual Position GetLineFromChar(Position position) const = 0;
+    /// The position of a line's first character; kNotFound for a line that does not exist.
     virtual Position LineIndex(Position line) const = 0;
     /// A line's length without its line end; 0 for a line that does not exist.
     virtual Position LineLength(Position line) const = 0;
@@ -94,7 +94,7 @@ public:
     virtual void ScrollToLine(Position line) = 0;
     virtual void ScrollCaret() = 0;
 
-    virtual StyleByte StyleAt(Position place) const = 0;
+    virtual StyleByte StyleAt(Position position) const = 0;
     /// Lays a style on [start, end), and with `protect` protection (without, takes it away). Nothing happens
     /// unless start is less than end. Protecting empties the undo history, which knows no protection.
     virtual void ColourRun(Position start, Position end, StyleByte style, bool protect = false) = 0;

@@ -16,13 +16,13 @@ std::string StripEnclosingQuotes(std::string_view text) {
 
 std::vector<std::string> SplitText(std::string_view text, std::string_view separator) {
     std::vector<std::string> parts;
-    size_t start = 0;
     if (!separator.empty()) {
-        for (size_t found; (found = text.find(separator, start)) != text.npos;
-             start = found + separator.size())
-            parts.emplace_back(text.substr(start, found - start));
+        for (auto found = text.find(separator); found != text.npos; found = text.find(separator)) {
+            parts.emplace_back(text.substr(0, found));
+            text.remove_prefix(found + separator.size());
+        }
     }
-    parts.emplace_back(text.substr(start));
+    parts.emplace_back(text);
     return parts;
 }
 

@@ -32,13 +32,13 @@ bool isOfWord(char32_t code) {
     return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO;
 }
 
-bool isInsideCharacter(std::string_view text, size_t place) {
-    return place < text.size() && text[place] != '\n' && unitStart(text, place) != place;
+bool isInsideCharacter(std::string_view text, size_t offset) {
+    return offset < text.size() && text[offset] != '\n' && unitStart(text, offset) != offset;
 }
 
 }  // namespace
 
-/// The characters, one or two neighbours, by whose bytes places to compare at are looked for.
+/// The characters, one or two neighbours, by whose bytes it is found where to compare.
 struct TextSearch::Anchor {
     size_t at = 0;  // of the first one, in the text looked for
     BytePair bytes;
@@ -57,10 +57,10 @@ struct TextSearch::Area {
 
 TextSearch::TextSearch(std::string_view find, bool matchCase, bool wholeWord)
     : matchCase_(matchCase), wholeWord_(wholeWord) {
-    for (size_t place = 0; place < find.size();) {
-        const auto character = characterAt(find, place);
+    for (size_t offset = 0; offset < find.size();) {
+        const auto character = characterAt(find, offset);
         find_.push_back(comparable(character.code));
-        place += character.length;
+        offset += character.length;
     }
     fallback_.assign(find_.size() + 1, 0);
     for (size_t n = 1, matched = 0; n < find_.size(); ++n) {
@@ -105,7 +105,7 @@ void TextSearch::each(std::string_view text, Position from, Position end,
                       const std::function<void(TextRange)>& found) const {
     if (find_.empty()) return;
     Area area = areaOf(text, from, end);
-    for (TextRange match; (match = search(area)).start != kNotFound;) {
+    for (auto match = search(area); match.start != kNotFound; match = search(area)) {
         found(match);
         area.from = static_cast<size_t>(match.end);
     }
@@ -158,25 +158,25 @@ TextRange TextSearch::search(const Area& area) const {
 
 TextRange TextSearch::byAnchor(const Area& area, const Anchor& anchor) const {
     size_t compared = 0;
-    for (size_t place = area.from;; ++place) {
-        place = findBytePair(area.text, place, anchor.bytes);
-        if (place == area.text.npos) return kNowhere;
-        const TextRange found = matchAround(area, place, anchor.at, compared);
+    for (size_t offset = area.from;; ++offset) {
+        offset = findBytePair(area.text, offset, anchor.bytes);
+        if (offset == area.text.npos) return kNowhere;
+        const TextRange found = matchAround(area, offset, anchor.at, compared);
         if (found.start != kNotFound && isAcceptable(area, found)) return found;
-        // Where both repeat themselves, comparing around each place would be quadratic.
-        if (compared > 8 * (place - area.from) + 4096) return byAutomaton(area);
+        // Where both repeat themselves, comparing around each hit would be quadratic.
+        if (compared > 8 * (offset - area.from) + 4096) return byAutomaton(area);
     }
 }
 
-TextRange TextSearch::matchAround(const Area& area, size_t place, size_t anchor, size_t& compared) const {
-    size_t start = place;
+TextRange TextSearch::matchAround(const Area& area, size_t offset, size_t anchor, size_t& compared) const {
+    size_t start = offset;
     for (size_t n = anchor; n-- > 0;) {
         ++compared;
         if (start <= area.from) return kNowhere;
         start = previousCharacter(area.text, start);
         if (comparable(characterAt(area.text, start).code) != find_[n]) return kNowhere;
     }
-    size_t end = place + 1;
+    size_t end = offset + 1;
     for (size_t n = anchor + 1; n < find_.size(); ++n) {
         ++compared;
         if (end >= area.text.size()) return kNowhere;
@@ -191,16 +191,16 @@ TextRange TextSearch::byAutomaton(const Area& area) const {
     std::vector<size_t> starts(find_.size());  // of the characters last seen, as a ring
     size_t matched = 0;
     size_t seen = 0;
-    for (size_t place = area.from; place < area.text.size();) {
-        const auto character = characterAt(area.text, place);
+    for (size_t offset = area.from; offset < area.text.size();) {
+        const auto character = characterAt(area.text, offset);
         const char32_t code = comparable(character.code);
-        starts[seen++ % starts.size()] = place;
-        place += character.length;
+        starts[seen++ % starts.size()] = offset;
+        offset += character.length;
         while (matched > 0 && code != find_[matched]) matched = fallback_[matched];
         if (code == find_[matched]) ++matched;
         if (matched < find_.size()) continue;
         const TextRange found = {static_cast<Position>(starts[seen % starts.size()]),
-                                 static_cast<Position>(place)};
+                                 static_cast<Position>(offset)};
         if (isAcceptable(area, found)) return found;
         matched = fallback_[matched];
     }
@@ -210,10 +210,10 @@ TextRange TextSearch::byAutomaton(const Area& area) const {
 bool TextSearch::isAcceptable(const Area& area, TextRange found) const {
     if (!wholeWord_) return true;
     const auto isInsideWord = [&](Position at) {
-        const auto place = static_cast<size_t>(at);
-        return place > 0 && place < area.whole.size() &&
-               isOfWord(characterAt(area.whole, previousCharacter(area.whole, place)).code) &&
-               isOfWord(characterAt(area.whole, place).code);
+        const auto offset = static_cast<size_t>(at);
+        return offset > 0 && offset < area.whole.size() &&
+               isOfWord(characterAt(area.whole, previousCharacter(area.whole, offset)).code) &&
+               isOfWord(characterAt(area.whole, offset).code);
     };
     return !isInsideWord(found.start) && !isInsideWord(found.end);
 }

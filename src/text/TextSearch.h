@@ -18,13 +18,12 @@ public:
     /// no word of letters, digits and "_" may go on over either end.
     TextSearch(std::string_view find, bool matchCase, bool wholeWord = false);
 
-    /// The first place in [from, end) (`end` -1: the end of the text) where the text is found, wholly inside;
-    /// its length may differ from the one looked for. {kNotFound, kNotFound} where there is none, as for an
-    /// empty text.
+    /// Where the text is first found, wholly inside [from, end) (`end` -1: the end of the text); its length
+    /// may differ from the one looked for. {kNotFound, kNotFound} where there is none, as for an empty text.
     TextRange next(std::string_view text, Position from = 0, Position end = -1) const;
 
-    /// Calls `found` for each place in [from, end), in ascending order, every one looked for behind the one
-    /// before.
+    /// Calls `found` for each time it is found in [from, end), in ascending order, every one looked for
+    /// behind the one before.
     void each(std::string_view text, Position from, Position end,
               const std::function<void(TextRange)>& found) const;
 
@@ -38,7 +37,7 @@ private:
     std::optional<Anchor> chooseAnchor(const Area& area, bool inAscii) const;
     TextRange search(const Area& area) const;
     TextRange byAnchor(const Area& area, const Anchor& anchor) const;
-    TextRange matchAround(const Area& area, size_t place, size_t anchor, size_t& compared) const;
+    TextRange matchAround(const Area& area, size_t offset, size_t anchor, size_t& compared) const;
     TextRange byAutomaton(const Area& area) const;
     bool isAcceptable(const Area& area, TextRange found) const;
 

@@ -16,19 +16,19 @@ bool isHigh(char byte) {
     return static_cast<unsigned char>(byte) >= 0x80;
 }
 
-bool isInsideLineEnd(std::string_view text, size_t place) {
-    return place > 0 && place < text.size() && text[place] == '\n' && text[place - 1] == '\r';
+bool isInsideLineEnd(std::string_view text, size_t offset) {
+    return offset > 0 && offset < text.size() && text[offset] == '\n' && text[offset - 1] == '\r';
 }
 
 }  // namespace
 
-Character characterAt(std::string_view text, size_t place) {
-    const auto first = static_cast<unsigned char>(text[place]);
+Character characterAt(std::string_view text, size_t offset) {
+    const auto first = static_cast<unsigned char>(text[offset]);
     if (first < 0x80) return {first, 1};
     utf8proc_int32_t code = 0;
-    const auto rest = static_cast<utf8proc_ssize_t>(std::min(kLongestCharacter, text.size() - place));
+    const auto rest = static_cast<utf8proc_ssize_t>(std::min(kLongestCharacter, text.size() - offset));
     const auto length =
-        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data() + place), rest, &code);
+        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data() + offset), rest, &code);
     if (length <= 0) return {kLoneByte + first, 1};
     return {static_cast<char32_t>(code), static_cast<size_t>(length)};
 }
@@ -43,18 +43,18 @@ void appendCharacter(std::string& text, char32_t code) {
     text.append(reinterpret_cast<const char*>(bytes), static_cast<size_t>(length));
 }
 
-// How many bytes from `place` on are ASCII, blocks first. The loop over a block has a fixed length, so that
+// How many bytes from `offset` on are ASCII, blocks first. The loop over a block has a fixed length, so that
 // the compiler makes vector code of it.
-size_t asciiLength(std::string_view text, size_t place) {
-    const size_t start = place;
-    for (; place + kBlock <= text.size(); place += kBlock) {
-        const char* block = text.data() + place;
+size_t asciiLength(std::string_view text, size_t offset) {
+    const size_t start = offset;
+    for (; offset + kBlock <= text.size(); offset += kBlock) {
+        const char* block = text.data() + offset;
         unsigned char seen = 0;
         for (size_t i = 0; i < kBlock; ++i) seen |= static_cast<unsigned char>(block[i]);
         if (seen & 0x80) break;
     }
-    while (place < text.size() && !isHigh(text[place])) ++place;
-    return place - start;
+    while (offset < text.size() && !isHigh(text[offset])) ++offset;
+    return offset - start;
 }
 
 bool isAscii(std::string_view text) {
@@ -62,86 +62,87 @@ bool isAscii(std::string_view text) {
 }
 
 bool isValidUtf8(std::string_view text) {
-    for (size_t place = 0; (place += asciiLength(text, place)) < text.size();) {
+    for (size_t offset = 0;;) {
+        offset += asciiLength(text, offset);
+        if (offset == text.size()) return true;
         do {
-            const auto length = characterAt(text, place).length;
+            const auto length = characterAt(text, offset).length;
             if (length == 1) return false;
-            place += length;
-        } while (place < text.size() && isHigh(text[place]));
+            offset += length;
+        } while (offset < text.size() && isHigh(text[offset]));
     }
-    return true;
 }
 
 size_t countCharacters(std::string_view text) {
-    size_t count = 0, place = 0;
-    for (; place + kBlock <= text.size(); place += kBlock) {
-        const char* block = text.data() + place;
+    size_t count = 0, offset = 0;
+    for (; offset + kBlock <= text.size(); offset += kBlock) {
+        const char* block = text.data() + offset;
         unsigned char inBlock = 0;
         for (size_t i = 0; i < kBlock; ++i)
             inBlock = static_cast<unsigned char>(inBlock + !isContinuation(block[i]));
         count += inBlock;
     }
-    for (; place < text.size(); ++place) count += !isContinuation(text[place]);
+    for (; offset < text.size(); ++offset) count += !isContinuation(text[offset]);
     return count;
 }
 
-size_t previousCharacter(std::string_view text, size_t place) {
-    for (size_t length = 2; length <= std::min(kLongestCharacter, place); ++length) {
-        if (!isContinuation(text[place - length + 1])) break;
-        if (characterAt(text.substr(0, place), place - length).length == length) return place - length;
+size_t previousCharacter(std::string_view text, size_t offset) {
+    for (size_t length = 2; length <= std::min(kLongestCharacter, offset); ++length) {
+        if (!isContinuation(text[offset - length + 1])) break;
+        if (characterAt(text.substr(0, offset), offset - length).length == length) return offset - length;
     }
-    return place - 1;
+    return offset - 1;
 }
 
-size_t unitStart(std::string_view text, size_t place) {
-    if (place >= text.size()) return text.size();
-    if (isInsideLineEnd(text, place)) return place - 1;
-    if (!isContinuation(text[place])) return place;
-    for (size_t back = 1; back < kLongestCharacter && back <= place; ++back)
-        if (characterAt(text, place - back).length > back) return place - back;
-    return place;
+size_t unitStart(std::string_view text, size_t offset) {
+    if (offset >= text.size()) return text.size();
+    if (isInsideLineEnd(text, offset)) return offset - 1;
+    if (!isContinuation(text[offset])) return offset;
+    for (size_t back = 1; back < kLongestCharacter && back <= offset; ++back)
+        if (characterAt(text, offset - back).length > back) return offset - back;
+    return offset;
 }
 
-size_t unitEnd(std::string_view text, size_t place) {
-    const size_t start = unitStart(text, place);
-    return start >= place ? start : nextUnit(text, start);
+size_t unitEnd(std::string_view text, size_t offset) {
+    const size_t start = unitStart(text, offset);
+    return start >= offset ? start : nextUnit(text, start);
 }
 
-size_t nextUnit(std::string_view text, size_t place) {
-    if (place >= text.size()) return text.size();
-    if (isInsideLineEnd(text, place + 1)) return place + 2;
-    return place + characterAt(text, place).length;
+size_t nextUnit(std::string_view text, size_t offset) {
+    if (offset >= text.size()) return text.size();
+    if (isInsideLineEnd(text, offset + 1)) return offset + 2;
+    return offset + characterAt(text, offset).length;
 }
 
-size_t previousUnit(std::string_view text, size_t place) {
-    place = std::min(place, text.size());
-    if (place == 0) return 0;
-    if (isInsideLineEnd(text, place - 1)) return place - 2;
-    return previousCharacter(text, place);
+size_t previousUnit(std::string_view text, size_t offset) {
+    offset = std::min(offset, text.size());
+    if (offset == 0) return 0;
+    if (isInsideLineEnd(text, offset - 1)) return offset - 2;
+    return previousCharacter(text, offset);
 }
 
 std::string upperCase(std::string_view text) {
     std::string upper;
     upper.reserve(text.size());
-    for (size_t place = 0; place < text.size();) {
-        const auto character = characterAt(text, place);
+    for (size_t offset = 0; offset < text.size();) {
+        const auto character = characterAt(text, offset);
         if (character.code < 0x80) {
-            const char c = text[place];
+            const char c = text[offset];
             upper.push_back(c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c);
         } else if (character.length == 1) {
-            upper.push_back(text[place]);
+            upper.push_back(text[offset]);
         } else {
             const auto code = utf8proc_toupper(static_cast<utf8proc_int32_t>(character.code));
             appendCharacter(upper, static_cast<char32_t>(code));
         }
-        place += character.length;
+        offset += character.length;
     }
     return upper;
 }
 
 char32_t foldCase(char32_t code) {
     if (code < 0x80) return code >= 'A' && code <= 'Z' ? code - 'A' + 'a' : code;
-    // By way of the upper case, so that letters with two lower forms, as the Greek sigma, meet.
+    // By way of the upper case: the Greek sigma has two lower-case forms.
     return static_cast<char32_t>(utf8proc_tolower(utf8proc_toupper(static_cast<utf8proc_int32_t>(code))));
 }
 

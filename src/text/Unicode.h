@@ -18,13 +18,13 @@ struct Character {
     size_t length = 1;
 };
 
-/// The character that begins at `place`, which must lie inside the text.
-Character characterAt(std::string_view text, size_t place);
+/// The character that begins at `offset`, which must lie inside the text.
+Character characterAt(std::string_view text, size_t offset);
 
 void appendCharacter(std::string& text, char32_t code);
 
-/// How many bytes from `place` on are ASCII.
-size_t asciiLength(std::string_view text, size_t place);
+/// How many bytes from `offset` on are ASCII.
+size_t asciiLength(std::string_view text, size_t offset);
 bool isAscii(std::string_view text);
 /// No overlong forms, no surrogates, nothing behind U+10FFFF. NUL is a character like others.
 bool isValidUtf8(std::string_view text);
@@ -32,17 +32,17 @@ bool isValidUtf8(std::string_view text);
 /// How many characters the text has; CR LF counts as two, a byte of no valid character as none or one.
 size_t countCharacters(std::string_view text);
 
-/// The start of the character that ends at `place`, which must lie behind 0 and inside the text.
-size_t previousCharacter(std::string_view text, size_t place);
+/// The start of the character that ends at `offset`, which must lie behind 0 and inside the text.
+size_t previousCharacter(std::string_view text, size_t offset);
 
-/// `place` itself, or the start of the character or CR LF inside which it lies. Clamped to the text.
-size_t unitStart(std::string_view text, size_t place);
-/// `place` itself, or the end of the character or CR LF inside which it lies. Clamped to the text.
-size_t unitEnd(std::string_view text, size_t place);
+/// `offset` itself, or the start of the character or CR LF inside which it lies. Clamped to the text.
+size_t unitStart(std::string_view text, size_t offset);
+/// `offset` itself, or the end of the character or CR LF inside which it lies. Clamped to the text.
+size_t unitEnd(std::string_view text, size_t offset);
 /// One step on, over a whole character or CR LF; the text's end stays.
-size_t nextUnit(std::string_view text, size_t place);
+size_t nextUnit(std::string_view text, size_t offset);
 /// One step back, over a whole character or CR LF; 0 stays.
-size_t previousUnit(std::string_view text, size_t place);
+size_t previousUnit(std::string_view text, size_t offset);
 
 /// Upper case, letter by letter, beyond ASCII too. The length in bytes may change; what is no valid character
 /// stays as it is.

@@ -120,7 +120,10 @@ void RichTextBox::dropEvent(QDropEvent* event) {
     const Position at = placeAt(event->position());
     const bool takesSelection = event->source() == this && event->dropAction() == Qt::MoveAction;
     const auto take = [&] {
-        event->mimeData()->hasUrls() ? dropLink(*event, at) : QsciScintillaBase::dropEvent(event);
+        if (event->mimeData()->hasUrls())
+            dropLink(*event, at);
+        else
+            QsciScintillaBase::dropEvent(event);
     };
     if ((!takesSelection || protection_.permit(selection(), false)) && edit({at, at}, true, take)) return;
     event->setDropAction(Qt::IgnoreAction);

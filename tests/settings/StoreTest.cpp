@@ -69,12 +69,12 @@ TEST_F(StoreTest, RefusesWhatItCannotHold) {
     ASSERT_TRUE(write(store_, "Name", "old"));
     EXPECT_FALSE(write(store_, "Name", std::string(kLongestEntry + 1, 'x')));
     EXPECT_FALSE(write(store_, std::string(kLongestName + 1, 'x'), "x"));
-    EXPECT_FALSE(store_.createKey({HKEY_CURRENT_USER, std::string(kLongestName + 1, 'x')}));
-    EXPECT_FALSE(store_.createKey({7, "Software"}));
+    EXPECT_FALSE(store_.makeKey({HKEY_CURRENT_USER, std::string(kLongestName + 1, 'x')}));
+    EXPECT_FALSE(store_.makeKey({7, "Software"}));
     std::string deep;
     for (int level = 0; level < 600; ++level) deep += "a\\";
-    EXPECT_FALSE(store_.createKey({HKEY_CURRENT_USER, deep}));
-    EXPECT_FALSE(store_.keyExists({HKEY_CURRENT_USER, "a"})) << "nothing of it";
+    EXPECT_FALSE(store_.makeKey({HKEY_CURRENT_USER, deep}));
+    EXPECT_FALSE(store_.hasKey({HKEY_CURRENT_USER, "a"})) << "nothing of it";
     EXPECT_FALSE(store_.removeKey({HKEY_CURRENT_USER, "\\"})) << "a root stays";
     EXPECT_EQ(text(store_, "Name"), "old");
 }
@@ -92,7 +92,7 @@ TEST_F(StoreTest, RemovesABranchWhole) {
     EXPECT_TRUE(store_.removeKey({HKEY_CURRENT_USER, "a"}));
     EXPECT_FALSE(store_.removeKey({HKEY_CURRENT_USER, "a"}));
     EXPECT_THAT(store_.keyNames({HKEY_CURRENT_USER, ""}), testing::ElementsAre("AB"));
-    ASSERT_TRUE(store_.createKey({HKEY_CURRENT_USER, "A\\B\\C"}));
+    ASSERT_TRUE(store_.makeKey({HKEY_CURRENT_USER, "A\\B\\C"}));
     EXPECT_EQ(text(store_, "Name", {HKEY_CURRENT_USER, "A\\B\\C"}), "<none>");
 }
 
@@ -125,7 +125,7 @@ TEST_F(StoreTest, KeepsAllOrNothing) {
     };
     EXPECT_FALSE(change(false));
     EXPECT_EQ(text(store_, "Name"), "old");
-    EXPECT_FALSE(store_.keyExists({HKEY_CURRENT_USER, "New"}));
+    EXPECT_FALSE(store_.hasKey({HKEY_CURRENT_USER, "New"}));
     EXPECT_TRUE(change(true));
     EXPECT_EQ(text(store_, "Name"), "new");
     EXPECT_EQ(text(store_, "Other", {HKEY_CURRENT_USER, "New\\Key"}), "new");
@@ -189,14 +189,14 @@ TEST_F(StoreTest, StandsOddTrees) {
     byHand(
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000) "
         "INSERT INTO keys (parent, name) SELECT 1, 'K' || i FROM n");
-    EXPECT_FALSE(store_.keyExists({HKEY_CURRENT_USER, "A"}));
+    EXPECT_FALSE(store_.hasKey({HKEY_CURRENT_USER, "A"}));
     EXPECT_EQ(store_.keyNames({HKEY_CURRENT_USER, ""}).size(), 10'000U);
     byHand("UPDATE keys SET parent = id WHERE name = 'K1'");
     byHand("INSERT INTO keys (parent, name) SELECT 1, 'Loop'");
     byHand(
         "UPDATE keys SET parent = (SELECT id FROM keys WHERE name = 'Loop') WHERE name = "
         "'HKEY_CURRENT_USER'");
-    EXPECT_FALSE(store_.keyExists({HKEY_CURRENT_USER, "K2"}));
+    EXPECT_FALSE(store_.hasKey({HKEY_CURRENT_USER, "K2"}));
     EXPECT_TRUE(write(store_, "Name", "new root")) << "the root is made anew";
     EXPECT_EQ(text(store_, "Name"), "new root");
     byHand("INSERT INTO keys (parent, name) SELECT id, 'Ring' FROM keys WHERE name = 'Test'");

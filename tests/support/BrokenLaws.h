@@ -25,7 +25,7 @@ inline std::vector<bool> errorsOf(std::string_view broken, Section section) {
         else if (rest.starts_with("\r\n"))
             i += 1;
         else
-            errors.push_back(styled.styleAt(i) == StyleCategory::SyntaxError);
+            errors.push_back(styled.categoryAt(i) == StyleCategory::SyntaxError);
     }
     return errors;
 }

@@ -58,7 +58,7 @@ void WindowPass::run() {
 /// False when the text has come to its end.
 bool WindowPass::slice() {
     // The first one is short, so that the user sees something at once.
-    const qint64 most = pass_.lineIndex() == 0 ? 0 : kSliceMilliseconds;
+    const qint64 most = pass_.linesDone() == 0 ? 0 : kSliceMilliseconds;
     QElapsedTimer clock;
     clock.start();
     while (pass_.advance(kLinesAtOnce)) {
@@ -80,7 +80,10 @@ void WindowPass::tell() {
 
 void WindowPass::setLocked(bool locked) {
     if (std::exchange(locked_, locked) == locked) return;
-    if (locked) return freeze_.emplace(box_), void();
+    if (locked) {
+        freeze_.emplace(box_);
+        return;
+    }
     // What has not been checked yet shows none of the colours of an earlier pass.
     box_.ColourRun(laid_, box_.Length(), static_cast<StyleByte>(StyleCategory::NormalText));
     showFinishedPart();

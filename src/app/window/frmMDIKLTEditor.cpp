@@ -232,7 +232,7 @@ void frmMDIKLTEditor::unload() {
     storePlace(*this, store_);
     const auto bands = toolbars_->places();
     hide();
-    deleteSetting(store_, settings::kAboutBoxEasterEgg);
+    removeSetting(store_, settings::kAboutBoxEasterEgg);
     Toolbars::storePlaces(store_, bands);
     unloaded_ = true;
     emit unloaded();
