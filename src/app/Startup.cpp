@@ -85,7 +85,11 @@ void startUp(Editor& editor, const std::string& commandLine) {
         const CommandQueue::Opening opening(editor.queue);
         const RaisedFlag loading(variables.LoadingDocuments);
         reportingErrors([&] {
-            commandLine.empty() ? editor.documents.OpenDocument("", true) : editor.ParseCommandLine();
+            if (commandLine.empty()) {
+                editor.documents.OpenDocument("", true);
+            } else {
+                editor.ParseCommandLine();
+            }
         });
         // A command line may name no file.
         reportingErrors([&] { editor.mainWindow(); });

@@ -16,8 +16,8 @@ struct modVariables {
     std::string AppVersion;
     /// Loaded with the main window.
     cMRUFileList RecentFiles;
-    /// While true, the text of a new document is a load. Behind a file in one list it is an edit. What a change
-    /// is, the document itself knows.
+    /// While true, the text of a new document is a load. Behind a file in one list it is an edit. What a
+    /// change is, the document itself knows.
     bool LoadingDocuments = false;
     /// While true, a document window is being activated, and the focus is not yet moved.
     bool ActivatingDocument = false;

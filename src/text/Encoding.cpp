@@ -172,17 +172,8 @@ std::string textOf(std::string bytes, Encoding encoding) {
 
 // Of a CR or LF, in bytes.
 size_t unitSize(Encoding encoding) {
-    switch (encoding) {
-        case Encoding::Utf16LE:
-        case Encoding::Utf16BE:
-            return 2;
-        case Encoding::Any:
-        case Encoding::Windows1252:
-        case Encoding::Utf8:
-        case Encoding::Utf8Bom:
-            break;
-    }
-    return 1;
+    const auto* form = wideForm(encoding);
+    return form == nullptr ? 1 : form->unit();
 }
 
 Encoded asUtf8(std::string_view text, bool withMark) {

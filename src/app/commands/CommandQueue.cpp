@@ -133,7 +133,11 @@ void CommandQueue::beginOpening() {
 
 void CommandQueue::watchEvents(bool on) {
     if (std::exchange(watching_, on) == on || !qApp) return;
-    on ? qApp->installEventFilter(this) : qApp->removeEventFilter(this);
+    if (on) {
+        qApp->installEventFilter(this);
+    } else {
+        qApp->removeEventFilter(this);
+    }
 }
 
 void CommandQueue::carryOut() {

@@ -41,7 +41,11 @@ bool DocumentEvents::isActive(const frmKLTEditor& document) const {
 }
 
 void DocumentEvents::change(frmKLTEditor& document) {
-    document.isLoading ? loaded(document) : edited(document);
+    if (document.isLoading) {
+        loaded(document);
+    } else {
+        edited(document);
+    }
 }
 
 void DocumentEvents::edited(frmKLTEditor& document) {

@@ -166,8 +166,11 @@ void Toolbars::storePlaces(Store& store, const Places& places) {
             writeSetting(store, kBands[band].top, place.y());
             writeSetting(store, kBands[band].width, place.width());
         }
-        places.rows.empty() ? deleteSetting(store, settings::kBandRows)
-                            : writeSetting(store, settings::kBandRows, places.rows);
+        if (places.rows.empty()) {
+            removeSetting(store, settings::kBandRows);
+        } else {
+            writeSetting(store, settings::kBandRows, places.rows);
+        }
         return true;
     });
 }
