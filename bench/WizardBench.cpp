@@ -2,11 +2,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QComboBox>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QTimer>
+#include <algorithm>
+#include <vector>
 
 #include "OpenEditor.h"
 #include "forms/WizardForm.h"
@@ -33,24 +34,29 @@ void openAndCancelWizard(benchmark::State& state, const char* command) {
     }
     if (seen != state.iterations()) state.SkipWithError("the wizard has not come up");
 }
-BENCHMARK_CAPTURE(openAndCancelWizard, New, "I1")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Ad, "I1")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Skill, "I2")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Spell, "I3")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Stat, "I4")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Mod, "I7")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Edit, "E6")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// A wizard over the document, not modal.
 class OpenForm {
 public:
-    explicit OpenForm(OpenEditor& open)
-        : form_(std::make_unique<Wizard>(kAdWizard,
-                                         Opening{OpeningMode::Insert, [&open] { return &open.box(); }}),
-                open.editor().aids.services(), &open.editor().mainWindow()) {
+    OpenForm(OpenEditor& open, const WizardTable& table)
+        : form_(makeWizard(table, {.target = [&open] { return &open.box(); }}), open.editor().aids.services(),
+                &open.editor().mainWindow()) {
         form_.setModal(false);
         form_.show();
         QApplication::processEvents();
     }
+    Wizard& wizard() { return form_.wizard(); }
+    void showState() { form_.showState(); }
     RichTextBox& field(const char* name) { return form_.field(name); }
-    template <typename Widget>
-    Widget& the(const char* name) {
-        return *form_.findChild<Widget*>(name);
+    QPushButton& button(const char* caption) {
+        const auto buttons = form_.findChildren<QPushButton*>();
+        return **std::ranges::find(buttons, caption, &QPushButton::text);
     }
 
 private:
@@ -58,10 +64,10 @@ private:
 };
 
 /// A letter and its deletion, each checked and painted.
-void typeInAField(benchmark::State& state) {
+void typeInAField(benchmark::State& state, const WizardTable& table, const char* name) {
     OpenEditor open(state);
-    OpenForm form(open);
-    RichTextBox& field = form.field("rtbItemNeeds");
+    OpenForm form(open, table);
+    RichTextBox& field = form.field(name);
     std::string text = "IQ>=11";
     while (text.size() < 200) text += ", SK:Rowing>=@MAX(8, ST)";
     field.SetText(text);
@@ -74,24 +80,63 @@ void typeInAField(benchmark::State& state) {
     }
     if (field.Text() != text) state.SkipWithError("the keys have not arrived");
 }
-BENCHMARK(typeInAField)->Arg(1)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK_CAPTURE(typeInAField, Ad, kAdWizard, "rtbItemNeeds")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(typeInAField, Skill, kSkillWizard, "rtbItemNeeds")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(typeInAField, Spell, kSpellWizard, "SpellPrereq")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(typeInAField, Stat, kStatWizard, "StatBaseValue")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(typeInAField, Mod, kModWizard, "ItemUpto")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
 
-/// A new line written by the button.
-void pressDone(benchmark::State& state) {
+/// A new line written by the button; `fields` are the required ones, filled each time.
+void pressDone(benchmark::State& state, const WizardTable& table, const std::vector<const char*>& fields) {
     OpenEditor open(state);
-    OpenForm form(open);
-    form.the<QAbstractButton>("optAdType").click();
-    form.the<QComboBox>("cmbAdCat").setEditText("Mental");
+    OpenForm form(open, table);
+    Wizard& wizard = form.wizard();
+    if (!table.places.front().option.empty()) wizard.click(table.places.front().option, kOn);
     const auto length = open.box().Length();
     for ([[maybe_unused]] auto _ : state) {
-        form.field("rtbItemName").SetText("Sea Legs");
-        form.field("rtbItemCost").SetText("5");
-        form.the<QAbstractButton>("cmdOK").click();
+        for (const char* name : fields) wizard.state.setText(name, "Mental 5");
+        form.showState();
+        form.button("&Done!").click();
         QApplication::processEvents();
     }
-    if (open.box().Length() < length + 11 * state.iterations()) state.SkipWithError("no line was written");
+    if (open.box().Length() < length + 10 * state.iterations()) state.SkipWithError("no line was written");
 }
-BENCHMARK(pressDone)->Arg(50)->Unit(benchmark::kMillisecond)->UseRealTime();
+using Fields = std::vector<const char*>;
+BENCHMARK_CAPTURE(pressDone, Ad, kAdWizard, Fields{"rtbItemName", "rtbItemCost", "cmbAdCat"})
+    ->Arg(50)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(pressDone, Skill, kSkillWizard, Fields{"rtbItemName", "cmbItemType", "cmbItemClass"})
+    ->Arg(50)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(pressDone, Spell, kSpellWizard, Fields{"SpellName", "SpellCollege"})
+    ->Arg(50)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(pressDone, Stat, kStatWizard, Fields{"StatName"})
+    ->Arg(50)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(pressDone, Mod, kModWizard, Fields{"ModName", "ModValue", "ModGroup"})
+    ->Arg(50)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 }  // namespace
 }  // namespace klt

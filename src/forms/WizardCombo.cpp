@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <utility>
 
 #include "settings/Catalogue.h"
 #include "ui/QtStrings.h"
@@ -15,18 +16,6 @@ namespace klt {
 namespace {
 
 constexpr int kCharactersShown = 16;
-
-int codeOf(const QKeyEvent& event) {
-    switch (event.key()) {
-        case Qt::Key_Tab:
-        case Qt::Key_Backtab:
-            return kTabKey;
-        case Qt::Key_Left:
-            return kLeftKey;
-        default:
-            return 0;
-    }
-}
 
 /// UTF-16 units as bytes of UTF-8.
 size_t bytes(const QString& text, qsizetype units) {
@@ -44,10 +33,10 @@ ComboSelection selectionOf(const QLineEdit& edit) {
 
 }  // namespace
 
-WizardCombo::WizardCombo(ControlKind kind, ControlState& state, Store& store, const bool& isSuppressed,
+WizardCombo::WizardCombo(const ControlRow& row, ControlState& state, Store& store, const bool& isSuppressed,
                          QWidget* parent)
-    : Combo(kind == ControlKind::List ? TypedText::None : TypedText::OneLine, parent),
-      kind_(kind),
+    : Combo(row.kind == ControlKind::List ? TypedText::None : TypedText::OneLine, parent),
+      row_(row),
       state_(state),
       store_(store),
       isSuppressed_(isSuppressed) {
@@ -74,7 +63,7 @@ void WizardCombo::showState() {
 }
 
 void WizardCombo::commit() {
-    if (kind_ != ControlKind::CategoryCombo) return;
+    if (row_.kind != ControlKind::CategoryCombo) return;
     CommitComboEntry(state_);
     showState();
 }
@@ -84,9 +73,21 @@ void WizardCombo::showPopup() {
     Combo::showPopup();
 }
 
+void WizardCombo::keyPressEvent(QKeyEvent* event) {
+    const QString before = currentText();
+    // The key itself then goes in front of it.
+    if (row_.pairsParentheses && event->text() == "(" && readSetting(store_, settings::kMatchParenthesis)) {
+        lineEdit()->insert(")");
+        lineEdit()->cursorBackward(false);
+    }
+    Combo::keyPressEvent(event);
+    if (currentText() != before) changingKey_ = event->key();
+}
+
 void WizardCombo::keyReleaseEvent(QKeyEvent* event) {
     Combo::keyReleaseEvent(event);
-    if (!event->isAutoRepeat()) complete(codeOf(*event));
+    if (event->isAutoRepeat() || event->key() != std::exchange(changingKey_, 0)) return;
+    complete();
 }
 
 void WizardCombo::focusOutEvent(QFocusEvent* event) {
@@ -95,11 +96,11 @@ void WizardCombo::focusOutEvent(QFocusEvent* event) {
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) commit();
 }
 
-void WizardCombo::complete(int keyCode) {
-    const bool completes = kind_ == ControlKind::CategoryCombo || kind_ == ControlKind::AutoCombo;
+void WizardCombo::complete() {
+    const bool completes = row_.kind == ControlKind::CategoryCombo || row_.kind == ControlKind::AutoCombo;
     if (!completes || isSuppressed_ || !readSetting(store_, settings::kAutoComplete)) return;
     auto selection = selectionOf(*lineEdit());
-    if (!AutoComplete(state_, selection, keyCode)) return;
+    if (!AutoComplete(state_, selection, row_.pairsParentheses)) return;
     showState();
     const std::string_view text = state_.text;
     lineEdit()->setSelection(units(text.substr(0, selection.start)),

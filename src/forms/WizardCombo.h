@@ -17,9 +17,9 @@ class WizardCombo : public Combo {
     Q_OBJECT
 
 public:
-    /// `kind` says whether it completes what is typed, and keeps it. While `isSuppressed` it does not
-    /// complete. What it is given must outlive it.
-    WizardCombo(ControlKind kind, ControlState& state, Store& store, const bool& isSuppressed,
+    /// The row says whether it completes what is typed, keeps it, and pairs parentheses. While `isSuppressed`
+    /// it does not complete. What it is given must outlive it.
+    WizardCombo(const ControlRow& row, ControlState& state, Store& store, const bool& isSuppressed,
                 QWidget* parent);
 
     /// Shows what the state holds.
@@ -30,17 +30,20 @@ public:
     void showPopup() override;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void complete(int keyCode);
+    void complete();
 
-    const ControlKind kind_;
+    const ControlRow& row_;
     ControlState& state_;
     Store& store_;
     const bool& isSuppressed_;
     std::vector<std::string> shown_;
+    /// The key whose press changed the text last; its release completes it.
+    int changingKey_ = 0;
 };
 
 }  // namespace klt

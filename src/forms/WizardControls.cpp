@@ -61,7 +61,7 @@ private:
     QWidget& field(const ControlRow& row, QWidget& parent) {
         auto& made = *new RichTextBox(RichTextBox::Kind::Field, &parent);
         made.setMinimumWidth(kFieldWidth);
-        made.setWhatsThis(toQString(fieldHelp(row.tag)));
+        made.setWhatsThis(toQString(fieldHelp(row)));
         makeWizardField(made, std::string(row.tag), services_.highlighter, services_.store);
         addFieldPopup(made);
         return keepText(made, row);
@@ -82,8 +82,10 @@ private:
     }
 
     QWidget& combo(const ControlRow& row, QWidget& parent) {
-        return *new WizardCombo(row.kind, state_.control(row.name), services_.store,
-                                services_.SuppressCaretUpdate, &parent);
+        auto& made = *new WizardCombo(row, state_.control(row.name), services_.store,
+                                      services_.SuppressCaretUpdate, &parent);
+        made.setWhatsThis(toQString(fieldHelp(row)));
+        return made;
     }
 
     static QWidget& button(const ControlRow& row, QWidget& parent) {
@@ -189,6 +191,7 @@ void showState(const WizardControls& controls, const WizardState& state) {
     for (size_t i = 0; i < controls.frames.size(); ++i) {
         const FrameState& frame = state.frames()[i];
         controls.frames[i].box.setTitle(literally(frame.caption));
+        controls.frames[i].box.setEnabled(frame.isEnabled);
         controls.frames[i].box.setVisible(frame.isVisible);
     }
 }

@@ -37,7 +37,7 @@ WizardForm::WizardForm(std::unique_ptr<Wizard> wizard, WizardServices services, 
     setObjectName(toQString(wizard_->table().form));
     setWindowTitle(toQString(wizard_->table().title));
     setWindowModality(Qt::ApplicationModal);
-    layOut(*this, controls_);
+    layOut(*this, controls_, wizard_->loss());
     if (wizard_->opening().mode == OpeningMode::Insert) fillLists();
     wire();
     showState();
@@ -154,7 +154,7 @@ void WizardForm::finish() {
         case DoneResult::Kind::Refused:
             return complain(result.complaint);
         case DoneResult::Kind::StaysOpen:
-            return focusFirst();
+            return result.focus.empty() ? focusFirst() : widget(result.focus).setFocus();
         case DoneResult::Kind::Closes:
             return accept();
     }

@@ -28,6 +28,9 @@ public:
     void add(const WizardControl& control) {
         const bool isMark = control.row.kind == ControlKind::Option || control.row.kind == ControlKind::Check;
         if (isMark) {
+            // Checks and options are no one group.
+            if (control.row.kind != markKind_) marks_ = nullptr;
+            markKind_ = control.row.kind;
             addMark(control.widget);
         } else if (control.row.kind == ControlKind::Button) {
             addButton(control);
@@ -69,6 +72,7 @@ private:
 
     QGridLayout& grid_;
     QHBoxLayout* marks_ = nullptr;
+    ControlKind markKind_ = ControlKind::Option;
     std::string_view field_ = {};
     int line_ = -1;
 };
@@ -120,9 +124,21 @@ QLayout* makeButtons(const WizardControls& controls) {
     return row;
 }
 
+/// One line below the fields that stays as long as the form.
+QLabel* makeNote(QDialog& form, std::string_view text) {
+    auto* note = new QLabel(literally(text), &form);
+    note->setObjectName("LineLoss");
+    note->setTextFormat(Qt::PlainText);
+    note->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    note->setWordWrap(true);
+    // However long it is, it has no say in the form's width.
+    note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
+    return note;
+}
+
 }  // namespace
 
-void layOut(QDialog& form, const WizardControls& controls) {
+void layOut(QDialog& form, const WizardControls& controls, std::string_view note) {
     std::map<std::string_view, FrameLayout> layouts;
     for (const WizardFrame& frame : controls.frames) layouts.try_emplace(frame.row.name, frame.box);
     for (const WizardControl& control : controls.controls)
@@ -133,6 +149,7 @@ void layOut(QDialog& form, const WizardControls& controls) {
     column->addLayout(pageLayout(controls, {}));
     if (auto* tabs = makeTabs(form, controls)) column->addWidget(tabs, 1);
     column->addStretch();
+    if (!note.empty()) column->addWidget(makeNote(form, note));
     column->addLayout(makeButtons(controls));
 }
 

@@ -35,8 +35,7 @@ int FindPrefix(std::span<const std::string> list, std::string_view text) {
     return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }
 
-bool AutoComplete(ControlState& combo, ComboSelection& selection, int keyCode) {
-    if (keyCode == kTabKey || keyCode == kLeftKey) return false;
+bool AutoComplete(ControlState& combo, ComboSelection& selection, bool keepsParenthesis) {
     if (selection.length == combo.text.size() || (selection.start == 0 && selection.length == 0))
         return false;
 
@@ -45,8 +44,13 @@ bool AutoComplete(ControlState& combo, ComboSelection& selection, int keyCode) {
     if (item >= 0) {
         choose(combo, item);
     } else {
-        combo.text = prefix;
+        const bool isPaired = keepsParenthesis && combo.text.substr(prefix.size()).starts_with(')');
+        combo.text = isPaired ? prefix + ')' : prefix;
         combo.state = -1;
+        if (isPaired) {
+            selection.length = 0;
+            return true;
+        }
     }
     // An item's letter may be longer or shorter than the one typed.
     selection.start = *startOf(combo.text, prefix);

@@ -23,6 +23,17 @@ constexpr ControlRow check(std::string_view frame, std::string_view name, std::s
     return {.frame = frame, .name = name, .kind = ControlKind::Check, .label = label};
 }
 
+constexpr ControlRow combo(std::string_view frame, std::string_view name, ControlKind kind,
+                           std::string_view label, std::span<const std::string_view> items) {
+    return {.frame = frame, .name = name, .kind = kind, .label = label, .items = items};
+}
+
+/// A combo to which a typed "(" brings its ")".
+constexpr ControlRow pairing(ControlRow row) {
+    row.pairsParentheses = true;
+    return row;
+}
+
 constexpr ControlRow categoryCombo(std::string_view frame, std::string_view name) {
     return {.frame = frame, .name = name, .kind = ControlKind::CategoryCombo};
 }

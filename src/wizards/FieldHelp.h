@@ -2,10 +2,12 @@
 
 #include <string_view>
 
+#include "wizards/WizardTable.h"
+
 namespace klt {
 
-/// What may stand in a field that is checked as `tag`, in a sentence or two; empty where nobody has written
-/// it down.
-std::string_view fieldHelp(std::string_view tag);
+/// What may stand in a field or combo, in a sentence or two; empty where nobody has written it down, as for
+/// buttons and marks.
+std::string_view fieldHelp(const ControlRow& row);
 
 }  // namespace klt

@@ -27,10 +27,8 @@ std::string_view valueOf(const TagRow& row, const WizardState& state) {
 
 void setValue(const TagRow& row, std::string_view value, WizardState& state) {
     if (row.choices.empty()) return state.setText(row.control, value);
-    const auto chosen = std::ranges::find_if(row.choices, [value](const Choice& choice) {
-        return choice.text.empty() || equalIgnoringAsciiCase(choice.text, value);
-    });
-    if (chosen != row.choices.end()) state.setState(chosen->control, chosen->state);
+    const Choice* const chosen = choiceOf(row, value);
+    if (chosen != nullptr) state.setState(chosen->control, chosen->state);
 }
 
 /// A replacement that would leave nothing is not made.
@@ -65,6 +63,13 @@ size_t twoBefore(std::string_view line, size_t place) {
 
 }  // namespace
 
+const Choice* choiceOf(const TagRow& row, std::string_view value) {
+    const auto chosen = std::ranges::find_if(row.choices, [value](const Choice& choice) {
+        return choice.text.empty() || equalIgnoringAsciiCase(choice.text, trimBlanks(value));
+    });
+    return chosen == row.choices.end() ? nullptr : &*chosen;
+}
+
 std::string itemText(const ItemShape& shape, const WizardState& state) {
     std::string line;
     forEachName(shape.heads, [&](std::string_view head) {
@@ -79,7 +84,7 @@ std::string itemText(const ItemShape& shape, const WizardState& state) {
 }
 
 void LoadLineIntoWizard(const ItemShape& shape, std::string_view item, WizardState& state) {
-    std::string normal(item);
+    std::string normal(item.substr(0, item.find_last_not_of(" \t") + 1));
     replaceUnlessAll(normal, "\t", " ");
     replaceUnlessAll(normal, "  ", " ");
 

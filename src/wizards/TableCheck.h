@@ -82,7 +82,7 @@ private:
 
     constexpr void checkCondition(const Condition& condition) const {
         using Asks = Condition::Asks;
-        if (condition.asks == Asks::Nothing) return;
+        if (condition.asks == Asks::Nothing || condition.asks == Asks::IsHostOld) return;
         if (condition.asks == Asks::IsFrameShown || condition.asks == Asks::IsCaption)
             return checkFrame(condition.of);
         control(condition.of);

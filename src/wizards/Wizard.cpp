@@ -5,12 +5,13 @@
 #include "text/Unicode.h"
 #include "wizards/Categories.h"
 #include "wizards/ItemLine.h"
+#include "wizards/LineLoss.h"
 #include "wizards/NameList.h"
 
 namespace klt {
 
 Wizard::Wizard(const WizardTable& table, Opening opening)
-    : state(table), table_(table), opening_(std::move(opening)) {
+    : state(table, opening.isHostOld), table_(table), opening_(std::move(opening)) {
     applyEffects(kAtLoad);
 }
 
@@ -74,6 +75,7 @@ std::string Wizard::text() const {
 
 void Wizard::load(std::string_view line) {
     LoadLineIntoWizard(table_.line, line, state);
+    loss_ = lineLoss(table_.line, line, text());
 }
 
 std::unique_ptr<LineTarget> Wizard::target() const {
@@ -99,7 +101,17 @@ DoneResult Wizard::finish(const LineBreakLimits& limits) {
     if (!target()->write({finishedText(limits)})) return {DoneResult::Kind::Refused, {kTextHasChanged}};
     if (table_.closesAfterDone || opening_.mode != OpeningMode::Insert) return {DoneResult::Kind::Closes};
     applyEffects(kAfterDone);
-    return {DoneResult::Kind::StaysOpen};
+    return {DoneResult::Kind::StaysOpen, {}, firstEmptied()};
+}
+
+std::string_view Wizard::firstEmptied() const {
+    const auto emptied = std::ranges::find_if(table_.controls, [this](const ControlRow& row) {
+        return std::ranges::any_of(table_.effects, [&](const Effect& effect) {
+            return effect.of == kAfterDone && effect.act == Act::SetText && effect.text.empty() &&
+                   holdsName(effect.on, row.name) && isCalledFor(effect.modes) && state.holds(effect.when);
+        });
+    });
+    return emptied == table_.controls.end() ? std::string_view() : emptied->name;
 }
 
 std::unique_ptr<Wizard> makeWizard(const WizardTable& table, Opening opening) {

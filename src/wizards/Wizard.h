@@ -20,6 +20,8 @@ struct Opening {
     AreaLookup target = {};
     /// What is edited.
     EditedItem item = {};
+    /// Whether lines are for the older host, which does not know all that a line may hold.
+    bool isHostOld = false;
     /// How many @Function wizards are open up to this one.
     int level = 0;
 };
@@ -41,6 +43,8 @@ struct DoneResult {
     enum class Kind : unsigned char { Refused, StaysOpen, Closes } kind = Kind::Refused;
     /// Why it was refused.
     Complaint complaint = {};
+    /// What gets the focus where it stays open: the first control that was emptied.
+    std::string_view focus = {};
 
     bool operator==(const DoneResult&) const = default;
 };
@@ -79,9 +83,11 @@ public:
     /// The line that the fields make up, unbroken. What `check` would refuse gives a line all the same.
     virtual std::string text() const;
     /// Fills the fields from a line. Any text is taken.
-    virtual void load(std::string_view line);
+    void load(std::string_view line);
     /// The same from the item that is edited.
     void load() { load(opening_.item.line); }
+    /// What of the line loaded last the form would not keep; empty where it keeps all.
+    const std::string& loss() const { return loss_; }
 
     /// "&Done!": checks, breaks the line, writes it to where it belongs and, if the wizard stays open,
     /// empties the fields. A refusal changes nothing.
@@ -99,8 +105,11 @@ private:
     bool isCalledFor(Modes modes) const { return (modes & static_cast<Modes>(opening_.mode)) != 0; }
     std::string finishedText(const LineBreakLimits& limits) const;
 
+    std::string_view firstEmptied() const;
+
     const WizardTable& table_;
     Opening opening_;
+    std::string loss_;
 };
 
 /// What a table names that its wizard is made as.

@@ -17,7 +17,7 @@ size_t placeOf(std::span<const Row> rows, std::string_view name) {
 
 }  // namespace
 
-WizardState::WizardState(const WizardTable& table) : table_(&table) {
+WizardState::WizardState(const WizardTable& table, bool isHostOld) : table_(&table), isHostOld_(isHostOld) {
     for (const auto& row : table.controls) {
         ControlState& control = controls_.emplace_back();
         control.label = row.label;
@@ -71,6 +71,8 @@ bool WizardState::holds(const Condition& condition) const {
             return frame(condition.of).isVisible;
         case Condition::Asks::IsCaption:
             return frame(condition.of).caption == condition.caption;
+        case Condition::Asks::IsHostOld:
+            return isHostOld_;
     }
     return true;
 }
@@ -89,6 +91,8 @@ void WizardState::applyToFrame(const Effect& effect, std::string_view name) {
     FrameState& state = frame(name);
     if (effect.act == Act::SetCaption) {
         state.caption = effect.text;
+    } else if (effect.act == Act::DisableFrame) {
+        state.isEnabled = false;
     } else {
         state.isVisible = effect.act == Act::ShowFrame;
     }
@@ -120,6 +124,7 @@ void WizardState::applyToControl(const Effect& effect, std::string_view name) {
             break;
         case Act::ShowFrame:
         case Act::HideFrame:
+        case Act::DisableFrame:
         case Act::SetCaption:
             break;
     }

@@ -26,6 +26,8 @@ struct ControlState {
 struct FrameState {
     std::string caption;
     bool isVisible = true;
+    /// Whether what stands in it can be used, as far as it is enabled itself.
+    bool isEnabled = true;
 
     bool operator==(const FrameState&) const = default;
 };
@@ -33,8 +35,9 @@ struct FrameState {
 /// The fields of a wizard without their window. Names must stand in the table.
 class WizardState {
 public:
-    /// All fields empty, enabled and shown; no item chosen, nothing on.
-    explicit WizardState(const WizardTable& table);
+    /// All fields empty, enabled and shown; no item chosen, nothing on. `isHostOld` is what the condition of
+    /// that name asks.
+    explicit WizardState(const WizardTable& table, bool isHostOld = false);
 
     /// In the order of the table's rows.
     const std::vector<ControlState>& controls() const { return controls_; }
@@ -68,6 +71,7 @@ private:
     void applyToControl(const Effect& effect, std::string_view name);
 
     const WizardTable* table_;
+    bool isHostOld_;
     std::vector<ControlState> controls_;
     std::vector<FrameState> frames_;
 };

@@ -69,6 +69,8 @@ struct ControlRow {
     std::string_view menu = {};
     /// The field that a button writes into.
     std::string_view field = {};
+    /// Whether a "(" typed into a combo brings its ")", as in every field.
+    bool pairsParentheses = false;
     /// Behind a field, where it is not the ")" of a label that ends in "(".
     std::string_view behind = {};
     /// What the label in front is called, where it has a name.
@@ -95,7 +97,9 @@ struct Condition {
         StateIs,
         IsEnabled,
         IsFrameShown,
-        IsCaption
+        IsCaption,
+        /// Of the host's version, as the wizard was opened with it; `of` names nothing.
+        IsHostOld
     } asks = Asks::Nothing;
     /// The control, or the frame.
     std::string_view of = {};
@@ -116,6 +120,10 @@ constexpr Condition isCaption(std::string_view frame, std::string_view caption) 
     return {Condition::Asks::IsCaption, frame, kOn, caption};
 }
 
+constexpr Condition isHostOld() {
+    return {Condition::Asks::IsHostOld};
+}
+
 /// When an effect comes, where it is no click.
 inline constexpr Names kAtLoad = "(load)";
 inline constexpr Names kAfterDone = "(done)";
@@ -127,6 +135,8 @@ enum class Act : unsigned char {
     Hide,
     ShowFrame,
     HideFrame,
+    /// With all that stands in it.
+    DisableFrame,
     /// Sets the text of a field; chooses no item of a fixed combo where it is empty.
     SetText,
     /// Empties a field that holds exactly the text.
@@ -139,7 +149,8 @@ enum class Act : unsigned char {
 };
 
 constexpr bool isForFrames(Act act) {
-    return act == Act::ShowFrame || act == Act::HideFrame || act == Act::SetCaption;
+    return act == Act::ShowFrame || act == Act::HideFrame || act == Act::DisableFrame ||
+           act == Act::SetCaption;
 }
 
 /// What a click on one of `of` does to each of `on`. Effects come in the order of their rows and bring on no

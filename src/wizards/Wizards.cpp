@@ -6,7 +6,8 @@
 namespace klt {
 namespace {
 
-constexpr std::array kWizards = {&kAdWizard, &kGivesWizard, &kFunctionsWizard};
+constexpr std::array kWizards = {&kAdWizard,  &kSkillWizard, &kSpellWizard,    &kStatWizard,
+                                 &kModWizard, &kGivesWizard, &kFunctionsWizard};
 
 }  // namespace
 
@@ -28,12 +29,13 @@ SectionWizard wizardOfSection(Section section) {
     return {};
 }
 
-std::unique_ptr<Wizard> wizardOfItem(TextArea& document, AreaLookup lookup, const EditLineResult& found) {
+std::unique_ptr<Wizard> wizardOfItem(TextArea& document, AreaLookup lookup, const EditLineResult& found,
+                                     bool isHostOld) {
     const auto [table, place] = wizardOfSection(found.section);
     if (table == nullptr) return nullptr;
     const std::string subsection(subsectionAbove(document, found.EditLineStart, place->isWholeHeading));
     auto item = LoadSingleLine(document, found.EditLineStart);
-    auto wizard = makeWizard(*table, {OpeningMode::Edit, std::move(lookup), std::move(item)});
+    auto wizard = makeWizard(*table, {OpeningMode::Edit, std::move(lookup), std::move(item), isHostOld});
     wizard->fillCombos(document.Text());
     wizard->SelectSubsection(*place, subsection);
     wizard->load();

@@ -12,6 +12,10 @@ namespace klt {
 
 /// Advantages, disadvantages, powers and quirks: lines of one shape for four sections.
 extern const WizardTable kAdWizard;
+extern const WizardTable kSkillWizard;
+extern const WizardTable kSpellWizard;
+extern const WizardTable kStatWizard;
+extern const WizardTable kModWizard;
 /// One bonus of a "gives(" field.
 extern const WizardTable kGivesWizard;
 /// One call of an @function.
@@ -32,6 +36,7 @@ SectionWizard wizardOfSection(Section section);
 
 /// The wizard of the item that was found at the caret, filled from it; the item is selected in `document`,
 /// which `lookup` finds later. Null where nothing edits such an item.
-std::unique_ptr<Wizard> wizardOfItem(TextArea& document, AreaLookup lookup, const EditLineResult& found);
+std::unique_ptr<Wizard> wizardOfItem(TextArea& document, AreaLookup lookup, const EditLineResult& found,
+                                     bool isHostOld = false);
 
 }  // namespace klt

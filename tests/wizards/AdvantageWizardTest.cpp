@@ -8,7 +8,7 @@ using namespace klt;
 namespace {
 
 constexpr LineBreakLimits kUnbroken{};
-constexpr DoneResult kStays{DoneResult::Kind::StaysOpen};
+constexpr DoneResult kStays{DoneResult::Kind::StaysOpen, {}, "rtbItemName"};
 constexpr DoneResult kCloses{DoneResult::Kind::Closes};
 
 DoneResult refused(std::string_view message, std::string_view focus = {}) {

@@ -13,24 +13,25 @@ TEST(ComboEntry, CompletesWhatStandsInFrontOfTheCaret) {
     const struct {
         const char *name, *text;
         size_t start, length;
-        int key;
         const char* completed;
         int item;
         const char* selected;
+        bool keepsParenthesis = false;
     } rows[] = {
-        {"the first that starts so", "mi", 2, 0, 'I', "Mind", 1, "nd"},
-        {"any case, beyond ASCII too", "\u00e4", 2, 0, 'x', "\u00c4rger", 2, "rger"},
-        {"Backspace too", "m", 1, 0, 8, "Mental", 0, "ental"},
-        {"no hit cuts the rest off", "mx-rest", 2, 0, 'X', "mx", -1, ""},
-        {"Tab", "mi", 2, 0, 9, "mi", -1, ""},
-        {"Left", "mi", 2, 0, 37, "mi", -1, ""},
-        {"all selected", "mi", 0, 2, 'x', "mi", -1, "mi"},
-        {"at the start", "mi", 0, 0, 'x', "mi", -1, ""},
+        {"the first that starts so", "mi", 2, 0, "Mind", 1, "nd"},
+        {"any case, beyond ASCII too", "\u00e4", 2, 0, "\u00c4rger", 2, "rger"},
+        {"no hit cuts the rest off", "mx-rest", 2, 0, "mx", -1, ""},
+        {"all selected", "mi", 0, 2, "mi", -1, "mi"},
+        {"at the start", "mi", 0, 0, "mi", -1, ""},
+        {"its own parenthesis", "x(a)b", 3, 0, "x(a)", -1, "", true},
+        {"none behind the caret", "x(ab", 3, 0, "x(a", -1, "", true},
+        {"not in front of an item", "mi)", 2, 0, "Mind", 1, "nd", true},
     };
     for (const auto& row : rows) {
         ControlState combo{.text = row.text, .state = -1, .list = kList};
         ComboSelection selection{row.start, row.length};
-        EXPECT_EQ(AutoComplete(combo, selection, row.key), row.completed != std::string(row.text))
+        EXPECT_EQ(AutoComplete(combo, selection, row.keepsParenthesis),
+                  row.completed != std::string(row.text))
             << row.name;
         EXPECT_EQ(combo.text, row.completed) << row.name;
         EXPECT_EQ(combo.state, row.item) << row.name;

@@ -65,7 +65,7 @@ TEST(ItemLine, LoadsByItsTags) {
         {"two characters in front go, whatever they are", "N, 5ücat(x)", "N", "", "old", "x"},
         {"nothing in front", "cat(x)", "", "old", "old", "x"},
         {"one character in front", " cat(x)", "", "old", "old", "x"},
-        {"the last character is no matter", "N, 5, cat(x] ", "N", "5", "old", "x]"},
+        {"the last character is no matter", "N, 5, cat(x]y \t", "N", "5", "old", "x]"},
         {"a whole character", "N, 5, cat(x\u00fc", "N", "5", "old", "x"},
         {"nothing behind the tag", "N, 5, cat(", "N", "5", "old", ""},
         {"one tag glued to another", "N, notes(cat(x", "N", "old", "", ""},
@@ -88,7 +88,7 @@ TEST(ItemLine, MapsChoicesBothWays) {
     const struct {
         const char *line, *written;
     } rows[] = {
-        {"N, 5, round(UP), display(no), kind(2)", "N, 5, kind(2), display(No), round(Up)"},
+        {"N, 5, round( UP ), display(no), kind(2)", "N, 5, kind(2), display(No), round(Up)"},
         {"N, 5, round(No), display(Yes)", "N, 5, round(No)"},
         {"N, 5, round(x), display(x), kind(3)", "N, 5"},
         {"N, 5, cat( )", "N, 5, cat( ), display(No)"},

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <map>
 #include <random>
 #include <sstream>
 
@@ -16,18 +17,40 @@ using namespace klt;
 
 namespace {
 
-constexpr const char* kFields[] = {"rtbItemName", "rtbItemCost",  "rtbItemGives",
-                                   "rtbItemMods", "rtbItemNeeds", "rtbItemNotes",
-                                   "rtbItemPage", "rtbItemUpto",  "rtbItemCat"};
-using Fields = std::vector<std::string>;
+/// What a wizard's line comes from, by the names of the controls: texts, and marks as "on" and "off".
+using Fields = std::map<std::string, std::string>;
 
-Fields fieldsOf(const Wizard& wizard) {
+struct Kind {
+    const WizardTable& table;
+    /// Where its lines go, and what is clicked for it.
+    PlaceRow place;
+};
+
+const Kind kKinds[] = {{kAdWizard, kAdWizard.places[1]},
+                       {kSkillWizard, kSkillWizard.places[0]},
+                       {kSpellWizard, kSpellWizard.places[0]},
+                       {kStatWizard, kStatWizard.places[0]},
+                       {kModWizard, kModWizard.places[0]}};
+
+bool isText(const ControlRow& row) {
+    return row.kind == ControlKind::TextField || row.kind == ControlKind::AutoCombo ||
+           row.kind == ControlKind::FixedCombo;
+}
+bool isMark(const Kind& kind, const ControlRow& row) {
+    return (row.kind == ControlKind::Option || row.kind == ControlKind::Check) && kind.place.option.empty();
+}
+
+Fields fieldsOf(const Kind& kind, const Wizard& wizard) {
     Fields fields;
-    for (const char* name : kFields) fields.push_back(wizard.state.text(name));
+    for (const ControlRow& row : kind.table.controls) {
+        const auto& control = wizard.state.control(row.name);
+        if (isText(row) && !control.text.empty()) fields.emplace(row.name, control.text);
+        if (isMark(kind, row)) fields.emplace(row.name, control.state == kOn ? "on" : "off");
+    }
     return fields;
 }
 
-/// The wizard that Edit Line opens at `place`, as an item must stand there.
+/// The wizard that Edit Line opens at `place`; null where none edits what stands there.
 std::unique_ptr<Wizard> edited(MemoryTextArea& document, Position place) {
     document.SetSelStart(place);
     const auto found = EditLine(document);
@@ -35,75 +58,147 @@ std::unique_ptr<Wizard> edited(MemoryTextArea& document, Position place) {
         document, [&document] { return &document; }, found);
 }
 
-/// Writes the fields as a new disadvantage, breaks it, and gives back what Edit Line finds.
-std::unique_ptr<Wizard> thereAndBack(MemoryTextArea& document, const Fields& fields, LineBreakLimits limits) {
-    document.SetText(
-        "Version=2\r\n[ADS]\r\n<A>\r\nx, 1\r\n[DISADS]\r\n<A>\r\ny, 1\r\n<B>\r\nz, 1\r\n[MODS]\r\n");
-    Wizard wizard(kAdWizard, {.target = [&document] { return &document; }});
-    wizard.fillCombos(document.Text());
-    wizard.click("optDisadType", kOn);
-    wizard.click("cmbDisadCat", 1);
-    for (size_t i = 0; i < std::size(kFields); ++i) wizard.state.setText(kFields[i], fields[i]);
-    EXPECT_EQ(wizard.finish(limits).kind, DoneResult::Kind::StaysOpen);
-    return edited(document, static_cast<Position>(document.Text().rfind("<B>") + 5));
+/// Writes the fields as a new line, breaks it, and gives back what Edit Line finds.
+std::unique_ptr<Wizard> thereAndBack(const Kind& kind, MemoryTextArea& document, const Fields& fields,
+                                     LineBreakLimits limits) {
+    const bool hasSubsections = !kind.place.combo.empty();
+    const std::string head = hasSubsections ? "\r\n<A>\r\ny, 1\r\n<B>\r\nz, 1\r\n" : "\r\nz, 1\r\n";
+    document.SetText("Version=2\r\n[BONUS]\r\n<A>\r\nx, 1\r\n" + std::string(kind.place.section) + head +
+                     "[GROUPS]\r\n");
+    const auto wizard = makeWizard(kind.table, {.target = [&document] { return &document; }});
+    wizard->fillCombos(document.Text());
+    wizard->SelectSubsection(kind.place, "B");
+    for (const auto& [name, value] : fields) {
+        if (value == "on" || value == "off") {
+            wizard->click(name, value == "on" ? kOn : kOff);
+        } else {
+            wizard->state.setText(name, value);
+        }
+    }
+    EXPECT_EQ(wizard->finish(limits).kind, DoneResult::Kind::StaysOpen);
+    const auto heading = hasSubsections ? std::string("<B>") : std::string(kind.place.section);
+    const auto line = document.Text().rfind(heading) + heading.size() + 2;
+    return edited(document, static_cast<Position>(line));
 }
 
-TEST(RoundTrip, FieldsComeBack) {
-    std::mt19937 random(1);
-    const auto below = [&random](size_t count) { return random() % count; };
-    const char* words[] = {"a",     "Sea Legs", "(x, y)",    "|",   "_",     "<3>", "[z]",
-                           "\"q\"", "+1",       "gr\u00fcn", "b,c", "{d}",   "*2",  "/e",
-                           "@F(",   ")",        "@INT(4)",   "To",  "Upto 4"};
-    const auto value = [&] {
+class Random {
+public:
+    size_t below(size_t count) { return random_() % count; }
+    std::string value() {
+        constexpr const char* kWords[] = {"a",     "Sea Legs", "(x, y)",    "|",   "_",     "<3>", "[z]",
+                                          "\"q\"", "+1",       "gr\u00fcn", "b,c", "{d}",   "*2",  "/e",
+                                          "@F(",   ")",        "@INT(4)",   "To",  "Upto 4"};
         std::string text;
         for (auto left = below(12); left > 0; --left)
-            text += (text.empty() ? "" : " ") + std::string(words[below(std::size(words))]);
+            text += (text.empty() ? "" : " ") + std::string(kWords[below(std::size(kWords))]);
         return text;
-    };
-    for (int run = 0; run < 2'000; ++run) {
+    }
+    Fields fields(const Kind& kind) {
         Fields fields;
-        for (size_t i = 0; i < std::size(kFields); ++i) fields.push_back(below(3) == 0 ? "" : value());
-        fields[0] = "N" + fields[0];
-        fields[1] = std::to_string(below(99)) + "/-5";
-        const LineBreakLimits limits{.maximum = static_cast<int>(below(3) * 40), .tolerance = 10};
+        bool isOptionOn = false;
+        for (const ControlRow& row : kind.table.controls) {
+            if (row.kind == ControlKind::FixedCombo) {
+                fields[std::string(row.name)] = row.items[below(row.items.size())];
+            } else if (isText(row) && below(3) > 0) {
+                fields[std::string(row.name)] = value();
+            } else if (row.kind == ControlKind::Option && isMark(kind, row) && !isOptionOn && below(2) == 0) {
+                fields[std::string(row.name)] = "on";
+                isOptionOn = true;
+            } else if (row.kind == ControlKind::Check && below(2) == 0) {
+                fields[std::string(row.name)] = "off";
+            }
+        }
+        fields[std::string(kind.table.line.nameField)] = "N" + value();
+        const std::string second(kind.table.line.secondField);
+        if (second == "rtbItemCost" || second == "ModValue")
+            fields[second] = std::to_string(below(99)) + "/-5";
+        // A limit of a spell is not read back.
+        if (&kind.table == &kSpellWizard) fields.erase("ItemUpto");
+        std::erase_if(fields, [](const auto& field) { return field.second.empty(); });
+        return fields;
+    }
 
-        MemoryTextArea document;
-        const auto wizard = thereAndBack(document, fields, limits);
-        ASSERT_NE(wizard, nullptr);
-        ASSERT_EQ(fieldsOf(*wizard), fields) << document.Text();
-        EXPECT_EQ(wizard->state.control("cmbDisadCat").state, 1);
-        const std::string before(document.Text());
-        EXPECT_EQ(wizard->finish(limits).kind, DoneResult::Kind::Closes);
-        ASSERT_EQ(document.Text(), before) << "it is broken at the same places again";
+private:
+    std::mt19937 random_{1};
+};
+
+TEST(RoundTrip, FieldsComeBack) {
+    Random random;
+    for (const Kind& kind : kKinds) {
+        for (int run = 0; run < 1'000; ++run) {
+            const auto fields = random.fields(kind);
+            const LineBreakLimits limits{.maximum = static_cast<int>(random.below(3) * 40), .tolerance = 10};
+            MemoryTextArea document;
+            const auto wizard = thereAndBack(kind, document, fields, limits);
+            ASSERT_NE(wizard, nullptr);
+            const auto back = fieldsOf(kind, *wizard);
+            for (const auto& [name, value] : fields) {
+                ASSERT_EQ(back.count(name), 1U) << name << ": " << document.Text();
+                ASSERT_EQ(back.at(name), value) << document.Text();
+            }
+            if (!kind.place.combo.empty()) {
+                EXPECT_EQ(wizard->state.control(kind.place.combo).state, 1);
+            }
+            EXPECT_EQ(wizard->loss(), "");
+            const std::string before(document.Text());
+            EXPECT_EQ(wizard->finish(limits).kind, DoneResult::Kind::Closes);
+            ASSERT_EQ(document.Text(), before) << "it is broken at the same places again";
+        }
     }
 }
 
 TEST(RoundTrip, WhatDoesNotComeBack) {
+    const Kind& ad = kKinds[0];
+    const Kind& skill = kKinds[1];
+    const Kind& spell = kKinds[2];
+    const Kind& stat = kKinds[3];
     const struct {
         const char* name;
-        Fields in;
-        Fields out;
+        const Kind& kind;
+        Fields in, out;
     } rows[] = {
         {"blanks and tabs in a row are one blank",
-         {"N  a", "5", "", "", "", "b\t c"},
-         {"N a", "5", "", "", "", "b c"}},
+         ad,
+         {{"rtbItemName", "N  a"}, {"rtbItemCost", "5"}, {"rtbItemNotes", "b\t c"}},
+         {{"rtbItemName", "N a"}, {"rtbItemCost", "5"}, {"rtbItemNotes", "b c"}}},
         {"a tag in a value is read as a tag",
-         {"N", "5", "", "", "", "a b cat(c) d"},
-         {"N", "5", "", "", "", "a", "", "", "c) d"}},
-        {"blanks around the cost go", {"N", " 5 "}, {"N", "5"}},
-        {"a comma in the cost parts it", {"N", "5, 6"}, {"N, 5", "6"}},
-        {"what stands behind a // is a comment", {"N // a", "5"}, {"N", ""}},
+         ad,
+         {{"rtbItemName", "N"}, {"rtbItemCost", "5"}, {"rtbItemNotes", "a b cat(c) d"}},
+         {{"rtbItemName", "N"}, {"rtbItemCost", "5"}, {"rtbItemNotes", "a"}, {"rtbItemCat", "c) d"}}},
+        {"also in a longer word",
+         stat,
+         {{"StatName", "N"}, {"StatSymbol", "a setup(b)"}},
+         {{"StatName", "N"}, {"StatSymbol", "a "}, {"StatUpCost", "b)"}}},
+        {"blanks around the second field go",
+         skill,
+         {{"rtbItemName", "N"}, {"cmbItemType", " M/A "}},
+         {{"rtbItemName", "N"}, {"cmbItemType", "M/A"}}},
+        {"a comma in it parts it",
+         ad,
+         {{"rtbItemName", "N"}, {"rtbItemCost", "5, 6"}},
+         {{"rtbItemName", "N, 5"}, {"rtbItemCost", "6"}}},
+        {"what stands behind a // is a comment",
+         ad,
+         {{"rtbItemName", "N // a"}, {"rtbItemCost", "5"}},
+         {{"rtbItemName", "N"}}},
+        {"the limit of a spell stays in the tag in front of it",
+         spell,
+         {{"SpellName", "N"}, {"SpellTime", "2"}, {"ItemUpto", "5"}},
+         {{"SpellName", "N"}, {"SpellTime", "2), upto(5"}}},
+        {"and in its name without one",
+         spell,
+         {{"SpellName", "N"}, {"ItemUpto", "5"}},
+         {{"SpellName", "N, upto(5)"}}},
     };
     for (const auto& row : rows) {
-        auto in = row.in, out = row.out;
-        in.resize(std::size(kFields));
-        out.resize(std::size(kFields));
         MemoryTextArea document;
-        EXPECT_EQ(fieldsOf(*thereAndBack(document, in, {})), out) << row.name;
+        auto back = fieldsOf(row.kind, *thereAndBack(row.kind, document, row.in, {}));
+        std::erase_if(back, [](const auto& field) { return field.second == "on" || field.second == "off"; });
+        EXPECT_EQ(back, row.out) << row.name;
     }
 }
 
-/// The places where the items of the wizard's sections begin.
+/// The places where the items begin that a wizard edits.
 std::vector<Position> itemPlaces(std::string_view text) {
     std::vector<Position> places;
     Section section = Section::Other;
@@ -111,11 +206,9 @@ std::vector<Position> itemPlaces(std::string_view text) {
         const auto line = text.substr(start, lineEnd(text, start) - start);
         const auto kind = classifyLine(line, section);
         if (kind == LineKind::SectionHeader) section = sectionOf(line);
-        const bool isOurs = section == Section::Ads || section == Section::Disads ||
-                            section == Section::Powers || section == Section::Quirks;
         const auto place = static_cast<Position>(start);
         start += line.size() + 2;
-        if (kind != LineKind::Item || !isOurs) continue;
+        if (kind != LineKind::Item || wizardOfSection(section).table == nullptr) continue;
         places.push_back(place);
         start = static_cast<size_t>(GetLogicalLine(text, place).range.end);
     }
@@ -128,14 +221,15 @@ TEST(RoundTrip, EveryItemOfAFileStaysAsItIs) {
     bytes << file.rdbuf();
     const MemoryTextArea original(bytes.str());
     const auto places = itemPlaces(original.Text());
-    EXPECT_EQ(places.size(), 30U);
+    EXPECT_EQ(places.size(), 75U);
     for (const Position place : places) {
         MemoryTextArea document(original.Text());
         const auto wizard = edited(document, place);
         ASSERT_NE(wizard, nullptr);
-        const ControlState& combo = wizard->state.control(wizard->place()->combo);
-        EXPECT_GE(combo.state, 0) << wizard->state.text("rtbItemName");
         const auto before = GetLogicalLine(original.Text(), place);
+        EXPECT_EQ(wizard->loss(), "");
+        const auto combo = wizard->place()->combo;
+        EXPECT_TRUE(combo.empty() || wizard->state.control(combo).state >= 0) << before.text;
         EXPECT_EQ(wizard->finish({.maximum = 80, .tolerance = 10}).kind, DoneResult::Kind::Closes);
 
         const auto after = GetLogicalLine(document.Text(), place);

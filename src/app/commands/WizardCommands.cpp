@@ -7,6 +7,7 @@
 #include "app/documents/frmKLTEditor.h"
 #include "forms/WizardForm.h"
 #include "platform/ProgramNames.h"
+#include "settings/Catalogue.h"
 #include "ui/MessageBox.h"
 #include "wizards/Wizards.h"
 
@@ -15,6 +16,10 @@ namespace {
 
 constexpr std::string_view kNoWizard =
     "There is no wizard for the lines of this section yet. Please change the line in the text itself.";
+
+bool isHostOld(Store& store) {
+    return readSetting(store, settings::kTvmVersion) <= 0;
+}
 
 AreaLookup lookupOf(RichTextBox& text) {
     return [box = QPointer(&text)]() -> TextArea* { return box; };
@@ -45,7 +50,7 @@ void openWizard(Editor& editor, const WizardTable& table) {
     auto* const document = editor.mainWindow().ActiveForm();
     if (document == nullptr) return;
     RichTextBox& text = *document->RichTextBox1;
-    show(editor, text, makeWizard(table, {OpeningMode::Insert, lookupOf(text)}));
+    show(editor, text, makeWizard(table, {.target = lookupOf(text), .isHostOld = isHostOld(editor.store())}));
 }
 
 void EditLine(Editor& editor) {
@@ -58,7 +63,7 @@ void EditLine(Editor& editor) {
     {
         const RaisedFlag suppress(editor.variables.SuppressCaretUpdate);
         found = EditLine(text);
-        wizard = wizardOfItem(text, lookupOf(text), found);
+        wizard = wizardOfItem(text, lookupOf(text), found, isHostOld(editor.store()));
     }
     showCaret(text);
     if (wizard != nullptr) return show(editor, text, std::move(wizard));
