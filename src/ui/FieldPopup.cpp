@@ -141,8 +141,6 @@ public:
         // Others come also while the combo is being destroyed.
         if (event->type() != QEvent::ContextMenu && event->type() != QEvent::MouseButtonRelease) return false;
         QLineEdit* const edit = combo_.lineEdit();
-        // A list has no text that could be edited.
-        if (edit == nullptr) return false;
         if (event->type() == QEvent::ContextMenu) {
             const auto& wish = static_cast<QContextMenuEvent&>(*event);
             // The right button's popup comes with its release.
@@ -170,7 +168,8 @@ void addFieldPopup(RichTextBox& field) {
 }
 
 void addFieldPopup(QComboBox& combo) {
-    new ComboPopup(combo);
+    // A list takes no text that could be edited.
+    if (combo.isEditable()) new ComboPopup(combo);
     addHelpKey(combo);
 }
 

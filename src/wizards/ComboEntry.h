@@ -17,10 +17,10 @@ struct ComboSelection {
     size_t length = 0;
 };
 
-/// At the release of a key that has changed the text: makes the text in front of the caret the first item that
-/// starts with it, or, where none does, all there is, and selects what was added. With `keepsParenthesis` a ")"
-/// right behind the caret stays where no item fits. False where it leaves the combo as it is: with all of the
-/// text selected, with the caret at the start.
+/// At the release of a key that has changed the text: makes the text in front of the caret the first item
+/// that starts with it, or, where none does, all there is, and selects what was added. With
+/// `keepsParenthesis` a ")" right behind the caret stays where no item fits. False where it leaves the combo
+/// as it is: with all of the text selected, with the caret at the start.
 bool AutoComplete(ControlState& combo, ComboSelection& selection, bool keepsParenthesis = false);
 
 /// When the combo loses the focus: a text that is no item becomes the first item that starts with it, or a
