@@ -1,5 +1,6 @@
 #include "language/LogicalLine.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "text/Ascii.h"
@@ -94,6 +95,17 @@ LogicalLine packageHeader(std::string_view text, size_t start) {
     }
     line.commentEnd = line.end;
     return line;
+}
+
+size_t longestLine(std::string_view text) {
+    size_t longest = 0;
+    for (size_t start = 0, place = 0; place <= text.size();) {
+        const auto end = lineEnd(text, place);
+        longest = std::max(longest, end - start);
+        if (!joins(lastTrimmed(text, place, end))) start = end + kLineEnd;
+        place = end + kLineEnd;
+    }
+    return longest;
 }
 
 }  // namespace klt

@@ -57,4 +57,7 @@ LogicalLine itemLine(std::string_view text, size_t start, EmptyTest emptyTest);
 /// The package header that begins at `start`; it goes on as long as it ends, trimmed, in `_`.
 LogicalLine packageHeader(std::string_view text, size_t start);
 
+/// No line of either kind that begins anywhere in the text is longer, in bytes.
+size_t longestLine(std::string_view text);
+
 }  // namespace klt

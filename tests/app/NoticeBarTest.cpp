@@ -37,9 +37,11 @@ TEST_F(NoticeBarTest, ItShowsTheNewestNoticeAndHowManyAreBehindIt) {
     bar.tell("one", [&] { ++dismissed; });
     EXPECT_TRUE(bar.isVisible());
     EXPECT_FALSE(count->isVisible());
-    bar.tell("two");
-    EXPECT_EQ(text(), "two");
-    EXPECT_EQ(count->text(), "and 1 more");
+    for (int twice = 0; twice < 2; ++twice) {
+        bar.tell("two");
+        EXPECT_EQ(text(), "two");
+        EXPECT_EQ(count->text(), "and 1 more");
+    }
     dismiss();
     EXPECT_EQ(text(), "one");
     EXPECT_EQ(dismissed, 0);

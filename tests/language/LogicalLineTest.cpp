@@ -28,6 +28,7 @@ void expectTaken(std::string_view text, const LogicalLine& line, const Taken& wa
     EXPECT_EQ(line.end, wanted.end) << text;
     EXPECT_EQ(line.next, wanted.next) << text;
     EXPECT_EQ(line.lines, wanted.lines) << text;
+    EXPECT_GE(longestLine(text), line.commentEnd - line.start) << text;
 }
 
 TEST(LogicalLine, JoinsItemLines) {
@@ -55,9 +56,15 @@ TEST(LogicalLine, JoinsItemLines) {
 }
 
 TEST(LogicalLine, JoinsPackageHeaders) {
-    expectTaken("{a _", packageHeader("{a _ \r\n\r\nb", 0), {7, 9, 2});
-    expectTaken("{a,", packageHeader("{a,\r\nb", 0), {3, 5, 1});
+    expectTaken("{a _ \r\n\r\nb", packageHeader("{a _ \r\n\r\nb", 0), {7, 9, 2});
+    expectTaken("{a,\r\nb", packageHeader("{a,\r\nb", 0), {3, 5, 1});
     expectTaken("{a_", packageHeader("{a_", 0), {3, 5, 1});
+}
+
+TEST(LogicalLine, TheLongestIsFound) {
+    EXPECT_EQ(longestLine(""), 0);
+    EXPECT_EQ(longestLine("abc\r\nde,\r\nfg_\r\nh\r\nijkl"), 11);
+    EXPECT_EQ(longestLine("a\r\nbcde"), 4);
 }
 
 TEST(LogicalLine, EndsAtCrLfAlone) {

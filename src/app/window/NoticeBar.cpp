@@ -66,7 +66,10 @@ NoticeBar::NoticeBar(QWidget* parent)
 }
 
 void NoticeBar::tell(std::string_view text, std::function<void()> dismissed) {
-    notices_.push_back({onOneLine(text), std::move(dismissed)});
+    QString line = onOneLine(text);
+    // What goes wrong at every key is told once.
+    if (!notices_.empty() && notices_.back().text == line && !dismissed && !notices_.back().dismissed) return;
+    notices_.push_back({std::move(line), std::move(dismissed)});
     // Found at its first use: icons are slow, and a start has none.
     if (icon_->pixmap(Qt::ReturnByValue).isNull()) {
         const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);

@@ -16,7 +16,8 @@ class NoticeBar : public QFrame {
 public:
     explicit NoticeBar(QWidget* parent = nullptr);
 
-    /// Shows `text` (UTF-8) until the user dismisses it, when `dismissed` is called.
+    /// Shows `text` (UTF-8) until the user dismisses it, when `dismissed` is called. The same twice in a row
+    /// is one.
     void tell(std::string_view text, std::function<void()> dismissed = {});
 
 private:
