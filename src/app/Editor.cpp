@@ -11,6 +11,7 @@
 #include "app/documents/frmKLTEditor.h"
 #include "platform/CommandLine.h"
 #include "platform/KeptCopies.h"
+#include "platform/MemoryRoom.h"
 #include "platform/Paths.h"
 #include "platform/ProgramNames.h"
 #include "platform/Recovery.h"
@@ -28,9 +29,17 @@ Editor::Editor(Store& store, Instances* instances, std::string commandLine)
           [this](frmKLTEditor& document) { colouring.ColourDocument(document); }),
       store_(store),
       instances_(instances),
-      commandLine_(std::move(commandLine)) {}
+      commandLine_(std::move(commandLine)) {
+    // Out of the event that was given up, which may be a painting.
+    lack_.setSingleShot(true);
+    connect(&lack_, &QTimer::timeout, this, [this] {
+        if (window_) window_->notices().tell("There is not enough memory for this. Nothing was changed.");
+    });
+    onLackOfMemory([this] { lack_.start(); });
+}
 
 Editor::~Editor() {
+    onLackOfMemory({});
     // The window goes last and must not reach what is gone by then.
     if (window_) window_->disconnect(this);
 }
@@ -86,10 +95,11 @@ void Editor::tellOfKeptTexts() {
 
 void Editor::receive(std::string commandLine, std::function<void()> done) {
     queue.submit(Origin::Outside, [this, commandLine = std::move(commandLine), done = std::move(done)] {
-        {
+        // Whoever waits is told in any case.
+        tryStep([&] {
             const RaisedFlag loading(variables.LoadingDocuments);
             ParseCommandLine(commandLine);
-        }
+        });
         done();
     });
 }

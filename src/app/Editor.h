@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
@@ -67,6 +68,7 @@ private:
     std::unique_ptr<DocumentEvents> events_;
     std::unique_ptr<InstanceServer> server_;
     QPointer<frmFind> find_;
+    QTimer lack_;
 };
 
 }  // namespace klt

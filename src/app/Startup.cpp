@@ -1,6 +1,9 @@
 #include "app/Startup.h"
 
+#include <malloc.h>
+
 #include <QApplication>
+#include <QThreadPool>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -14,6 +17,7 @@
 #include "platform/CommandLine.h"
 #include "platform/HandOver.h"
 #include "platform/Instances.h"
+#include "platform/MemoryRoom.h"
 #include "platform/Paths.h"
 #include "platform/ProgramNames.h"
 #include "settings/Store.h"
@@ -37,6 +41,30 @@ void letEventsRun() {
 void showError(int number, std::string_view source, std::string_view description) {
     MessageBox(nullptr, std::to_string(number).append(": ").append(source).append("\n\n").append(description),
                MessageIcon::None, kTitle);
+}
+
+/// An event that memory runs out under is given up: it must not go on through the libraries that brought it.
+class Application : public QApplication {
+public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override {
+        bool isTaken = true;
+        tryStep([&] { isTaken = QApplication::notify(receiver, event); });
+        return isTaken;
+    }
+};
+
+/// Where address space is short threads must not eat it up, nor be waited for though they could not be made.
+void tameThreads() {
+    // Each would keep 64 MB for its own blocks.
+    mallopt(M_ARENA_MAX, 1);
+    // Painting hands large areas to another thread: it is made while there is memory, and kept.
+    constexpr unsigned kStack = 256U << 10;
+    QThreadPool& pool = *QThreadPool::globalInstance();
+    pool.setStackSize(kStack);
+    pool.setExpiryTimeout(-1);
+    pool.setMaxThreadCount(1);
+    pool.start([] {});
 }
 
 void setUpApplication() {
@@ -72,6 +100,9 @@ void reportingErrors(const std::function<void()>& step) {
         step();
     } catch (const std::system_error& error) {
         showError(error.code().value(), error.code().category().name(), error.what());
+    } catch (const std::bad_alloc& error) {
+        releaseReserve();
+        fitsMemory([&] { showError(0, "klteditor", error.what()); });
     } catch (const std::exception& error) {
         showError(0, "klteditor", error.what());
     }
@@ -115,7 +146,8 @@ int Main(int argc, char** argv) {
 
     // The arguments are all ours, a file may be called "-style".
     int own = 1;
-    QApplication application(own, argv);
+    tameThreads();
+    Application application(own, argv);
     setUpApplication();
     Store store;
     Editor editor(store, &instances, commandLine);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <string>
 
 #include "platform/Failure.h"
@@ -20,6 +21,8 @@ struct TextFile {
     std::string text;
     Encoding encoding = Encoding::Any;
     Failure error;
+
+    bool isOutOfMemory() const { return error && error == systemFailure(ENOMEM); }
 };
 
 /// The same as text, as `decode` tells. An error too where the text would be longer than `largest`, or so

@@ -11,6 +11,8 @@ namespace {
 // The loops over a block have a fixed length, so that the compiler makes vector code of them.
 constexpr size_t kBlock = 64;
 
+}  // namespace
+
 size_t countLineEndBytes(std::string_view text) {
     size_t count = 0, at = 0;
     for (; at + kBlock <= text.size(); at += kBlock) {
@@ -23,8 +25,6 @@ size_t countLineEndBytes(std::string_view text) {
     for (; at < text.size(); ++at) count += text[at] == '\r' || text[at] == '\n';
     return count;
 }
-
-}  // namespace
 
 bool hasOnlyCrLf(std::string_view text) {
     if (text.empty()) return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,9 @@ namespace klt {
 bool hasOnlyCrLf(std::string_view text);
 /// The text with each lone CR and each lone LF made CR LF.
 std::string withCrLf(std::string_view text);
+
+/// The bytes of line ends in the text: in one with CR LF alone twice its line ends.
+size_t countLineEndBytes(std::string_view text);
 
 /// Whether a text, found where it begins and ends in the middle of line ends, would tear one apart.
 bool tearsLineEnd(std::string_view text);

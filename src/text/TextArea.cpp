@@ -28,6 +28,11 @@ void TextArea::SetText(std::string_view text) {
     replaceAll(withCrLf(text));
 }
 
+bool TextArea::ReplaceText(std::string_view text) {
+    if (hasOnlyCrLf(text)) return replaceWhole(text);
+    return replaceWhole(withCrLf(text));
+}
+
 bool TextArea::SetSelText(std::string_view text) {
     if (hasOnlyCrLf(text)) return replaceSelection(text, {});
     return replaceSelection(withCrLf(text), {});

@@ -51,6 +51,9 @@ public:
     /// Sets the whole text in `Normal Text`, lone CR and LF made CR LF; caret to 0, protection gone, undo
     /// emptied.
     void SetText(std::string_view text);
+    /// The same as one edit: a step to undo that brings the old text back in `Normal Text`. False, with
+    /// nothing changed, where the area takes no edit.
+    bool ReplaceText(std::string_view text);
 
     virtual Position SelStart() const = 0;
     virtual Position SelLength() const = 0;
@@ -116,6 +119,7 @@ public:
 protected:
     // What the setters above stand on; `text` has CR LF alone, `styles` is as long.
     virtual void replaceAll(std::string_view text) = 0;
+    virtual bool replaceWhole(std::string_view text) = 0;
     virtual bool replaceSelection(std::string_view text, std::optional<std::string_view> styles) = 0;
 
     // Raised and lowered by the guards of TextAreaGuards.h alone; each nests.

@@ -62,11 +62,8 @@ FindOutcome replaceSelected(TextArea& text, const FindRequest& request) {
 /// Sets the text anew, but as an edit, so that one step takes it back. A part alone would take longer.
 void setWhole(TextArea& text, std::string_view whole) {
     const RedrawFreeze freeze(text);
-    text.ColourRun(0, text.Length(), 0);
-    text.Select(0, text.Length());
-    text.SetSelText(whole);
+    text.ReplaceText(whole);
     text.ScrollToLine(0);
-    text.SetSelStart(0);
 }
 
 /// Whether the text with all replacements would be more than a gibibyte.

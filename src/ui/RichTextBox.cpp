@@ -39,7 +39,7 @@ RichTextBox::RichTextBox(Kind kind, QWidget* parent)
     // For what no operation of ours stands around: a message sent to Scintilla by others, an assistive tool.
     settlesLater_.setSingleShot(true);
     connect(&settlesLater_, &QTimer::timeout, this, [this] {
-        if (running_ != Running::Code) settle();
+        if (running_ != Running::Code) tryStep([this] { settle(); });
     });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::noteInterfaceUpdate);
 }
@@ -141,29 +141,6 @@ Position RichTextBox::CharacterCount() const {
     return tally_.count(*this, send(SCI_GETGAPPOSITION));
 }
 
-void RichTextBox::replaceAll(std::string_view text) {
-    const Operation operation(*this, Running::Code);
-    std::string store;
-    text = detached(text, store);
-    {
-        const Unrecorded unrecorded(*this);
-        protection_.clear();
-        send(SCI_CLEARALL);
-        sendText(SCI_APPENDTEXT, text);
-    }
-    tally_.forget();
-    isStyled_ = false;
-    send(SCI_EMPTYUNDOBUFFER);
-    place({0, 0}, false);
-    send(SCI_SETXOFFSET, 0);
-    send(SCI_SETFIRSTVISIBLELINE, 0);
-    send(SCI_SETSCROLLWIDTH, 1);
-    inserted_.take();
-    pendingStyle_.reset();
-    edited_ = true;
-    changed_ = changed_ || masks_ == 0;
-}
-
 Position RichTextBox::SelStart() const {
     return send(SCI_GETSELECTIONSTART);
 }
@@ -201,34 +178,6 @@ void RichTextBox::place(TextRange range, bool caretAtStart) {
 void RichTextBox::Select(Position start, Position length) {
     const Operation operation(*this, Running::Code);
     place(snapped(start, length), false);
-}
-
-/// Text that lies in the box's own buffer would go while it is being put in.
-std::string_view RichTextBox::detached(std::string_view text, std::string& store) const {
-    const std::string_view own = Text();
-    if (text.empty()) return "";
-    const std::less<> isBefore;
-    if (isBefore(text.data(), own.data()) || isBefore(own.data() + own.size(), text.data())) return text;
-    return store = text;
-}
-
-bool RichTextBox::replaceSelection(std::string_view text, std::optional<std::string_view> styles) {
-    const Operation operation(*this, Running::Code);
-    const TextRange range = selection();
-    if (range.start == range.end && text.empty()) return true;
-    std::string store;
-    text = detached(text, store);
-    return edit(range, !text.empty(), [&] {
-        const UndoStep step(*this);
-        send(SCI_SETTARGETRANGE, range.start, range.end);
-        sendText(SCI_REPLACETARGET, text);
-        styleInserted();
-        if (styles) {
-            LayStyles(range.start, *styles);
-        }
-        const Position end = range.start + static_cast<Position>(text.size());
-        place(snapped(end, 0), false);
-    });
 }
 
 void RichTextBox::SetSelStyle(StyleByte style) {
@@ -343,7 +292,7 @@ void RichTextBox::LayStyles(Position start, std::string_view styles) {
 
 void RichTextBox::protectionChanged(bool grown) {
     send(SCI_SETREADONLY, isClosed() ? 1 : 0);
-    if (grown) send(SCI_EMPTYUNDOBUFFER);
+    if (grown) EmptyUndoBuffer();
 }
 
 void RichTextBox::RewriteRun(Position start, std::string_view text) {
@@ -353,6 +302,7 @@ void RichTextBox::RewriteRun(Position start, std::string_view text) {
         text.copy(letters().data() + start, text.size());
         return lettersChanged();
     }
+    makeRoom({end - start, end - start, LineCount()});
     std::string styles(text.size(), '\0');
     for (size_t at = 0; at < styles.size(); ++at) {
         styles[at] = static_cast<char>(StyleAt(start + static_cast<Position>(at)));
@@ -364,6 +314,7 @@ void RichTextBox::RewriteRun(Position start, std::string_view text) {
     sendText(SCI_REPLACETARGET, text);
     LayStyles(start, styles);
     tally_.forget();
+    buffers_.grow(0);
     if (send(SCI_GETANCHOR) != anchor) send(SCI_SETANCHOR, anchor);
     if (send(SCI_GETCURRENTPOS) != caret) send(SCI_SETCURRENTPOS, caret);
 }

@@ -16,6 +16,7 @@
 #include "ui/CharacterTally.h"
 #include "ui/InsertedText.h"
 #include "ui/Protection.h"
+#include "ui/TextBuffers.h"
 #include "ui/TextFormats.h"
 
 namespace klt {
@@ -24,6 +25,9 @@ namespace klt {
 ///
 /// `Change` and `SelChange` come once for each edit and each move: for an operation by code before it
 /// returns, for a key, a click or a drop when the widget is done with it. Handlers may edit.
+///
+/// What there is no memory for throws `std::bad_alloc` and leaves text, styles and undo as they were; a key,
+/// a click or a drop is given up instead, and told of (`tryStep`).
 class RichTextBox : public QsciScintillaBase, public TextArea {
     Q_OBJECT
     Q_PROPERTY(QByteArray Text READ textBytes WRITE setTextBytes NOTIFY Change)
@@ -115,12 +119,16 @@ signals:
 
 protected:
     void replaceAll(std::string_view text) override;
+    bool replaceWhole(std::string_view text) override;
     bool replaceSelection(std::string_view text, std::optional<std::string_view> styles) override;
     void MaskNotifications(bool on) override;
     void Freeze(bool on) override;
     void GroupUndo(bool on) override;
 
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
+    QMimeData* toMimeData(const QByteArray& text, bool rectangular) const override;
     void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -166,10 +174,15 @@ private:
     TextRange selection() const;
     TextRange snapped(Position start, Position length) const;
 
+    TextBuffers::Size size() const { return {Length(), LineCount()}; }
+    void makeRoom(const TextBuffers::Edit& edit);
+    Position makeRoomForNew(std::string_view text);
+    void makeRoomForHistory();
+
     /// `action` within a gate, as an undo step of its own where the caret was moved; nothing where protection
-    /// refuses the range.
+    /// refuses the range. What comes in, at its start, are `incoming` bytes with so many line ends.
     template <typename Action>
-    bool edit(TextRange range, bool inserts, Action action);
+    bool edit(TextRange range, Position incoming, Position lines, Action action);
     void place(TextRange range, bool caretAtStart);
     std::string_view detached(std::string_view text, std::string& store) const;
     StyleByte styleForInsertion(Position place) const;
@@ -201,6 +214,7 @@ private:
 
     const Kind kind_;
     Protection protection_;
+    TextBuffers buffers_;
     mutable CharacterTally tally_;
     TextFont font_;
     StyleFormats formats_;

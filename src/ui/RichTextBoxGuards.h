@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/MemoryRoom.h"
 #include "ui/RichTextBox.h"
 
 namespace klt {
@@ -14,7 +15,7 @@ public:
           settles_(outer_ == Running::Nothing || (outer_ == Running::Event && running == Running::Code)) {}
     ~Operation() {
         box_.running_ = outer_;
-        if (settles_) box_.settle();
+        if (settles_) tryStep([this] { box_.settle(); });
     }
     Operation(const Operation&) = delete;
     Operation& operator=(const Operation&) = delete;
@@ -77,8 +78,9 @@ private:
 };
 
 template <typename Action>
-bool RichTextBox::edit(TextRange range, bool inserts, Action action) {
-    if (isLocked_ || !protection_.permit(range, inserts)) return false;
+bool RichTextBox::edit(TextRange range, Position incoming, Position lines, Action action) {
+    if (isLocked_ || !protection_.permit(range, incoming > 0)) return false;
+    makeRoom({range.end - range.start, incoming, lines});
     const Gate gate(*this);
     if (std::exchange(stepEnds_, false)) const UndoStep end(*this);
     if (stepOfCharacter_ && !*stepOfCharacter_) stepOfCharacter_->emplace(*this);

@@ -18,6 +18,10 @@ namespace {
 
 constexpr int kShift = QsciScintillaBase::SCMOD_SHIFT;
 constexpr int kCtrl = QsciScintillaBase::SCMOD_CTRL;
+// In UTF-8.
+constexpr Position kBytesOfUnit = 3;
+// A character with what handlers put in around it.
+constexpr Position kMostOfCharacter = 64;
 constexpr Qt::KeyboardModifiers kChordModifiers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
 struct Movement {
@@ -166,12 +170,14 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
 
 template <typename Action>
 bool RichTextBox::typeCharacter(const QString& text, Action action) {
+    // For it and what handlers put around it.
+    if (!isLocked_) makeRoom({SelLength(), kMostOfCharacter, 0});
     std::optional<UndoStep> step;
     {
         const QScopedValueRollback joined(stepOfCharacter_, &step);
         emit KeyPress(text.front());
     }
-    return edit(selection(), true, action);
+    return edit(selection(), kBytesOfUnit * text.size(), 0, action);
 }
 
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
@@ -179,7 +185,8 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
     const bool wasComposing = std::exchange(composing_, !event->preeditString().isEmpty());
     const auto take = [&] { QsciScintillaBase::inputMethodEvent(event); };
     const bool types = !wasComposing && !composing_ && event->commitString().size() == 1;
-    if (types ? typeCharacter(event->commitString(), take) : edit(selection(), true, take)) return;
+    const Position most = kBytesOfUnit * (event->preeditString().size() + event->commitString().size()) + 1;
+    if (types ? typeCharacter(event->commitString(), take) : edit(selection(), most, 0, take)) return;
     composing_ = false;
     QGuiApplication::inputMethod()->reset();
     event->accept();
@@ -193,7 +200,13 @@ bool RichTextBox::focusNextPrevChild(bool next) {
 
 void RichTextBox::Cut() {
     const Operation operation(*this, Running::Code);
-    if (SelLength() > 0) edit(selection(), false, [&] { send(SCI_CUT); });
+    if (SelLength() == 0) return;
+    edit(selection(), 0, 0, [&] {
+        send(SCI_COPY);
+        // The clipboard has taken some.
+        makeRoom({SelLength(), 0, 0});
+        send(SCI_CLEAR);
+    });
 }
 
 void RichTextBox::Copy() {
@@ -228,7 +241,7 @@ void RichTextBox::Delete() {
 
 /// Unlike the base's own deletion this one never takes more than was looked at.
 bool RichTextBox::deleteRange(TextRange range) {
-    return edit(range, false, [&] {
+    return edit(range, 0, 0, [&] {
         send(SCI_DELETERANGE, range.start, range.end - range.start);
         caretPlaced_ = true;
         ScrollCaret();
@@ -250,11 +263,11 @@ void RichTextBox::deleteExtended(unsigned extend) {
 }
 
 void RichTextBox::newLine() {
-    if (edit(selection(), true, [&] { send(SCI_NEWLINE); })) stepEnds_ = true;
+    if (edit(selection(), 2, 1, [&] { send(SCI_NEWLINE); })) stepEnds_ = true;
 }
 
 void RichTextBox::tab() {
-    edit(selection(), true, [&] {
+    edit(selection(), 1, 0, [&] {
         // What is typed on goes into the same step of undo, unless the tab replaces something.
         if (SelLength() == 0) {
             sendText(SCI_ADDTEXT, "\t");

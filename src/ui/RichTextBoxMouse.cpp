@@ -25,6 +25,12 @@ QMouseEvent plain(const QMouseEvent& event) {
             event.pointingDevice()};
 }
 
+/// What comes in as UTF-8, or more.
+TextBuffers::Edit mostOf(const QString& text) {
+    constexpr Position kBytesOfUnit = 3;
+    return {.added = kBytesOfUnit * text.size(), .lines = text.count('\n') + text.count('\r')};
+}
+
 }  // namespace
 
 Position RichTextBox::placeAt(const QPointF& point) const {
@@ -53,7 +59,8 @@ void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
     const Operation operation(*this, Running::Event);
     QMouseEvent move = plain(*event);
     // A drag that takes the selection away begins and ends in here.
-    if (SelLength() == 0 || !edit(selection(), false, [&] { QsciScintillaBase::mouseMoveEvent(&move); })) {
+    const bool mayDrag = event->buttons() != Qt::NoButton && SelLength() > 0;
+    if (!mayDrag || !edit(selection(), 0, 0, [&] { QsciScintillaBase::mouseMoveEvent(&move); })) {
         QsciScintillaBase::mouseMoveEvent(&move);
     }
 }
@@ -125,7 +132,11 @@ void RichTextBox::dropEvent(QDropEvent* event) {
         else
             QsciScintillaBase::dropEvent(event);
     };
-    if ((!takesSelection || protection_.permit(selection(), false)) && edit({at, at}, true, take)) return;
+    const auto in = mostOf(event->mimeData()->text());
+    const Position taken = takesSelection ? SelLength() : 0;
+    if ((!takesSelection || protection_.permit(selection(), false)) &&
+        edit({at, at}, taken + in.added, in.lines, take))
+        return;
     event->setDropAction(Qt::IgnoreAction);
     event->ignore();
     QsciScintillaBase::dragLeaveEvent(nullptr);
@@ -141,7 +152,9 @@ void RichTextBox::dropLink(QDropEvent& event, Position at) {
 }
 
 QByteArray RichTextBox::fromMimeData(const QMimeData* source, bool& rectangular) const {
-    QByteArray text = QsciScintillaBase::fromMimeData(source, rectangular);
+    const QString wide = source->text();
+    requireRoom(static_cast<size_t>(mostOf(wide).added));
+    QByteArray text = wide.toUtf8();
     rectangular = false;
     if (kind_ != Kind::Field) return text;
     return text.replace("\r\n", " ").replace('\r', ' ').replace('\n', ' ');

@@ -9,11 +9,13 @@ void RichTextBox::noteModification(int place, int kind, int length) {
     if ((kind & SC_MOD_BEFOREDELETE) != 0) {
         if (place == 0 && !firstStyle_) firstStyle_ = StyleAt(0);
         tally_.textDeleted(*this, place, length);
+        buffers_.textDeleted(size(), length);
         protection_.textDeleted(place, length);
         inserted_.textDeleted(place, length);
     } else {
         const StyleByte style = styleForInsertion(place);
         tally_.textInserted(*this, place, length);
+        buffers_.textInserted(size(), length);
         protection_.textInserted(place, length);
         inserted_.textInserted(place, length, style);
     }
@@ -87,6 +89,7 @@ bool RichTextBox::CanRedo() const {
 void RichTextBox::Undo() {
     if (isLocked_) return;
     const Operation operation(*this, Running::Code);
+    makeRoomForHistory();
     const Gate gate(*this);
     send(SCI_UNDO);
 }
@@ -94,12 +97,14 @@ void RichTextBox::Undo() {
 void RichTextBox::Redo() {
     if (isLocked_) return;
     const Operation operation(*this, Running::Code);
+    makeRoomForHistory();
     const Gate gate(*this);
     send(SCI_REDO);
 }
 
 void RichTextBox::EmptyUndoBuffer() {
     send(SCI_EMPTYUNDOBUFFER);
+    buffers_.forgetHistory(size());
 }
 
 }  // namespace klt

@@ -28,6 +28,14 @@ void MemoryTextArea::replaceAll(std::string_view text) {
     changed(0);
 }
 
+bool MemoryTextArea::replaceWhole(std::string_view text) {
+    ColourRun(0, Length(), 0);
+    selection_ = {0, Length()};
+    replaceSelection(text, {});
+    moveTo({0, 0});
+    return true;
+}
+
 TextRange MemoryTextArea::whole(Position start, Position length) const {
     start = std::clamp<Position>(start, 0, Length());
     const Position end = start + std::clamp<Position>(length, 0, Length() - start);

@@ -47,6 +47,7 @@ public:
 
 protected:
     void replaceAll(std::string_view text) override;
+    bool replaceWhole(std::string_view text) override;
     bool replaceSelection(std::string_view text, std::optional<std::string_view> styles) override;
     void MaskNotifications(bool on) override { masks_ += on ? 1 : -1; }
     void Freeze(bool on) override { freezes_ += on ? 1 : -1; }

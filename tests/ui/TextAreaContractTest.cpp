@@ -436,6 +436,25 @@ TYPED_TEST(TextAreaContract, UndoesAndRedoesStepByStep) {
     EXPECT_FALSE(area.CanUndo());
 }
 
+TYPED_TEST(TextAreaContract, ReplacesAllOfTheTextInOneStep) {
+    auto& area = this->area_;
+    for (const std::string_view text : {"", "x", "one\ntwo"}) {
+        this->start("Version=2\r\nab", 3, 2);
+        area.ColourRun(0, 9, 9, true);
+        area.ColourRun(11, 13, 4);
+        EXPECT_TRUE(area.ReplaceText(text));
+        const std::string whole = text.size() > 1 ? "one\r\ntwo" : std::string(text);
+        EXPECT_EQ(this->shown(), whole + "|0+0|" + std::string(whole.size(), '0'));
+        EXPECT_TRUE(area.ProtectedRuns().empty());
+        EXPECT_EQ(this->changes, 1);
+        area.Undo();
+        EXPECT_EQ(area.Text(), "Version=2\r\nab");
+        EXPECT_FALSE(area.CanUndo());
+        area.Redo();
+        EXPECT_EQ(area.Text(), whole);
+    }
+}
+
 TYPED_TEST(TextAreaContract, UndoNeverReachesBehindProtection) {
     auto& area = this->area_;
     this->start("Version=2\r\nab", 9);

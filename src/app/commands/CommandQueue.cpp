@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "platform/MemoryRoom.h"
 #include "ui/DroppedFiles.h"
 #include "ui/RichTextBox.h"
 
@@ -110,7 +111,7 @@ void CommandQueue::submit(Origin origin, Command command) {
         waiting_.push_back({origin, std::move(command), nullptr});
         watchEvents(true);
     } else {
-        command();
+        tryStep(command);
     }
     carryOut();
 }
@@ -145,7 +146,7 @@ void CommandQueue::carryOut() {
         // A dialog of this command lets the rest come through its own event loop.
         if (!waiting_.empty()) later_.start();
         const auto* focus = QApplication::focusWidget();
-        (*command)();
+        tryStep(*command);
         if (auto* now = QApplication::focusWidget(); now && now != focus) movedFocus_ = now;
     }
     if (waiting_.empty()) movedFocus_ = nullptr;

@@ -28,6 +28,7 @@ bool DocumentColouring::showsProgress(const frmKLTEditor& document) const {
 }
 
 void DocumentColouring::ColourDocument(frmKLTEditor& document) {
+    WindowPass::requireRoomFor(*document.RichTextBox1);
     std::unique_ptr<frmKLTChecker> progress;
     // Below a dialog that is up it would not answer.
     QWidget* const dialog = QApplication::activeModalWidget();

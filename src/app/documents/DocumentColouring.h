@@ -17,7 +17,8 @@ public:
                       std::function<frmMDIKLTEditor&()> mainWindow);
 
     /// Events run meanwhile, but whatever the user or others ask for waits until the pass is over. The text
-    /// is the same afterwards but for the case of words.
+    /// is the same afterwards but for the case of words. Where there is too little memory it throws
+    /// `std::bad_alloc` and has changed nothing.
     void ColourDocument(frmKLTEditor& document);
 
 private:

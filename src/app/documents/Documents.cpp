@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <cerrno>
 
 #include "app/documents/frmKLTEditor.h"
 #include "app/modVariables.h"
@@ -13,6 +14,7 @@
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
 #include "platform/KeptCopies.h"
+#include "platform/MemoryRoom.h"
 #include "platform/Paths.h"
 #include "platform/ProgramNames.h"
 #include "platform/Recovery.h"
@@ -27,6 +29,13 @@ constexpr const char* kOpenTitle = "Select Data File to Open";
 constexpr unsigned kSaveFlags = kOverwritePrompt | kHideReadOnly | kPathMustExist | kExplorer | kLongNames;
 constexpr unsigned kOpenFlags = kHideReadOnly | kAllowMultiselect | kFileMustExist | kExplorer | kLongNames;
 static_assert(kSaveFlags == 2623494 && kOpenFlags == 2626052);
+
+// More than the window of a document takes.
+constexpr size_t kWindowSize = size_t{1} << 20;
+
+bool isBlank(std::string_view path) {
+    return path.find_first_not_of(' ') == path.npos;
+}
 
 void letEventsRun() {
     QCoreApplication::processEvents();
@@ -58,20 +67,44 @@ void Documents::open(std::string_view path, bool checkNow, MissingFiles& missing
     const CommandQueue::Opening opening(queue_);
     ++variables_.DocumentCounter;
     frmMDIKLTEditor& window = mainWindow_();
-    frmKLTEditor& document = window.loadDocument();
+    frmKLTEditor* document = nullptr;
+    if (!fitsMemory([&] { load(path, document, missing); })) return giveUp(path, document);
+    if (checkNow && readSetting(store_, settings::kAutoSyntaxCheck))
+        tryStep([&] { ColourDocument_(*document); });
+    window.updateMenus();
+}
+
+/// Makes the window and fills it; where memory runs out `document` is what there is of it.
+void Documents::load(std::string_view path, frmKLTEditor*& document, MissingFiles& missing) {
+    const bool isNew = isBlank(path);
+    const auto found = isNew ? std::nullopt : findPathIgnoringCase(path);
+    TextFile file;
+    if (found) file = readTextFile(*found);
+    if (file.isOutOfMemory()) throw std::bad_alloc();
+    requireRoom(kWindowSize);
+    frmMDIKLTEditor& window = mainWindow_();
+    document = &window.loadDocument();
     letEventsRun();
-    if (path.find_first_not_of(' ') == path.npos) {
-        fillNew(document);
-    } else if (const auto found = findPathIgnoringCase(path)) {
-        fillFromFile(document, *found);
+    if (isNew) {
+        fillNew(*document);
+    } else if (found) {
+        fillFromFile(*document, *found, file);
     } else {
         tellMissing(path, missing);
     }
     window.panels().showCaret(1, 1);
-    window.showDocument(document);
+    window.showDocument(*document);
     letEventsRun();
-    if (checkNow && readSetting(store_, settings::kAutoSyntaxCheck)) ColourDocument_(document);
-    window.updateMenus();
+}
+
+/// Memory has run out in the middle of an opening: no window stays.
+void Documents::giveUp(std::string_view path, frmKLTEditor* document) {
+    if (document) {
+        document->AppEnd = true;
+        mainWindow_().closeDocument(*document);
+    }
+    mainWindow_().notices().tell((isBlank(path) ? "A new document" : std::string(path)) +
+                                 " could not be opened: " + *systemFailure(ENOMEM));
 }
 
 void Documents::tellMissing(std::string_view path, MissingFiles& missing) {
@@ -91,12 +124,11 @@ void Documents::fillNew(frmKLTEditor& document) {
     document.RichTextBox1->SetText(kNewDocumentText);
 }
 
-void Documents::fillFromFile(frmKLTEditor& document, const std::string& path) {
+void Documents::fillFromFile(frmKLTEditor& document, const std::string& path, const TextFile& file) {
     document.setCaption(path);
     {
         const RaisedFlag loadingAny(variables_.LoadingDocuments);
         const RaisedFlag loading(document.isLoading);
-        const TextFile file = readTextFile(path);
         document.encoding = file.encoding;
         document.unread = file.error.has_value();
         if (file.error) mainWindow_().notices().tell(path + " could not be read: " + *file.error);

@@ -13,6 +13,7 @@ namespace klt {
 class Store;
 class frmKLTEditor;
 class frmMDIKLTEditor;
+struct TextFile;
 struct modVariables;
 
 /// Making, opening, saving and closing documents. What fails is told in the main window's bar of notices.
@@ -25,7 +26,8 @@ public:
 
     /// Opens the file in a new window, which is the active one then; a path of blanks makes a new document. A
     /// file that does not exist is told of in a message, and one that can't be read in a notice: the window
-    /// stays all the same, empty. `checkNow` permits the check that the setting "AutoSyntaxCheck" asks for.
+    /// stays all the same, empty. No window stays where there is not enough memory, which is told too.
+    /// `checkNow` permits the check that the setting "AutoSyntaxCheck" asks for.
     void OpenDocument(std::string_view path, bool checkNow);
     /// Opens each in turn and lets events run in between. From the fourth message of files that do not exist
     /// on, the user may skip the other messages; the windows come all the same.
@@ -51,8 +53,10 @@ private:
     };
     void open(std::string_view path, bool checkNow, MissingFiles& missing);
     void tellMissing(std::string_view path, MissingFiles& missing);
+    void load(std::string_view path, frmKLTEditor*& document, MissingFiles& missing);
+    void giveUp(std::string_view path, frmKLTEditor* document);
     void fillNew(frmKLTEditor& document);
-    void fillFromFile(frmKLTEditor& document, const std::string& path);
+    void fillFromFile(frmKLTEditor& document, const std::string& path, const TextFile& file);
     void save(frmKLTEditor& document);
     void saveAs(frmKLTEditor& document);
     bool saveAtClose(frmKLTEditor& document);

@@ -6,6 +6,8 @@
 #include <future>
 
 #include "app/dialogs/frmKLTChecker.h"
+#include "language/LogicalLine.h"
+#include "platform/MemoryRoom.h"
 #include "ui/modKLTSyntaxHighlighter.h"
 
 namespace klt {
@@ -14,6 +16,8 @@ namespace {
 // Between two slices events run: often enough for a button to answer, seldom enough to cost nothing.
 constexpr qint64 kSliceMilliseconds = 16;
 constexpr Position kLinesAtOnce = 200;
+// What the check of a line may take for each of its bytes, beside their styles.
+constexpr size_t kBytesOfCheck = 24;
 
 }  // namespace
 
@@ -28,6 +32,12 @@ WindowPass::WindowPass(RichTextBox& box, CheckerState& state, frmKLTChecker* pro
     if (!progress_) return;
     connect(progress_, &frmKLTChecker::lockToggled, this, &WindowPass::setLocked);
     progress_->SetProgressInfo(box_.LineCount());
+}
+
+void WindowPass::requireRoomFor(const RichTextBox& box) {
+    const auto length = static_cast<size_t>(box.Length());
+    if (roomFor(length + kBytesOfCheck * length)) return;
+    requireRoom(length + kBytesOfCheck * longestLine(box.Text()));
 }
 
 WindowPass::~WindowPass() {

@@ -20,6 +20,8 @@ public:
     /// `progress` may be null. All must outlive the pass.
     WindowPass(RichTextBox& box, CheckerState& state, frmKLTChecker* progress);
     ~WindowPass() override;
+    /// Throws `std::bad_alloc` where a pass over this text might run out of memory.
+    static void requireRoomFor(const RichTextBox& box);
 
     /// Works to the end and puts the result into the box. Selection and scroll position stay, but the caret
     /// is brought into view; nothing can be undone afterwards.
