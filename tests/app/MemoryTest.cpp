@@ -83,7 +83,7 @@ protected:
         QTest::keyClick(&box(), key, modifiers);
     }
     void load() {
-        const RaisedFlag loading(variables().LoadingDocuments);
+        const RaisedFlag loading(active().isLoading);
         box().SetText(text_);
     }
     void loadAndCheck() {
