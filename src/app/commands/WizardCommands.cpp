@@ -50,7 +50,8 @@ void openWizard(Editor& editor, const WizardTable& table) {
     auto* const document = editor.mainWindow().ActiveForm();
     if (document == nullptr) return;
     RichTextBox& text = *document->RichTextBox1;
-    show(editor, text, makeWizard(table, {.target = lookupOf(text), .isHostOld = isHostOld(editor.store())}));
+    auto wizard = makeWizard(table, {.target = lookupOf(text), .isHostOld = isHostOld(editor.store())});
+    show(editor, text, std::move(wizard));
 }
 
 void EditLine(Editor& editor) {
