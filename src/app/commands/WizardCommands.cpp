@@ -50,8 +50,10 @@ void openWizard(Editor& editor, const WizardTable& table) {
     auto* const document = editor.mainWindow().ActiveForm();
     if (document == nullptr) return;
     RichTextBox& text = *document->RichTextBox1;
-    auto wizard = makeWizard(table, {.target = lookupOf(text), .isHostOld = isHostOld(editor.store())});
-    show(editor, text, std::move(wizard));
+    Opening opening;
+    opening.target = lookupOf(text);
+    opening.isHostOld = isHostOld(editor.store());
+    show(editor, text, makeWizard(table, std::move(opening)));
 }
 
 void EditLine(Editor& editor) {
