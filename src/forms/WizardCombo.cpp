@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <utility>
 
 #include "settings/Catalogue.h"
 #include "ui/QtStrings.h"
@@ -16,6 +15,17 @@ namespace klt {
 namespace {
 
 constexpr int kCharactersShown = 16;
+
+/// The key itself: what it stands for changes when Shift is let go in front of it.
+quint32 numberOf(const QKeyEvent& event) {
+    return event.nativeScanCode() != 0 ? event.nativeScanCode() : static_cast<quint32>(event.key());
+}
+
+/// Whether it is a command, as Ctrl+V; AltGr, which comes as both, types.
+bool isChord(const QKeyEvent& event) {
+    const auto held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return held != Qt::NoModifier && held != (Qt::ControlModifier | Qt::AltModifier);
+}
 
 /// UTF-16 units as bytes of UTF-8.
 size_t bytes(const QString& text, qsizetype units) {
@@ -81,17 +91,17 @@ void WizardCombo::keyPressEvent(QKeyEvent* event) {
         lineEdit()->cursorBackward(false);
     }
     Combo::keyPressEvent(event);
-    if (currentText() != before) changingKey_ = event->key();
+    if (currentText() != before && !isChord(*event)) changingKeys_.insert(numberOf(*event));
 }
 
 void WizardCombo::keyReleaseEvent(QKeyEvent* event) {
     Combo::keyReleaseEvent(event);
-    if (event->isAutoRepeat() || event->key() != std::exchange(changingKey_, 0)) return;
-    complete();
+    if (!event->isAutoRepeat() && changingKeys_.erase(numberOf(*event)) > 0) complete();
 }
 
 void WizardCombo::focusOutEvent(QFocusEvent* event) {
     Combo::focusOutEvent(event);
+    changingKeys_.clear();
     // The list that drops, and another window, leave the focus where it is.
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) commit();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -42,8 +43,8 @@ private:
     Store& store_;
     const bool& isSuppressed_;
     std::vector<std::string> shown_;
-    /// The key whose press changed the text last; its release completes it.
-    int changingKey_ = 0;
+    /// The keys that are down and whose press changed the text; their release completes it.
+    std::set<quint32> changingKeys_;
 };
 
 }  // namespace klt

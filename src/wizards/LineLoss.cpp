@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "text/Ascii.h"
-#include "wizards/ItemLine.h"
 
 namespace klt {
 namespace {
@@ -32,8 +31,10 @@ bool saysDefault(const ItemShape& shape, std::string_view meaning) {
     if (row == shape.written.end()) return false;
     const auto value = meaning.substr(tag.size());
     if (value == ")") return true;
-    const Choice* const choice = choiceOf(*row, value.substr(0, value.rfind(')')));
-    return choice != nullptr && choice->text.empty();
+    return std::ranges::any_of(row->choices, [value](const Choice& choice) {
+        return !choice.spelled.empty() && value.ends_with(')') &&
+               equalIgnoringAsciiCase(choice.spelled, value.substr(0, value.size() - 1));
+    });
 }
 
 std::vector<Part> partsOf(const ItemShape& shape, std::string_view line) {

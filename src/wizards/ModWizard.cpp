@@ -46,7 +46,7 @@ constexpr std::array kRules = {
 
 constexpr std::array kPlaces = {PlaceRow{.section = "[Mods]", .combo = "ModGroup"}};
 
-constexpr std::array kRounded = {Choice{"Up", "RoundUp"}, Choice{"", "RoundDown"}};
+constexpr std::array kRounded = {Choice{"Up", "RoundUp"}, Choice{"", "RoundDown", kOn, "Down"}};
 
 constexpr std::array kTags = {
     TagRow{"upto(", "ItemUpto"},

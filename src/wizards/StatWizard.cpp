@@ -53,10 +53,10 @@ constexpr std::array kRules = {CheckRule{"StatName", "MUST enter a name!"}};
 
 constexpr std::array kPlaces = {PlaceRow{.section = "[Stats]"}};
 
-constexpr std::array kDoubles = {Choice{"No", "DoubleInPlay", kOff}, Choice{"", "DoubleInPlay"}};
-constexpr std::array kDisplayed = {Choice{"No", "DisplayStat", kOff}, Choice{"", "DisplayStat"}};
+constexpr std::array kDoubles = {Choice{"No", "DoubleInPlay", kOff}, Choice{"", "DoubleInPlay", kOn, "Yes"}};
+constexpr std::array kDisplayed = {Choice{"No", "DisplayStat", kOff}, Choice{"", "DisplayStat", kOn, "Yes"}};
 constexpr std::array kRounded = {Choice{"Up", "StatRoundUp"}, Choice{"No", "StatRoundNo"},
-                                 Choice{"", "StatRoundDown"}};
+                                 Choice{"", "StatRoundDown", kOn, "Down"}};
 
 constexpr std::array kTags = {
     TagRow{"basevalue(", "StatBaseValue"}, TagRow{"step(", "StatStep"},

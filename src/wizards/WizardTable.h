@@ -186,6 +186,8 @@ struct Choice {
     std::string_view text = {};
     std::string_view control = {};
     int state = kOn;
+    /// The word that says it where its text is empty: a line that holds it says no more than one without.
+    std::string_view spelled = {};
 };
 
 /// A tag of an item line with the control that holds its value, or the choices that do.

@@ -1,5 +1,6 @@
 // Wizards in the running program: from the menu to a line in the document, and back.
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -404,6 +405,17 @@ TEST_F(WizardFormsTest, CombosTakeKeysByTheirKind) {
             key(Qt::Key_Backspace);
             EXPECT_EQ(name.currentText(), "DX") << "what Backspace took is completed again";
             EXPECT_EQ(name.lineEdit()->selectedText(), "X");
+            name.lineEdit()->clear();
+            QTest::keyPress(&name, 'W', Qt::ShiftModifier);
+            QTest::keyRelease(&name, Qt::Key_Shift);
+            QTest::keyPress(&name, 'i');
+            QTest::keyRelease(&name, 'W');
+            QTest::keyRelease(&name, 'i');
+            EXPECT_EQ(name.currentText(), "Will") << "keys overlap";
+            QApplication::clipboard()->setText("d");
+            name.lineEdit()->selectAll();
+            QTest::keyClick(&name, Qt::Key_V, Qt::ControlModifier);
+            EXPECT_EQ(name.currentText(), "d") << "a command completes nothing";
             name.lineEdit()->clear();
             QTest::keyClicks(&name, "My(a");
             EXPECT_EQ(name.currentText(), "My(a)");

@@ -209,10 +209,13 @@ TEST(LineLoss, TellsWhatTheFormDoesNotKeep) {
          "This form does not keep: notes(a cat(b) c). It writes: cat(b) c)."},
         {kSkillWizard, "Knife, page(1)", ""},
         {kSpellWizard, "Fog, time(2), upto(4)", ""},
-        {kStatWizard, "Tide, round(Down), display( yes ), DoubleInPlay(x), step(1)", ""},
+        {kStatWizard, "Tide, round(Down), display( yes ), DoubleInPlay(Yes), step(1)", ""},
+        {kStatWizard, "Tide, round(U), display(Maybe)", "This form does not keep: round(U), display(Maybe)."},
+        {kStatWizard, "Tide, round(Down) extra, display(No)", "This form does not keep: round(Down) extra."},
         {kStatWizard, "Tide, round(up), display(no)", ""},
         {kStatWizard, "Tide, gives(1)", ""},
-        {kModWizard, "Sea, -10%, round(No), gives(1)", ""},
+        {kModWizard, "Sea, -10%, round(No), gives(1)", "This form does not keep: round(No)."},
+        {kModWizard, "Sea, -10%, ROUND(down)", ""},
         {kModWizard, "Sea, -10%, notes(x)", ""},
     };
     for (const auto& row : rows) {
