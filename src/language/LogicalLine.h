@@ -19,6 +19,7 @@ enum class LineKind : unsigned char {
 
 /// The version line in its canonical spelling.
 inline constexpr std::string_view kVersionLine = "Version=2";
+inline constexpr Position kVersionLineLength = kVersionLine.size();
 
 /// The kind of a physical line (without its line end) under `section`. A line that begins with `[` or `<` is
 /// told as a header, whether or not it is a right one.

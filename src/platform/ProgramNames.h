@@ -11,9 +11,8 @@ inline constexpr std::string_view kSettingsFolder = "Software\\Shared Program Se
 /// The application under which the author profiles lie.
 inline constexpr std::string_view kAuthorsApplication = "Authors";
 /// The title of the main window, and of every message box that carries one.
-inline constexpr std::string_view kTitle = "KLT Editor Beta 1.60";
+extern const std::string_view kTitle;
 /// `AppVersion`: major, two digits of minor, four of revision.
-inline constexpr std::string_view kAppVersion = "1.60.0053";
-static_assert(kAppVersion.size() == 9, "the upgrade compares versions of exactly nine characters");
+extern const std::string_view kAppVersion;
 
 }  // namespace klt

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "language/LogicalLine.h"
 #include "text/TextArea.h"
 
 namespace klt {
@@ -36,7 +37,7 @@ struct FindOutcome {
 };
 
 /// How many characters at the start of a text, the version line and its line end, no search touches.
-inline constexpr int kUntouchedCharacters = 11;
+inline constexpr int kUntouchedCharacters = kVersionLineLength + 2;
 
 /// Carries out a press of a button on a text.
 ///

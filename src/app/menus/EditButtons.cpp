@@ -5,14 +5,9 @@
 #include "text/TextArea.h"
 
 namespace klt {
-namespace {
-
-constexpr Position kFirstLineLength = kVersionLine.size();
-
-}  // namespace
 
 void enableForCaret(Toolbars& bars, const TextArea& text, bool clipboardHasText) {
-    const bool isBehindFirst = text.SelStart() > kFirstLineLength;
+    const bool isBehindFirst = text.SelStart() > kVersionLineLength;
     const bool isSelected = text.SelLength() != 0;
     bars.setEnabled(kDefaultBar, kCutButton, isBehindFirst && isSelected);
     bars.setEnabled(kDefaultBar, kCopyButton, isBehindFirst && isSelected);

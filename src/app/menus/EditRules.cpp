@@ -3,16 +3,11 @@
 #include "language/LogicalLine.h"
 
 namespace klt {
-namespace {
-
-constexpr Position kFirstLineLength = kVersionLine.size();
-
-}  // namespace
 
 bool isEnabled(Rule rule, const MenuFacts& facts) {
     if (rule == Rule::Always) return true;
     if (!facts.documentOpen) return false;
-    const bool isBehindFirst = facts.selStart > kFirstLineLength;
+    const bool isBehindFirst = facts.selStart > kVersionLineLength;
     const bool isOnLaterLine = facts.line >= 1;
     switch (rule) {
         case Rule::Undo:
