@@ -19,35 +19,35 @@ bool beginsWithSwitch(std::string_view text) {
            text[2] == ':';
 }
 
-/// The places, from 0, of each "/d:" that begins an argument: at the start, behind a blank outside quotes, or
+/// The offsets of each "/d:" that begins an argument: at the start, behind a blank outside quotes, or
 /// behind a quote that opens. A quote opens an argument and closes it; one in the middle is a character like
 /// others. `isQuoted`: the text begins inside quotes.
 std::vector<size_t> switchesOf(std::string_view text, bool isQuoted) {
-    std::vector<size_t> places;
+    std::vector<size_t> offsets;
     bool isFirst = true;
     for (size_t at = 0; at < text.size(); ++at) {
         const bool isLast = at + 1 == text.size() || text[at + 1] == ' ';
         const bool isQuote = text[at] == '"' && (isQuoted ? isLast : isFirst);
-        if (isFirst && beginsWithSwitch(text.substr(at))) places.push_back(at);
+        if (isFirst && beginsWithSwitch(text.substr(at))) offsets.push_back(at);
         if (isQuote) isQuoted = !isQuoted;
         isFirst = isQuoted ? isQuote : text[at] == ' ';
     }
-    return places;
+    return offsets;
 }
 
-/// The place of the switch that names the directory; `npos` without one.
+/// The offset of the switch that names the directory; `npos` without one.
 size_t findSwitch(std::string_view text, bool isQuoted) {
     for (const size_t at : switchesOf(text, isQuoted))
         if (at == 0 || text[at - 1] == ' ') return at;
     return text.npos;
 }
 
-/// The places of the "/d:/" in whose place the directory comes.
-std::vector<size_t> placesOfDirectory(std::string_view path, bool isQuoted) {
-    auto places = switchesOf(path, isQuoted);
-    std::erase_if(places,
+/// The offsets of the "/d:/" in whose place the directory comes.
+std::vector<size_t> directoriesIn(std::string_view path, bool isQuoted) {
+    auto offsets = switchesOf(path, isQuoted);
+    std::erase_if(offsets,
                   [path](size_t at) { return !path.substr(at + kDirectorySwitch.size()).starts_with('/'); });
-    return places;
+    return offsets;
 }
 
 std::string quoted(std::string_view text) {
@@ -75,11 +75,11 @@ std::string_view firstCharacters(std::string_view text, size_t count) {
     return text.substr(0, end);
 }
 
-std::string withDirectory(std::string_view path, const std::vector<size_t>& places,
+std::string withDirectory(std::string_view path, const std::vector<size_t>& offsets,
                           std::string_view directory) {
     std::string result;
     size_t start = 0;
-    for (const size_t at : places) {
+    for (const size_t at : offsets) {
         result.append(path.substr(start, at - start)).append(directory);
         start = at + kDirectorySwitch.size() + 1;
     }
@@ -93,10 +93,10 @@ SplitCommandLine filesIn(std::string_view list, const std::string& directory) {
     bool isQuoted = files.size() < trimBlanks(list).size();
     size_t length = 0;
     for (auto& path : paths) {
-        const auto places = placesOfDirectory(path, std::exchange(isQuoted, true));
-        length += places.size() * directory.size();
+        const auto offsets = directoriesIn(path, std::exchange(isQuoted, true));
+        length += offsets.size() * directory.size();
         if (length > kLongestPaths) return {{}, CommandLineError::tooLong};
-        path = withDirectory(path, places, directory);
+        path = withDirectory(path, offsets, directory);
     }
     return {std::move(paths), {}};
 }
@@ -138,8 +138,8 @@ SplitCommandLine splitCommandLine(std::string_view commandLine) {
 
     const auto slash = rest.find("/ ", at + 1);
     if (slash == rest.npos) return {{}, CommandLineError::unendedDirectory};
-    // Wanted: the length is counted from the line's start and not from the switch, and takes in the slash
-    // when the line begins with the switch.
+    // The system counts the directory's length from the line's start, not from the switch: it takes in the
+    // slash only where the line begins with the switch.
     const auto length = characters(std::string_view(rest).substr(0, slash + 1)) - kDirectorySwitch.size();
     const auto directory =
         CanonicalPath(firstCharacters(std::string_view(rest).substr(at + kDirectorySwitch.size()), length));

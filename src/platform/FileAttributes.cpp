@@ -41,7 +41,7 @@ bool copyUserAttributes(int from, int to) {
     names.resize(static_cast<size_t>(got));
     for (size_t start = 0; start < names.size(); start = names.find('\0', start) + 1) {
         const char* name = names.c_str() + start;
-        // The others are the system's to give.
+        // The system gives the others itself.
         if (std::string_view(name).starts_with("user.") && !copyAttribute(from, to, name)) return false;
     }
     return true;

@@ -43,15 +43,15 @@ private:
 
 }  // namespace
 
-int writeAll(int file, std::string_view bytes, size_t place) {
+int writeAll(int file, std::string_view bytes, size_t offset) {
     const SizeSignalHeldBack held;
     while (!bytes.empty()) {
-        const auto written = pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(place));
+        const auto written = pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(offset));
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) return errno;
         if (written == 0) return ENOSPC;
         bytes.remove_prefix(static_cast<size_t>(written));
-        place += static_cast<size_t>(written);
+        offset += static_cast<size_t>(written);
     }
     return 0;
 }
@@ -72,7 +72,7 @@ int flushFolder(const std::string& folder) {
 int renameToFree(const std::string& from, const std::string& to) {
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) != 0) {
         if (errno != EINVAL && errno != ENOSYS) return errno;
-        // A file system that does not know this way of renaming.
+        // The file system does not know this way of renaming.
         if (link(from.c_str(), to.c_str()) != 0) return errno;
         if (unlink(from.c_str()) != 0) return errno;
     }

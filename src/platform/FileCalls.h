@@ -7,11 +7,11 @@
 /// or the error number.
 namespace klt {
 
-/// Writes all of `bytes` from `place` on. A file-size limit gives EFBIG and no signal.
-int writeAll(int file, std::string_view bytes, size_t place = 0);
+/// Writes all of `bytes` from `offset` on. A file-size limit gives EFBIG and no signal.
+int writeAll(int file, std::string_view bytes, size_t offset = 0);
 /// Brings a file's bytes to the disk.
 int flush(int file);
-/// Brings a folder's entries to the disk; a folder that can't be flushed is none to wait for.
+/// Brings a folder's entries to the disk. 0 also where a folder can't be opened or flushed at all.
 int flushFolder(const std::string& folder);
 /// Renames a file, giving EEXIST where something has the new name already. The folder is left to be flushed.
 int renameToFree(const std::string& from, const std::string& to);

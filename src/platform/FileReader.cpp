@@ -24,15 +24,16 @@ FileBytes failed(int errorNumber) {
     return {{}, systemFailure(errorNumber)};
 }
 
-// The time of change alone is too coarse. A size of 0 is also that of files that the system makes up.
+// The time of change alone is too coarse. Files that the system makes up, as in /proc, have the size 0.
 bool isSteady(const struct stat& a, const struct stat& b, size_t got) {
     const bool isWhole = b.st_size == 0 || static_cast<size_t>(b.st_size) == got;
     return isWhole && a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec &&
            a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
 }
 
-// Reads from the start to the end, wherever that is by now; gives the error number. In chunks that are
-// appended, for a string can't grow without being filled, and a mapped file that shrinks kills its reader.
+// Reads from the start to the end, wherever that is by now; gives the error number. Chunks are appended: a
+// string that is made as long as the file would be filled twice, and a mapped file that shrinks kills its
+// reader.
 int readWhole(int file, size_t expected, size_t largest, std::string& bytes) {
     bytes.clear();
     reserveLarge(bytes, expected);

@@ -57,13 +57,13 @@ Target openTarget(const std::string& path) {
     return target;
 }
 
-// Moves the old file to the first free name beside it, so that it has no other name at the time.
+// Gives the old file the first free name beside it, as a second one where the file system has links.
 int moveAside(const std::string& path, std::string& kept) {
     int error = EEXIST;
     for (int number = 1; error == EEXIST && number < kMostNames; ++number) {
         kept = path + "~" + (number == 1 ? "" : std::to_string(number));
         error = link(path.c_str(), kept.c_str()) == 0 ? 0 : errno;
-        // Another user's file, or a file system without links: it has no name for a moment.
+        // Another user's file, or no links: it is renamed, and nothing has its old name for a moment.
         if (error == EPERM || error == EOPNOTSUPP) error = renameToFree(path, kept);
     }
     return error;
@@ -108,7 +108,7 @@ Failure writeTarget(const Target& target, std::string_view bytes, OldFile old) {
         !target.exists() || copyAttributes(target.file.number(), target.info, fresh.number());
     if (canBeInPlace && !isAlike) return inPlace();
     const int error = fillAndReplace(target, fresh, bytes, old);
-    // A file that something is mounted on, or that its folder does not let go.
+    // Something is mounted on the file, or its folder does not let it be replaced.
     if (canBeInPlace && !fresh.isNamed() && (error == EBUSY || takesNoNewFile(error))) return inPlace();
     return systemFailure(error);
 }

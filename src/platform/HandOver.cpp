@@ -90,8 +90,8 @@ Acknowledgement sendMessage(const Descriptor& socket, const std::string& path, s
     if (!connectTo(socket, path, deadline) || !peerIsSameUser(socket.number())) return missing;
     if (sendAll(socket, message, deadline) && waitFor(socket, POLLIN, deadline))
         return takeByte(socket, kAcknowledged) ? inTime : missing;
-    // Behind this no acknowledgement can be sent any more, and who has not sent it does not open the files:
-    // what lies here now decides for both sides.
+    // From now on the other side can send no acknowledgement, and without having sent one it opens no file:
+    // what has come by now decides for both.
     ::shutdown(socket.number(), SHUT_RDWR);
     return takeByte(socket, kAcknowledged) ? atTheLastMoment : missing;
 }

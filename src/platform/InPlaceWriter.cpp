@@ -17,7 +17,7 @@ int setSize(int file, size_t size) {
     return ftruncate(file, static_cast<off_t>(size)) == 0 ? 0 : errno;
 }
 
-// What lies behind the old end goes first: it is what a full disk refuses, and takes nothing away.
+// The part behind the old end is written first: a full disk refuses that part, and nothing is lost by then.
 int overwrite(int file, size_t oldSize, std::string_view bytes) {
     if (bytes.size() > oldSize) {
         if (const int error = writeAll(file, bytes.substr(oldSize), oldSize)) {
@@ -39,7 +39,7 @@ Failure writeInPlace(const std::string& path, int file, const struct stat& info,
     KeptCopy copy(path, old.bytes);
     if (copy.error()) return copy.error();
     const int error = overwrite(file, old.bytes.size(), bytes);
-    // Writing takes the bits for running as another user away, and only the owner may give them back.
+    // Writing clears the set-user and set-group bits. Only the owner may set them again: others go without.
     if ((info.st_mode & (S_ISUID | S_ISGID)) != 0 && fchmod(file, info.st_mode & 07777) != 0) errno = 0;
     if (error != 0 && overwrite(file, old.bytes.size(), old.bytes) != 0)
         return *systemFailure(error) + ". The old text is kept in " + copy.path();

@@ -59,8 +59,8 @@ bool isLocked(const Descriptor& file) {
     return ::flock(file.number(), LOCK_SH | LOCK_NB) != 0;
 }
 
-/// Sorts by the time of the call, and is never the same twice: a name that comes back could be taken away by
-/// one who still clears up after its last bearer.
+/// Sorts by the time of the call, and never comes twice: another process may still be about to remove the
+/// entry that had the name before.
 std::string newId() {
     timespec now{};
     ::clock_gettime(CLOCK_BOOTTIME, &now);
@@ -105,7 +105,7 @@ Instances::Instances(std::string folder) : path_(std::move(folder)), folder_(ope
 bool Instances::holdsLock() {
     if (lock_) return true;
     auto file = openIn(folder_, std::string(kLockName), O_RDWR | O_CREAT);
-    // Where no lock file can be made there is nobody to wait for.
+    // Where no lock file can be made no other process has one either.
     if (!file) return true;
     if (!lock(file)) return false;
     ::fchmod(file.number(), kFileMode);
@@ -122,7 +122,7 @@ bool Instances::earlierInstanceExists() {
 std::vector<Instances::LiveEntry> Instances::liveEntries() const {
     std::vector<LiveEntry> entries;
     if (alone()) return entries;
-    // A folder read through the descriptor that is kept would go on where the last reading stopped.
+    // The kept descriptor would go on where the last reading stopped.
     Descriptor again(::openat(folder_.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(again ? ::fdopendir(again.number()) : nullptr,
                                                       ::closedir);
@@ -143,7 +143,7 @@ std::optional<std::string> Instances::readIfLive(const std::string& id) const {
     const auto file = openIn(folder_, id + std::string(kEntrySuffix), O_RDONLY);
     if (!file) return {};
     if (isLocked(file)) return readWhole(file);
-    // Nobody holds it: its owner is dead, or has not locked it yet and will make another.
+    // Nobody holds it: its owner is dead, or has not locked it yet, and then makes another entry.
     removeEntry(id);
     return {};
 }

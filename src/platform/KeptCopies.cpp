@@ -53,7 +53,8 @@ KeptCopy::KeptCopy(const std::string& original, std::string_view bytes) {
     int error = file.error();
     if (error == 0) error = file.write(bytes);
     if (error == 0) error = flush(file.number());
-    // Its lock stays; where files can't be locked the copy is told of while it is in use: not nice, but safe.
+    // The lock hides the copy while it is in use. Where files can't be locked the user is told of it
+    // meanwhile.
     const auto path = folder + "/" + copiesStem(original) + unguessableName();
     if (error == 0) error = file.publish(path);
     // In a folder that can't be flushed a copy still outlives a kill: better than a text that can't be saved.

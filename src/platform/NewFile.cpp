@@ -27,7 +27,8 @@ bool isHiddenName(std::string_view name) {
            name.find_first_not_of("0123456789abcdef", kHiddenName.size()) == name.npos;
 }
 
-// The lock stays until the name is gone: whoever makes the file looks for it once it has the lock.
+// The lock is held until the name is gone. Who makes a file looks, once it has locked it, whether it still
+// has its name.
 void removeUnlessLocked(const std::string& path) {
     const Descriptor file(open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | O_NOFOLLOW));
     struct stat info {};
@@ -58,7 +59,8 @@ NewFile::NewFile(std::string folder, mode_t mode) : folder_(std::move(folder)) {
     removeLeftFiles(folder_);
 }
 
-// False where none can be made. Before it is locked, another process may take it for one that was left.
+// False where none can be made. `isOurs_` stays false where another process took it for a leftover before it
+// was locked.
 bool NewFile::make(mode_t mode) {
     path_ = folder_ + "/" + std::string(kHiddenName) + unguessableName();
     file_ = Descriptor(open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
@@ -67,7 +69,7 @@ bool NewFile::make(mode_t mode) {
     return static_cast<bool>(file_);
 }
 
-// False where the file is gone, or going. Where files can't be locked nobody takes it away.
+// False where another process has removed the file or is about to. Where files can't be locked none does.
 bool NewFile::lock() const {
     struct stat info {};
     const bool isTaken = flock(number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;

@@ -109,7 +109,7 @@ std::string ourFolder(const char* variable, std::string_view below) {
     return folder;
 }
 
-// A folder itself, not a link to one, of this user's, in which others do nothing (`closedTo` names what).
+// Whether it is a folder, not a link to one, of this user's, without the permissions `closedTo`.
 bool isOurs(const std::string& path, mode_t closedTo) {
     struct stat info {};
     return lstat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode) && info.st_uid == geteuid() &&

@@ -22,7 +22,7 @@ struct WideForm {
 
     size_t unit() const { return mark.size(); }
 };
-// The mark of UTF-32 in front: the other one of this order begins it.
+// UTF-32 first: its little-endian mark begins with that of UTF-16.
 constexpr std::array<WideForm, 4> kWideForms = {{
     {Encoding::Utf32LE, {"\xFF\xFE\0\0", 4}, false},
     {Encoding::Utf32BE, {"\0\0\xFE\xFF", 4}, true},
@@ -37,11 +37,11 @@ constexpr std::array<char32_t, 32> kWindows1252 = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-// The unit at `place`; the bytes must be there.
-char32_t unitAt(std::string_view bytes, size_t place, const WideForm& form) {
+// The unit at `offset`; the bytes must be there.
+char32_t unitAt(std::string_view bytes, size_t offset, const WideForm& form) {
     char32_t unit = 0;
     for (size_t i = 0; i < form.unit(); ++i) {
-        const size_t next = place + (form.isBigEndian ? i : form.unit() - 1 - i);
+        const size_t next = offset + (form.isBigEndian ? i : form.unit() - 1 - i);
         unit = unit << 8 | static_cast<unsigned char>(bytes[next]);
     }
     return unit;
@@ -66,12 +66,12 @@ constexpr bool isCharacter(char32_t unit) {
 
 bool isValidWide(std::string_view bytes, const WideForm& form) {
     if (bytes.size() % form.unit() != 0) return false;
-    for (size_t place = 0; place < bytes.size(); place += form.unit()) {
-        const char32_t unit = unitAt(bytes, place, form);
+    for (size_t offset = 0; offset < bytes.size(); offset += form.unit()) {
+        const char32_t unit = unitAt(bytes, offset, form);
         if (isCharacter(unit)) continue;
-        place += form.unit();
+        offset += form.unit();
         const bool isPair =
-            form.unit() == 2 && isLead(unit) && place < bytes.size() && isTrail(unitAt(bytes, place, form));
+            form.unit() == 2 && isLead(unit) && offset < bytes.size() && isTrail(unitAt(bytes, offset, form));
         if (!isPair) return false;
     }
     return true;
@@ -91,32 +91,32 @@ const WideForm* wideForm(Encoding encoding) {
     return form == kWideForms.end() ? nullptr : form;
 }
 
-// Of bytes that are valid.
+// `bytes` must be valid.
 std::string fromWide(std::string_view bytes, const WideForm& form) {
     bytes.remove_prefix(form.mark.size());
     std::string text;
     reserveLarge(text, bytes.size() / form.unit() + bytes.size() / 8);
-    for (size_t place = 0; place < bytes.size(); place += form.unit()) {
-        char32_t code = unitAt(bytes, place, form);
+    for (size_t offset = 0; offset < bytes.size(); offset += form.unit()) {
+        char32_t code = unitAt(bytes, offset, form);
         if (isLead(code)) {
-            place += form.unit();
-            code = 0x10000 + ((code - 0xD800) << 10) + (unitAt(bytes, place, form) - 0xDC00);
+            offset += form.unit();
+            code = 0x10000 + ((code - 0xD800) << 10) + (unitAt(bytes, offset, form) - 0xDC00);
         }
         appendCharacter(text, code);
     }
     return text;
 }
 
-// Of valid UTF-8.
+// `text` must be valid UTF-8.
 std::string toWide(std::string_view text, const WideForm& form) {
     std::string bytes(form.mark);
     reserveLarge(bytes, bytes.size() + text.size() * form.unit());
-    for (size_t place = 0; place < text.size();) {
-        const auto character = characterAt(text, place);
+    for (size_t offset = 0; offset < text.size();) {
+        const auto character = characterAt(text, offset);
         const bool isPair = form.unit() == 2 && character.code > 0xFFFF;
         if (isPair) appendUnit(bytes, 0xD800 + ((character.code - 0x10000) >> 10), form);
         appendUnit(bytes, isPair ? 0xDC00 + (character.code & 0x3FF) : character.code, form);
-        place += character.length;
+        offset += character.length;
     }
     return bytes;
 }
@@ -124,11 +124,12 @@ std::string toWide(std::string_view text, const WideForm& form) {
 std::string fromWindows1252(std::string_view bytes) {
     std::string text;
     reserveLarge(text, bytes.size() + bytes.size() / 8);
-    for (size_t place = 0;; ++place) {
-        const auto plain = asciiLength(bytes, place);
-        text.append(bytes, place, plain);
-        if ((place += plain) == bytes.size()) return text;
-        const auto byte = static_cast<unsigned char>(bytes[place]);
+    for (size_t offset = 0;; ++offset) {
+        const auto plain = asciiLength(bytes, offset);
+        text.append(bytes, offset, plain);
+        offset += plain;
+        if (offset == bytes.size()) return text;
+        const auto byte = static_cast<unsigned char>(bytes[offset]);
         appendCharacter(text, byte < 0xA0 ? kWindows1252[byte - 0x80U] : byte);
     }
 }
@@ -144,15 +145,16 @@ std::optional<char> windows1252Byte(char32_t code) {
 std::optional<std::string> toWindows1252(std::string_view text) {
     std::string bytes;
     reserveLarge(bytes, text.size());
-    for (size_t place = 0;;) {
-        const auto plain = asciiLength(text, place);
-        bytes.append(text, place, plain);
-        if ((place += plain) == text.size()) return bytes;
-        const auto character = characterAt(text, place);
+    for (size_t offset = 0;;) {
+        const auto plain = asciiLength(text, offset);
+        bytes.append(text, offset, plain);
+        offset += plain;
+        if (offset == text.size()) return bytes;
+        const auto character = characterAt(text, offset);
         const auto byte = windows1252Byte(character.code);
         if (!byte) return std::nullopt;
         bytes.push_back(*byte);
-        place += character.length;
+        offset += character.length;
     }
 }
 
@@ -170,7 +172,7 @@ std::string textOf(std::string bytes, Encoding encoding) {
     return bytes;
 }
 
-// Of a CR or LF, in bytes.
+// How many bytes a CR or LF has.
 size_t unitSize(Encoding encoding) {
     const auto* form = wideForm(encoding);
     return form == nullptr ? 1 : form->unit();
