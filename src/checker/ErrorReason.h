@@ -61,6 +61,7 @@ enum class ErrorReason : unsigned char {
 };
 
 struct ErrorReasonRow {
+    ErrorReason reason{};
     /// A short word for rules and lists, stable between versions.
     std::string_view id;
     /// A short text that a user understands.

@@ -53,8 +53,8 @@ private:
     void onlyAt(Head head, ScanPosition at);
     void onlyWith(Head head, ScanPosition with);
 
-    /// Colours the prefix tag that begins at `from`; its index, or -1.
-    int prefixTag(ScanPosition from);
+    /// Colours the prefix tag that begins at `from`; null if there is none.
+    const PrefixRow* prefixTag(ScanPosition from);
     bool modifierList(ScanPosition from, ScanPosition end);
     void levelTest(ScanPosition from, ScanPosition end);
     bool part(Section section, ScanPosition from, ScanPosition end);
@@ -159,25 +159,26 @@ void PackageLine::attribute(ScanPosition from, int index) {
     }
 }
 
-int PackageLine::prefixTag(ScanPosition from) {
+const PrefixRow* PackageLine::prefixTag(ScanPosition from) {
     start_ = from;
     const auto colon = scan_.find(':', from);
-    if (!scan_.isInside(colon)) return -1;
+    if (!scan_.isInside(colon)) return nullptr;
     start_ = colon + 1;
     const auto word = scan_.between(from, start_);
-    const int prefix = kPrefixTags.find(word);
-    if (prefix >= 0) scan_.recognise(start_, word, kPrefixTags[prefix], StyleCategory::PrefixTags);
+    const auto* prefix = findPrefixTag(word);
+    if (prefix != nullptr) scan_.recognise(start_, word, prefix->word, StyleCategory::PrefixTags);
     return prefix;
 }
 
 void PackageLine::addItem(ScanPosition from) {
-    if (!isAddPrefix(prefixTag(from))) return scan_.wholeError(ErrorReason::AddPrefix);
+    const auto* prefix = prefixTag(from);
+    if (prefix == nullptr || !prefix->isAdded) return scan_.wholeError(ErrorReason::AddPrefix);
     headAndWords(&PackageLine::nameScan, true);
 }
 
 void PackageLine::create(ScanPosition from) {
-    const auto section = sectionOfPrefix(prefixTag(from));
-    section_ = section == Section::Other ? Section::Stats : section;
+    const auto* prefix = prefixTag(from);
+    if (prefix != nullptr && prefix->section != Section::Other) section_ = prefix->section;
     headAndWords(&PackageLine::itemCheck, section_ != Section::Spells && section_ != Section::Stats);
 }
 

@@ -74,10 +74,11 @@ ScanPosition Scan::firstGives() {
 bool prefixTest(Scan& scan, ScanPosition i, WordBuffer& word) {
     word.append(scan.stretch(i, 1));
     const auto view = word.view();
-    const int prefix = findPrefixTag(view);
-    if (prefix >= 0) scan.recognise(i + 1, view, kPrefixTags[prefix], StyleCategory::PrefixTags);
+    const auto* prefix = findPrefixTag(view);
+    const bool isValid = prefix != nullptr && !prefix->isInPackagesAlone;
+    if (isValid) scan.recognise(i + 1, view, prefix->word, StyleCategory::PrefixTags);
     word.clear();
-    return prefix >= 0;
+    return isValid;
 }
 
 ScanPosition MarkErrorRun(Scan& scan, ScanPosition position, ScanPosition errorStart, char terminator,

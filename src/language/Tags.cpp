@@ -32,22 +32,31 @@ constexpr TagSet kStat = setOf({Tag::BaseValue, Tag::Step, Tag::MaxScore, Tag::M
                                 Tag::Symbol, Tag::DoubleInPlay, Tag::Display, Tag::Round});
 constexpr TagSet kAll = ~TagSet{0};
 
-// In the order of `Section`.
-constexpr std::array<TagSet, kSectionNames.size()> kTagsOfSection = {
-    0,       // any other
-    0,       // [AUTHOR]
-    kTrait,  // [ADS]
-    kTrait,  // [DISADS]
-    kTrait,  // [QUIRKS]
-    kTrait,  // [POWERS]
-    0,       // [BONUS]
-    kStat,   // [STATS]
-    kSkill,  // [SKILLS]
-    kSpell,  // [SPELLS]
-    0,       // [GROUPS]
-    kMod,    // [MODS]
-    kAll,    // [PACKAGES]
-};
+constexpr TagSet tagsOf(Section section) {
+    switch (section) {
+        case Section::Ads:
+        case Section::Disads:
+        case Section::Quirks:
+        case Section::Powers:
+            return kTrait;
+        case Section::Skills:
+            return kSkill;
+        case Section::Spells:
+            return kSpell;
+        case Section::Mods:
+            return kMod;
+        case Section::Stats:
+            return kStat;
+        case Section::Packages:
+            return kAll;
+        case Section::Author:
+        case Section::Bonus:
+        case Section::Groups:
+        case Section::Other:
+            break;
+    }
+    return 0;
+}
 
 }  // namespace
 
@@ -58,7 +67,7 @@ Tag fieldTag(std::string_view word) {
 }
 
 bool IsTagValid(Tag tag, Section section) {
-    return (kTagsOfSection[static_cast<unsigned char>(section)] & bit(tag)) != 0;
+    return (tagsOf(section) & bit(tag)) != 0;
 }
 
 }  // namespace klt

@@ -59,40 +59,42 @@ inline constexpr WordList kBonusKeywords(std::to_array<std::string_view>({
     "Upto",
 }));
 
-/// The prefix tags, and behind them the three of package lines.
-inline constexpr WordList kPrefixTags(std::to_array<std::string_view>({
-    "AD:",
-    "ADS:",
-    "DI:",
-    "DISADS:",
-    "QU:",
-    "QUIRKS:",
-    "PO:",
-    "POWERS:",
-    "SK:",
-    "SK_RL:",
-    "SP:",
-    "CL:",
-    "CO:",
-    "COLLEGE:",
-    "GR:",
-    "ST:",
-    "STAT:",
-    "PA:",
-}));
-inline constexpr int kFirstPackagePrefix = 15;
+struct PrefixRow {
+    std::string_view word;
+    /// The section that it names; `Other` where it names none.
+    Section section;
+    /// Whether `ADD=` takes an item with it.
+    bool isAdded = false;
+    bool isInPackagesAlone = false;
+};
 
-/// The index in `kPrefixTags` of a prefix tag that is valid outside package lines, in any case, or -1.
-constexpr int findPrefixTag(std::string_view word) {
+inline constexpr auto kPrefixRows = std::to_array<PrefixRow>({
+    {.word = "AD:", .section = Section::Ads, .isAdded = true},
+    {.word = "ADS:", .section = Section::Ads, .isAdded = true},
+    {.word = "DI:", .section = Section::Disads, .isAdded = true},
+    {.word = "DISADS:", .section = Section::Disads, .isAdded = true},
+    {.word = "QU:", .section = Section::Quirks, .isAdded = true},
+    {.word = "QUIRKS:", .section = Section::Quirks, .isAdded = true},
+    {.word = "PO:", .section = Section::Powers, .isAdded = true},
+    {.word = "POWERS:", .section = Section::Powers, .isAdded = true},
+    {.word = "SK:", .section = Section::Skills, .isAdded = true},
+    {.word = "SK_RL:", .section = Section::Other},
+    {.word = "SP:", .section = Section::Spells, .isAdded = true},
+    {.word = "CL:", .section = Section::Other},
+    {.word = "CO:", .section = Section::Other},
+    {.word = "COLLEGE:", .section = Section::Other},
+    {.word = "GR:", .section = Section::Other},
+    {.word = "ST:", .section = Section::Stats, .isInPackagesAlone = true},
+    {.word = "STAT:", .section = Section::Stats, .isInPackagesAlone = true},
+    {.word = "PA:", .section = Section::Other, .isAdded = true, .isInPackagesAlone = true},
+});
+inline constexpr WordList kPrefixTags(wordsOf(kPrefixRows));
+
+/// The row of a prefix tag, in any case; null for any other word.
+constexpr const PrefixRow* findPrefixTag(std::string_view word) {
     const int i = kPrefixTags.find(word);
-    return i < kFirstPackagePrefix ? i : -1;
+    return i < 0 ? nullptr : &kPrefixRows[static_cast<size_t>(i)];
 }
-
-/// The section that a prefix tag (an index in `kPrefixTags`) names; `Other` where it names none.
-Section sectionOfPrefix(int prefix);
-
-/// Whether `ADD=` takes an item with this prefix tag (an index in `kPrefixTags`).
-bool isAddPrefix(int prefix);
 
 inline constexpr WordList kSkillTypes(std::to_array<std::string_view>({
     "P/E",

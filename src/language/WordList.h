@@ -8,6 +8,14 @@
 
 namespace klt {
 
+/// The words of a table's rows, for a list.
+template <class Row, size_t N>
+consteval std::array<std::string_view, N> wordsOf(const std::array<Row, N>& rows) {
+    std::array<std::string_view, N> words;
+    for (size_t i = 0; i < N; ++i) words[i] = rows[i].word;
+    return words;
+}
+
 /// A list of words in the order and spelling in which the system holds them, found in any case by one probe
 /// of a table without collisions that is made while compiling. A word holds no blank, and so no text with a
 /// blank is ever found.

@@ -57,14 +57,13 @@ TEST(Vocabulary, TagsBelongToSections) {
 }
 
 TEST(Vocabulary, PrefixTagsNameSections) {
-    const auto sectionOfWord = [](const char* word) { return sectionOfPrefix(kPrefixTags.find(word)); };
-    EXPECT_EQ(sectionOfWord("disads:"), Section::Disads);
-    EXPECT_EQ(sectionOfWord("STAT:"), Section::Stats);
-    EXPECT_EQ(sectionOfWord("SK_RL:"), Section::Other);
-    EXPECT_EQ(sectionOfWord("foo:"), Section::Other);
-    EXPECT_TRUE(isAddPrefix(kPrefixTags.find("PA:")));
-    EXPECT_FALSE(isAddPrefix(kPrefixTags.find("ST:")));
-    EXPECT_FALSE(isAddPrefix(-1));
+    EXPECT_EQ(findPrefixTag("disads:")->section, Section::Disads);
+    EXPECT_EQ(findPrefixTag("STAT:")->section, Section::Stats);
+    EXPECT_EQ(findPrefixTag("SK_RL:")->section, Section::Other);
+    EXPECT_EQ(findPrefixTag("foo:"), nullptr);
+    EXPECT_TRUE(findPrefixTag("PA:")->isAdded);
+    EXPECT_FALSE(findPrefixTag("ST:")->isAdded);
+    EXPECT_TRUE(findPrefixTag("ST:")->isInPackagesAlone);
 }
 
 TEST(Vocabulary, Numbers) {
