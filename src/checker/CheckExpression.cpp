@@ -57,7 +57,7 @@ private:
                 kind.blank();
                 return false;
             default:
-                return step(kTable, act);
+                return step<kTable>(act);
         }
     }
 };

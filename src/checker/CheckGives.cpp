@@ -82,7 +82,7 @@ bool GivesWalk::closedInValue() {
 bool GivesWalk::valueStep(Act act) {
     switch (act) {
         case Act::Append:
-            step(kValue, act);
+            step<kValue>(act);
             points();
             return false;
         case Act::Close:
@@ -97,7 +97,7 @@ bool GivesWalk::valueStep(Act act) {
         case Act::Bar:
             return fail(ErrorReason::GivesBar);
         default:
-            return step(kValue, act);
+            return step<kValue>(act);
     }
 }
 
@@ -151,7 +151,7 @@ bool GivesWalk::targetStep(Act act) {
             if (!word.empty()) word.append(scan.stretch(i, 1));
             return false;
         default:
-            return step(kTarget, act);
+            return step<kTarget>(act);
     }
 }
 

@@ -57,7 +57,8 @@ private:
     bool leftSide();
     bool rightSide();
     void operatorSign();
-    bool nameStep(const Table& table, Act act);
+    template <const Table& table>
+    bool nameStep(Act act);
     bool leftStep(Act act);
     bool rightStep(Act act);
     void prefix();
@@ -93,7 +94,8 @@ bool NeedsWalk::isNumberClause() const {
 }
 
 // What the number clause and the left side do alike.
-bool NeedsWalk::nameStep(const Table& table, Act act) {
+template <const ValueWalk::Table& table>
+bool NeedsWalk::nameStep(Act act) {
     switch (act) {
         case Act::Clause:
             endWord(scan, i, word);
@@ -105,7 +107,7 @@ bool NeedsWalk::nameStep(const Table& table, Act act) {
         case Act::Bracket:
             return fail(ErrorReason::NeedsBracket);
         default:
-            return step(table, act);
+            return step<table>(act);
     }
 }
 
@@ -122,7 +124,7 @@ bool NeedsWalk::numberClause() {
     if (!scan.isInside(i)) return textEnds();
     if (scan.at(i) != ' ') return fail(ErrorReason::NeedsNumber);
     for (++i; scan.isInside(i); ++i) {
-        if (nameStep(kNumberName, kNumberName[scan.at(i)])) return true;
+        if (nameStep<kNumberName>(kNumberName[scan.at(i)])) return true;
         if (clauseEnds_) return false;
     }
     return textEnds();
@@ -153,7 +155,7 @@ bool NeedsWalk::leftStep(Act act) {
             return scannerEnds;
         }
         default:
-            return nameStep(kLeft, act);
+            return nameStep<kLeft>(act);
     }
 }
 
@@ -182,7 +184,7 @@ bool NeedsWalk::rightStep(Act act) {
             clauseEnds_ = true;
             return false;
         default:
-            return step(kRight, act);
+            return step<kRight>(act);
     }
 }
 

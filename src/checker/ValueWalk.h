@@ -47,7 +47,8 @@ struct ValueWalk {
 
     /// One step at an act that is the same in every scanner; true if the scanner ends. At any other act
     /// nothing happens.
-    bool step(const Table& table, Act act) {
+    template <const Table& table>
+    bool step(Act act) {
         switch (act) {
             case Act::Append:
                 scan.collect(table, i, word);
