@@ -27,6 +27,10 @@ bool isChord(const QKeyEvent& event) {
     return held != Qt::NoModifier && held != (Qt::ControlModifier | Qt::AltModifier);
 }
 
+bool isItemKey(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+}
+
 /// UTF-16 units as bytes of UTF-8.
 size_t bytes(const QString& text, qsizetype units) {
     return static_cast<size_t>(QStringView(text).left(units).toUtf8().size());
@@ -61,6 +65,17 @@ WizardCombo::WizardCombo(const ControlRow& row, ControlState& state, Store& stor
     });
 }
 
+void WizardCombo::leaveOldItem() {
+    if (currentIndex() == state_.state) return;
+    const QSignalBlocker quiet(this);
+    const QString text = currentText();
+    const int caret = isEditable() ? lineEdit()->cursorPosition() : 0;
+    setCurrentIndex(state_.state);
+    if (!isEditable()) return;
+    setEditText(text);
+    lineEdit()->setCursorPosition(caret);
+}
+
 void WizardCombo::showState() {
     const QSignalBlocker quiet(this);
     if (shown_ != state_.list) {
@@ -79,11 +94,18 @@ void WizardCombo::commit() {
 }
 
 void WizardCombo::showPopup() {
+    leaveOldItem();
     view()->setMinimumWidth(view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width());
     Combo::showPopup();
 }
 
+void WizardCombo::wheelEvent(QWheelEvent* event) {
+    leaveOldItem();
+    Combo::wheelEvent(event);
+}
+
 void WizardCombo::keyPressEvent(QKeyEvent* event) {
+    if (isItemKey(event->key())) leaveOldItem();
     const QString before = currentText();
     // The key itself then goes in front of it.
     if (row_.pairsParentheses && event->text() == "(" && readSetting(store_, settings::kMatchParenthesis)) {

@@ -31,12 +31,16 @@ public:
     void showPopup() override;
 
 protected:
+    void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void complete();
+    /// Keys, wheel and list go on from the item that is chosen: from none where another text was typed over
+    /// it.
+    void leaveOldItem();
 
     const ControlRow& row_;
     ControlState& state_;

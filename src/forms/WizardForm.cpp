@@ -2,9 +2,11 @@
 
 #include <QComboBox>
 #include <QCursor>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <utility>
 
 #include "forms/WizardCombo.h"
 #include "forms/WizardLayout.h"
@@ -37,7 +39,7 @@ WizardForm::WizardForm(std::unique_ptr<Wizard> wizard, WizardServices services, 
     setObjectName(toQString(wizard_->table().form));
     setWindowTitle(toQString(wizard_->table().title));
     setWindowModality(Qt::ApplicationModal);
-    layOut(*this, controls_, wizard_->loss());
+    layOut(*this, *wizard_, controls_);
     if (wizard_->opening().mode == OpeningMode::Insert) fillLists();
     wire();
     showState();
@@ -111,14 +113,17 @@ RichTextBox& WizardForm::field(std::string_view name) const {
 }
 
 void WizardForm::setVisible(bool visible) {
-    if (visible && !isPlaced_) {
-        isPlaced_ = true;
+    const bool isFirst = visible && !std::exchange(isPlaced_, true);
+    if (isFirst) {
         adjustSize();
         focusFirst();
         if (const auto* position = settings::windowPosition(wizard_->table().form))
             restorePosition(*this, services_.store, *position);
     }
     QDialog::setVisible(visible);
+    // The base class selects what a combo holds, and no field's text.
+    const auto* combo = qobject_cast<QComboBox*>(focusWidget());
+    if (isFirst && combo != nullptr && combo->isEditable()) combo->lineEdit()->home(false);
 }
 
 void WizardForm::done(int result) {

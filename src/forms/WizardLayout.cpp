@@ -5,12 +5,14 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QStylePainter>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <map>
 
 #include "ui/QtStrings.h"
+#include "wizards/Wizard.h"
 
 namespace klt {
 namespace {
@@ -39,6 +41,11 @@ public:
         }
     }
 
+    /// In a frame that is higher than its lines they stand at its top.
+    void end() {
+        if (!hasBox_) grid_.setRowStretch(line_ + 1, 1);
+    }
+
 private:
     enum Column { kBefore, kField, kBehind, kButton, kColumns };
 
@@ -60,7 +67,9 @@ private:
         if (hasLabel) grid_.addWidget(control.before, line_, kBefore);
         grid_.addWidget(&control.widget, line_, hasLabel ? kField : kBefore, 1, hasLabel ? 1 : 2);
         grid_.addWidget(control.behind, line_, kBehind);
-        if (control.row.kind == ControlKind::TextBox) grid_.setRowStretch(line_, 1);
+        if (control.row.kind != ControlKind::TextBox) return;
+        grid_.setRowStretch(line_, 1);
+        hasBox_ = true;
     }
 
     /// A button that writes into the field in front of it stands in its line.
@@ -75,13 +84,14 @@ private:
     ControlKind markKind_ = ControlKind::Option;
     std::string_view field_ = {};
     int line_ = -1;
+    bool hasBox_ = false;
 };
 
-/// The frames of the form itself or of one tab.
-QLayout* pageLayout(const WizardControls& controls, std::string_view tab) {
+/// The frames of the form itself or of one tab, without those that never show: they would leave holes.
+QLayout* pageLayout(const Wizard& wizard, const WizardControls& controls, std::string_view tab) {
     std::vector<QGroupBox*> boxes;
     for (const WizardFrame& frame : controls.frames)
-        if (frame.row.tab == tab) boxes.push_back(&frame.box);
+        if (frame.row.tab == tab && wizard.canShow(frame.row.name)) boxes.push_back(&frame.box);
     const int columns = boxes.size() > kMostInOneColumn ? 2 : 1;
     auto* grid = new QGridLayout;
     for (int column = 0; column < columns; ++column) grid->setColumnStretch(column, 1);
@@ -102,7 +112,7 @@ void alignLabels(const WizardControls& controls) {
         if (control.before != nullptr) control.before->setMinimumWidth(width);
 }
 
-QTabWidget* makeTabs(QDialog& form, const WizardControls& controls) {
+QTabWidget* makeTabs(QDialog& form, const Wizard& wizard, const WizardControls& controls) {
     QTabWidget* tabs = nullptr;
     std::string_view last;
     for (const WizardFrame& frame : controls.frames) {
@@ -110,7 +120,7 @@ QTabWidget* makeTabs(QDialog& form, const WizardControls& controls) {
         last = frame.row.tab;
         if (tabs == nullptr) tabs = new QTabWidget(&form);
         auto* page = new QWidget(tabs);
-        page->setLayout(pageLayout(controls, last));
+        page->setLayout(pageLayout(wizard, controls, last));
         tabs->addTab(page, literally(last));
     }
     return tabs;
@@ -124,32 +134,45 @@ QLayout* makeButtons(const WizardControls& controls) {
     return row;
 }
 
-/// One line below the fields that stays as long as the form.
+/// One line that stays as long as the form. However long it is, it has no say in the form's width.
+class NoteLine : public QLabel {
+public:
+    NoteLine(std::string_view text, QWidget* parent) : QLabel(toQString(text), parent) {
+        setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        setToolTip(Qt::convertFromPlainText(this->text()));
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QStylePainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+        painter.drawItemText(rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+                             foregroundRole());
+    }
+};
+
 QLabel* makeNote(QDialog& form, std::string_view text) {
-    auto* note = new QLabel(literally(text), &form);
+    auto* note = new NoteLine(text, &form);
     note->setObjectName("LineLoss");
-    note->setTextFormat(Qt::PlainText);
-    note->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    note->setWordWrap(true);
-    // However long it is, it has no say in the form's width.
-    note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
     return note;
 }
 
 }  // namespace
 
-void layOut(QDialog& form, const WizardControls& controls, std::string_view note) {
+void layOut(QDialog& form, const Wizard& wizard, const WizardControls& controls) {
     std::map<std::string_view, FrameLayout> layouts;
     for (const WizardFrame& frame : controls.frames) layouts.try_emplace(frame.row.name, frame.box);
     for (const WizardControl& control : controls.controls)
         if (!control.row.frame.empty()) layouts.at(control.row.frame).add(control);
+    for (auto& [name, layout] : layouts) layout.end();
     alignLabels(controls);
 
     auto* column = new QVBoxLayout(&form);
-    column->addLayout(pageLayout(controls, {}));
-    if (auto* tabs = makeTabs(form, controls)) column->addWidget(tabs, 1);
+    column->addLayout(pageLayout(wizard, controls, {}));
+    if (auto* tabs = makeTabs(form, wizard, controls)) column->addWidget(tabs, 1);
     column->addStretch();
-    if (!note.empty()) column->addWidget(makeNote(form, note));
+    if (!wizard.loss().empty()) column->addWidget(makeNote(form, wizard.loss()));
     column->addLayout(makeButtons(controls));
 }
 

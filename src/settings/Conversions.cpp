@@ -10,9 +10,6 @@
 
 namespace klt {
 
-namespace {
-
-/// Any number that the text spells, not yet rounded. Neither infinity nor anything spelled in letters.
 std::optional<double> realFrom(std::string_view text) {
     text = trimBlanks(text);
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
@@ -23,8 +20,6 @@ std::optional<double> realFrom(std::string_view text) {
     if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
     return number;
 }
-
-}  // namespace
 
 std::optional<std::int32_t> numberFrom(std::string_view text) {
     const auto number = realFrom(text);

@@ -6,6 +6,10 @@
 
 namespace klt {
 
+/// Any number that the text spells, in decimal form with blanks around it. Neither infinity nor anything
+/// spelled in letters.
+std::optional<double> realFrom(std::string_view text);
+
 /// The number that a stored text spells: decimal, blanks around it, a fraction rounded to the even neighbour,
 /// kept within 32 bits. Nothing for any other text.
 std::optional<std::int32_t> numberFrom(std::string_view text);

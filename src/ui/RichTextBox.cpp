@@ -2,7 +2,10 @@
 
 #include <QEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QStringList>
+#include <QStyle>
+#include <QStyleOptionFrame>
 #include <algorithm>
 
 #include "language/StyleCategory.h"
@@ -100,6 +103,17 @@ void RichTextBox::fitHeight() {
     send(SCI_SETEXTRAASCENT, (height - line) / 2);
     send(SCI_SETEXTRADESCENT, (height - line) / 2);
     setFixedHeight(height);
+}
+
+/// The frame of a field that has the focus is a line edit's.
+void RichTextBox::showFocus(QEvent::Type event) {
+    if (event == QEvent::FocusIn || event == QEvent::FocusOut) update();
+    if (event != QEvent::Paint || !hasFocus()) return;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    option.state |= QStyle::State_HasFocus;
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_FrameLineEdit, &option, &painter, this);
 }
 
 void RichTextBox::changeEvent(QEvent* event) {

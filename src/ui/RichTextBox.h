@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QClipboard>
+#include <QEvent>
 #include <QString>
 #include <QTimer>
 #include <optional>
@@ -167,6 +168,7 @@ private:
     Position sendText(unsigned message, std::string_view text) const;
 
     void setUpText();
+    void showFocus(QEvent::Type event);
     void setUpKeys();
     void applyFormats();
     void fitHeight();

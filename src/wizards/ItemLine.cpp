@@ -48,6 +48,14 @@ std::vector<FoundTag> findTags(std::string_view line, std::span<const TagRow> ro
     return found;
 }
 
+/// The line as the loader goes through it.
+std::string normalLine(std::string_view item) {
+    std::string normal(item.substr(0, item.find_last_not_of(" \t") + 1));
+    replaceUnlessAll(normal, "\t", " ");
+    replaceUnlessAll(normal, "  ", " ");
+    return normal;
+}
+
 /// What stands behind the first "(" at or behind `place`, less the line's last character.
 std::string_view valueBehind(std::string_view line, size_t place) {
     const auto open = line.find('(', place);
@@ -84,10 +92,7 @@ std::string itemText(const ItemShape& shape, const WizardState& state) {
 }
 
 void LoadLineIntoWizard(const ItemShape& shape, std::string_view item, WizardState& state) {
-    std::string normal(item.substr(0, item.find_last_not_of(" \t") + 1));
-    replaceUnlessAll(normal, "\t", " ");
-    replaceUnlessAll(normal, "  ", " ");
-
+    const std::string normal = normalLine(item);
     std::string_view line = normal;
     for (const FoundTag& tag : findTags(normal, shape.loaded)) {
         setValue(*tag.row, valueBehind(line, tag.place), state);
@@ -101,6 +106,19 @@ void LoadLineIntoWizard(const ItemShape& shape, std::string_view item, WizardSta
         }
     }
     state.setText(shape.nameField, line);
+}
+
+std::vector<std::string> itemParts(const ItemShape& shape, std::string_view item) {
+    const std::string line = normalLine(item);
+    std::vector<std::string> parts;
+    size_t end = line.size();
+    for (const FoundTag& tag : findTags(line, shape.loaded)) {
+        parts.emplace_back(trimBlanks(std::string_view(line).substr(tag.place, end - tag.place)));
+        end = tag.place;
+    }
+    parts.emplace_back(trimBlanks(std::string_view(line).substr(0, end)));
+    std::ranges::reverse(parts);
+    return parts;
 }
 
 }  // namespace klt

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "wizards/WizardState.h"
 
@@ -19,5 +20,9 @@ const Choice* choiceOf(const TagRow& row, std::string_view value);
 /// borders, a value is cut one character in front of the line's end, and a tag two characters in front of its
 /// start.
 void LoadLineIntoWizard(const ItemShape& shape, std::string_view line, WizardState& state);
+
+/// The line as the loader cuts it: what stands in front of its tags, then each tag with all up to the next
+/// one. Blanks around them are gone.
+std::vector<std::string> itemParts(const ItemShape& shape, std::string_view line);
 
 }  // namespace klt

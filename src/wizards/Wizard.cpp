@@ -45,6 +45,13 @@ void Wizard::applyEffects(Names of, int newState) {
     }
 }
 
+bool Wizard::canShow(std::string_view frame) const {
+    return state.frame(frame).isVisible || std::ranges::any_of(table_.effects, [&](const Effect& effect) {
+               return effect.act == Act::ShowFrame && isCalledFor(effect.modes) &&
+                      holdsName(effect.on, frame);
+           });
+}
+
 const PlaceRow* Wizard::place() const {
     const auto found = std::ranges::find_if(table_.places, [this](const PlaceRow& row) {
         return row.option.empty() || state.control(row.option).state == kOn;

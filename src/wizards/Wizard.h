@@ -75,6 +75,9 @@ public:
     /// whatever follows from it.
     virtual void click(std::string_view control, int newState);
 
+    /// Whether the frame is shown, or a click could show it.
+    bool canShow(std::string_view frame) const;
+
     /// Where a new line goes as the fields stand; null where no type is chosen yet.
     const PlaceRow* place() const;
 

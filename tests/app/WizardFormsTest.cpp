@@ -155,6 +155,8 @@ TEST_F(WizardFormsTest, LeaveEveryItemOfAFileAsItIs) {
                 [&] {
                     EXPECT_EQ(form_->findChild<QLabel*>("LineLoss"), nullptr);
                     EXPECT_NE(document.SelLength(), 0) << "the item stays selected";
+                    const auto* combo = qobject_cast<QComboBox*>(form_->focusWidget());
+                    EXPECT_FALSE(combo != nullptr && combo->lineEdit()->hasSelectedText());
                     key(Qt::Key_Return);
                 },
                 "E6");
@@ -195,6 +197,7 @@ TEST_F(WizardFormsTest, TellWhatTheyDoNotKeep) {
     RichTextBox& document =
         *open(file("a.klt", "Version=2\n[SKILLS]\n<A>\nKnife, P/E, needs(ST 12\n")).RichTextBox1;
     document.SetSelStart(document.Find("Knife", 0));
+    int width = 0;
     inWizard(
         [&] {
             const auto& note = the<QLabel>("LineLoss");
@@ -202,15 +205,24 @@ TEST_F(WizardFormsTest, TellWhatTheyDoNotKeep) {
             EXPECT_EQ(note.text(), "This form does not keep: needs(ST 12. It writes: needs(ST 1).");
             QTest::keyClicks(&the<RichTextBox>("rtbItemName"), "x");
             EXPECT_TRUE(note.isVisible());
+            width = form_->width();
+        },
+        "E6");
+    document.SetSelText(std::string(3'000, 'n') + ", P/E; page(1)");
+    inWizard(
+        [&] {
+            EXPECT_EQ(form_->width(), width) << "however long it is";
+            EXPECT_LT(the<QLabel>("LineLoss").height(), 40);
         },
         "E6");
 }
 
 TEST_F(WizardFormsTest, ASpellHasNoLimitForAnOldHost) {
     open(file("a.klt", kHead));
-    for (const char* version : {"", "0", "x", "2", "1"}) {
+    const std::pair<const char*, bool> rows[] = {{"", false},   {"0", false}, {"x", false},
+                                                 {"-1", false}, {"2", true},  {"0.4", true}};
+    for (const auto& [version, isNew] : rows) {
         SaveSetting(store, kSettingsApplication, "Options", "TVM Version", version);
-        const bool isNew = *version == '1' || *version == '2';
         inWizard(
             [&] {
                 EXPECT_EQ(the<RichTextBox>("ItemUpto").isEnabled(), isNew) << version;
@@ -432,6 +444,13 @@ TEST_F(WizardFormsTest, CombosTakeKeysByTheirKind) {
             EXPECT_EQ(frame.title(), "Skill Default") << "typing is no choice";
             for (int i = 0; i < 10; ++i) key(Qt::Key_Down);
             EXPECT_EQ(type.currentText() + frame.title(), "MA/HSkill Default (Required)");
+            type.lineEdit()->selectAll();
+            QTest::keyClicks(&type, "x");
+            key(Qt::Key_Up);
+            EXPECT_EQ(type.currentText(), "x") << "no item stands in front of none";
+            key(Qt::Key_Down);
+            EXPECT_EQ(type.currentText() + frame.title(), "P/ESkill Default");
+            for (int i = 0; i < 9; ++i) key(Qt::Key_Down);
             QTest::keyClicks(&the<RichTextBox>("rtbItemName"), "Knife");
             QTest::keyClicks(&the<RichTextBox>("rtbItemDefault"), "DX-4");
             QTest::keyClicks(&the<QComboBox>("cmbItemClass"), "Blades");

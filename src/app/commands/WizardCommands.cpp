@@ -8,6 +8,7 @@
 #include "forms/WizardForm.h"
 #include "platform/ProgramNames.h"
 #include "settings/Catalogue.h"
+#include "settings/Conversions.h"
 #include "ui/MessageBox.h"
 #include "wizards/Wizards.h"
 
@@ -17,8 +18,9 @@ namespace {
 constexpr std::string_view kNoWizard =
     "There is no wizard for the lines of this section yet. Please change the line in the text itself.";
 
+/// Any number above 0 stands for a later host, a fraction too.
 bool isHostOld(Store& store) {
-    return readSetting(store, settings::kTvmVersion) <= 0;
+    return realFrom(readSetting(store, settings::kTvmVersionChosen)).value_or(0) <= 0;
 }
 
 AreaLookup lookupOf(RichTextBox& text) {
