@@ -9,6 +9,7 @@
 #include "app/dialogs/frmKLTMerger.h"
 #include "app/documents/ErrorWalk.h"
 #include "app/documents/frmKLTEditor.h"
+#include "platform/CommandKeys.h"
 #include "platform/CommandLine.h"
 #include "platform/KeptCopies.h"
 #include "platform/MemoryRoom.h"
@@ -135,7 +136,6 @@ void Editor::openMerger() {
 }
 
 frmFind* Editor::makeFind() {
-    constexpr const char* kHelpCommand = "H1";
     frmMDIKLTEditor& window = mainWindow();
     FindServices services{.store = store_,
                           .queue = queue,
@@ -145,7 +145,8 @@ frmFind* Editor::makeFind() {
                               const auto* document = window.ActiveForm();
                               return document == nullptr ? nullptr : document->RichTextBox1;
                           }};
-    if (commandIsThere(kHelpCommand)) services.showHelp = [&window] { emit window.MenuClick(kHelpCommand); };
+    if (commandIsThere(commands::kContents))
+        services.showHelp = [&window] { emit window.MenuClick(commands::kContents); };
     auto* form = new frmFind(std::move(services), &window);
     connect(&window, &frmMDIKLTEditor::unloading, form, &QWidget::close);
     return form;

@@ -13,6 +13,7 @@
 #include <array>
 #include <functional>
 
+#include "platform/CommandKeys.h"
 #include "ui/RichTextBox.h"
 
 namespace klt {
@@ -83,14 +84,14 @@ struct Row {
 };
 
 constexpr std::array kRows = {
-    Row{"E1", "&Undo", "Ctrl+Z", [](const Face& face) { return face.canUndo; }, &Face::undo},
+    Row{commands::kUndo, "&Undo", "Ctrl+Z", [](const Face& face) { return face.canUndo; }, &Face::undo},
     Row{},
-    Row{"E2", "&Cut", "Ctrl+X", hasSelection, &Face::cut},
-    Row{"E3", "C&opy", "Ctrl+C", hasSelection, &Face::copy},
-    Row{"E4", "&Paste", "Ctrl+V", canPaste, &Face::paste},
-    Row{"E5", "&Delete", "Del", always, &Face::remove},
+    Row{commands::kCut, "&Cut", "Ctrl+X", hasSelection, &Face::cut},
+    Row{commands::kCopy, "C&opy", "Ctrl+C", hasSelection, &Face::copy},
+    Row{commands::kPaste, "&Paste", "Ctrl+V", canPaste, &Face::paste},
+    Row{commands::kDelete, "&Delete", "Del", always, &Face::remove},
     Row{},
-    Row{"E7", "&Select All", "Ctrl+A", always, &Face::selectAll},
+    Row{commands::kSelectAll, "&Select All", "Ctrl+A", always, &Face::selectAll},
     Row{},
 };
 
@@ -114,7 +115,7 @@ void ShowFieldPopup(const Face& face, QPoint global) {
         item.setEnabled(row.isEnabled(face));
         QObject::connect(&item, &QAction::triggered, face.widget, face.*row.run);
     }
-    QAction& help = addItem(*menu, "H1", "&Help", "F1");
+    QAction& help = addItem(*menu, commands::kContents, "&Help", commands::kNew);
     help.setEnabled(!helpOn(face.widget).isEmpty());
     QObject::connect(&help, &QAction::triggered, face.widget,
                      [widget = face.widget, global] { showHelp(*widget, global); });

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "platform/CommandKeys.h"
 #include "wizards/ControlRows.h"
 #include "wizards/TableCheck.h"
 #include "wizards/Wizards.h"
@@ -106,7 +107,7 @@ constexpr std::array kTags = {
 constinit const WizardTable kAdWizard = checked({
     .form = "frmAdWizard",
     .title = "Ad/Disad/Quirk/Power Wizard",
-    .command = "I1",
+    .command = commands::kAdvantageWizard,
     .frames = kFrames,
     .controls = kControls,
     .effects = kEffects,

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "platform/CommandKeys.h"
 #include "wizards/ControlRows.h"
 #include "wizards/TableCheck.h"
 #include "wizards/Wizard.h"
@@ -71,7 +72,7 @@ protected:
 constinit const WizardTable kModWizard = checked({
     .form = "frmModWizard",
     .title = "Mod Wizard",
-    .command = "I7",
+    .command = commands::kModWizard,
     .frames = kFrames,
     .controls = kControls,
     .effects = kEffects,

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "language/Vocabulary.h"
+#include "platform/CommandKeys.h"
 #include "wizards/ControlRows.h"
 #include "wizards/StatNames.h"
 #include "wizards/TableCheck.h"
@@ -86,7 +87,7 @@ constexpr std::array kTags = {
 constinit const WizardTable kSkillWizard = checked({
     .form = "frmSkillWizard",
     .title = "Skill Wizard",
-    .command = "I2",
+    .command = commands::kSkillWizard,
     .frames = kFrames,
     .controls = kControls,
     .effects = kEffects,

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "language/Vocabulary.h"
+#include "platform/CommandKeys.h"
 #include "wizards/ControlRows.h"
 #include "wizards/TableCheck.h"
 #include "wizards/Wizards.h"
@@ -82,7 +83,7 @@ constexpr std::array kLoaded = {
 constinit const WizardTable kSpellWizard = checked({
     .form = "frmSpellWizard",
     .title = "Spell Wizard",
-    .command = "I3",
+    .command = commands::kSpellWizard,
     .frames = kFrames,
     .controls = kControls,
     .effects = kEffects,

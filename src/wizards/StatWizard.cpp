@@ -1,5 +1,6 @@
 #include <array>
 
+#include "platform/CommandKeys.h"
 #include "wizards/ControlRows.h"
 #include "wizards/StatNames.h"
 #include "wizards/TableCheck.h"
@@ -71,7 +72,7 @@ constexpr std::array kTags = {
 constinit const WizardTable kStatWizard = checked({
     .form = "frmStatWizard",
     .title = "Stat Wizard",
-    .command = "I4",
+    .command = commands::kStatWizard,
     .frames = kFrames,
     .controls = kControls,
     .effects = kEffects,

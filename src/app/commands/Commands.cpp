@@ -12,6 +12,7 @@
 #include "app/commands/WizardCommands.h"
 #include "app/documents/frmKLTEditor.h"
 #include "app/window/ArrangeWindows.h"
+#include "platform/CommandKeys.h"
 #include "wizards/Wizards.h"
 
 namespace klt {
@@ -47,40 +48,41 @@ struct Command {
 
 /// Every command that there is beside the wizards': one row here turns its menu items and buttons on.
 constexpr auto kCommands = std::to_array<Command>({
-    {"F1", [](Editor& editor) { editor.documents.New(); }},
-    {"F2", [](Editor& editor) { editor.documents.Open(); }},
-    {"F3", [](Editor& editor) { editor.documents.Close(); }},
-    {"F4", [](Editor& editor) { editor.documents.SaveDocument(); }},
-    {"F5", [](Editor& editor) { editor.documents.SaveDocumentAs(); }},
-    {"F6", [](Editor& editor) { editor.mainWindow().close(); }},
-    {"E1", onActiveControl<&RichTextBox::Undo>},
-    {"E2", onActiveControl<&RichTextBox::Cut>},
-    {"E3", [](Editor& editor) { copy(editor.mainWindow()); }},
-    {"E4", onActiveControl<&RichTextBox::Paste>},
-    {"E5", onActiveControl<&RichTextBox::Delete>},
-    {"E6", EditLine},
-    {"E7", onActiveControl<selectAll>},
-    {"E8", [](Editor& editor) { editor.openFind(frmFind::Shape::Find); }},
-    {"E9", [](Editor& editor) { editor.openFind(frmFind::Shape::Replace); }},
-    {"I10", onText<insertCommentLine>},
-    {"I11", onText<insertComment>},
-    {"mnuTTDefault", [](Editor& editor) { toggleBand(editor.mainWindow(), "A1"); }},
-    {"mnuTTWizards", [](Editor& editor) { toggleBand(editor.mainWindow(), "A2"); }},
-    {"T5", [](Editor& editor) { editor.openMerger(); }},
-    {"T6", colour},
-    {"W1", arrange<Arrangement::TileHorizontally>},
-    {"W2", arrange<Arrangement::TileVertically>},
-    {"W3", arrange<Arrangement::Cascade>},
-    {"W4", [](Editor& editor) { arrangeIcons(editor.mainWindow().area()); }},
-    {"W5", [](Editor& editor) { activateNeighbour(editor.mainWindow(), -1); }},
-    {"W6", [](Editor& editor) { activateNeighbour(editor.mainWindow(), 1); }},
-    {"W7", [](Editor& editor) { toggleCheckerWindow(editor.mainWindow(), editor.store()); }},
-    {"H4", [](Editor&) { browse("https://www.example.org/tvm/"); }},
-    {"H5", [](Editor&) { browse("https://www.example.org/tvm/data-files/"); }},
-    {"H6", [](Editor&) { browse("https://www.example.org/tvm/add-ons/"); }},
-    {"H7", [](Editor&) { browse("https://www.example.org/tvm/docs/"); }},
-    {"H8", [](Editor&) { browse("https://www.example.net/"); }},
-    {"H9", [](Editor&) { browse("https://www.example.net/programs/"); }},
+    {commands::kNew, [](Editor& editor) { editor.documents.New(); }},
+    {commands::kOpen, [](Editor& editor) { editor.documents.Open(); }},
+    {commands::kClose, [](Editor& editor) { editor.documents.Close(); }},
+    {commands::kSave, [](Editor& editor) { editor.documents.SaveDocument(); }},
+    {commands::kSaveAs, [](Editor& editor) { editor.documents.SaveDocumentAs(); }},
+    {commands::kExit, [](Editor& editor) { editor.mainWindow().close(); }},
+    {commands::kUndo, onActiveControl<&RichTextBox::Undo>},
+    {commands::kCut, onActiveControl<&RichTextBox::Cut>},
+    {commands::kCopy, [](Editor& editor) { copy(editor.mainWindow()); }},
+    {commands::kPaste, onActiveControl<&RichTextBox::Paste>},
+    {commands::kDelete, onActiveControl<&RichTextBox::Delete>},
+    {commands::kEditLine, EditLine},
+    {commands::kSelectAll, onActiveControl<selectAll>},
+    {commands::kFind, [](Editor& editor) { editor.openFind(frmFind::Shape::Find); }},
+    {commands::kReplace, [](Editor& editor) { editor.openFind(frmFind::Shape::Replace); }},
+    {commands::kCommentLine, onText<insertCommentLine>},
+    {commands::kComment, onText<insertComment>},
+    {commands::kDefaultToolbar, [](Editor& editor) { toggleBand(editor.mainWindow(), kDefaultBand); }},
+    {commands::kWizardsToolbar, [](Editor& editor) { toggleBand(editor.mainWindow(), kWizardsBand); }},
+    {commands::kMerger, [](Editor& editor) { editor.openMerger(); }},
+    {commands::kSyntaxChecker, colour},
+    {commands::kTileHorizontally, arrange<Arrangement::TileHorizontally>},
+    {commands::kTileVertically, arrange<Arrangement::TileVertically>},
+    {commands::kCascade, arrange<Arrangement::Cascade>},
+    {commands::kArrangeIcons, [](Editor& editor) { arrangeIcons(editor.mainWindow().area()); }},
+    {commands::kPreviousDocument, [](Editor& editor) { activateNeighbour(editor.mainWindow(), -1); }},
+    {commands::kNextDocument, [](Editor& editor) { activateNeighbour(editor.mainWindow(), 1); }},
+    {commands::kCheckerWindow,
+     [](Editor& editor) { toggleCheckerWindow(editor.mainWindow(), editor.store()); }},
+    {commands::kHomePage, [](Editor&) { browse("https://www.example.org/tvm/"); }},
+    {commands::kDataFilesPage, [](Editor&) { browse("https://www.example.org/tvm/data-files/"); }},
+    {commands::kAddOnsPage, [](Editor&) { browse("https://www.example.org/tvm/add-ons/"); }},
+    {commands::kDocsPage, [](Editor&) { browse("https://www.example.org/tvm/docs/"); }},
+    {commands::kHarborPage, [](Editor&) { browse("https://www.example.net/"); }},
+    {commands::kHarborPrograms, [](Editor&) { browse("https://www.example.net/programs/"); }},
 });
 
 const Command* commandOf(std::string_view key) {
@@ -107,7 +109,8 @@ bool commandIsThere(std::string_view key) {
 
 void runCommand(Editor& editor, std::string_view key) {
     if (key.find("RecentMenu") != key.npos) return openRecent(editor, numberOf(key));
-    if (key.starts_with("D") && key != "D9") return activateDocument(editor.mainWindow(), numberOf(key));
+    if (key.starts_with("D") && key != commands::kMoreDocuments)
+        return activateDocument(editor.mainWindow(), numberOf(key));
     if (const WizardTable* table = wizardOfCommand(key)) return openWizard(editor, *table);
     if (const Command* command = commandOf(key)) command->run(editor);
 }

@@ -13,6 +13,7 @@
 #include "app/menus/WindowMenu.h"
 #include "app/modVariables.h"
 #include "app/window/frmMDIKLTEditor.h"
+#include "platform/CommandKeys.h"
 #include "settings/Catalogue.h"
 
 namespace klt {
@@ -40,9 +41,9 @@ Menus::Menus(frmMDIKLTEditor& window, const modVariables& variables, Store& stor
 void Menus::BuildMenus() {
     buildTree(*window_.menuBar());
     buildPopups();
-    save_ = action("F4");
-    recentFiles_.emplace(*window_.findChild<QMenu*>(latin(commands::kFile)), action("F6"));
-    documents_.emplace(*window_.findChild<QMenu*>(latin(commands::kWindow)));
+    save_ = action(commands::kSave);
+    recentFiles_.emplace(*window_.findChild<QMenu*>(latin(commands::kFileMenu)), action(commands::kExit));
+    documents_.emplace(*window_.findChild<QMenu*>(latin(commands::kWindowMenu)));
     for (auto* items : {&barItems_, &popupItems_})
         connect(items, &CommandItems::MenuClick, this, &Menus::MenuClick);
     for (auto* entries : {&*recentFiles_, &*documents_})
@@ -110,9 +111,9 @@ void Menus::BuildWindowMenu() {
 }
 
 void Menus::updateCheckMarks() {
-    action("mnuTTDefault")->setChecked(window_.toolbars().isBandVisible("A1"));
-    action("mnuTTWizards")->setChecked(window_.toolbars().isBandVisible("A2"));
-    action("W7")->setChecked(readSetting(store_, settings::kShowKLTCheckerWindow) == 1);
+    action(commands::kDefaultToolbar)->setChecked(window_.toolbars().isBandVisible(kDefaultBand));
+    action(commands::kWizardsToolbar)->setChecked(window_.toolbars().isBandVisible(kWizardsBand));
+    action(commands::kCheckerWindow)->setChecked(readSetting(store_, settings::kShowKLTCheckerWindow) == 1);
 }
 
 MenuFacts Menus::facts() const {

@@ -4,6 +4,8 @@
 #include <span>
 #include <string_view>
 
+#include "platform/CommandKeys.h"
+
 namespace klt {
 
 /// A popup's item. It repeats the command of its key, under a caption of its own.
@@ -28,46 +30,46 @@ constexpr PopupRow command(std::string_view key, std::string_view caption) {
 }
 
 inline constexpr auto kEditing = std::to_array<PopupRow>({
-    command("E1", "&Undo"),
+    command(commands::kUndo, "&Undo"),
     kSeparator,
-    command("E2", "&Cut"),
-    command("E3", "C&opy"),
-    command("E4", "&Paste"),
-    command("E5", "&Delete"),
+    command(commands::kCut, "&Cut"),
+    command(commands::kCopy, "C&opy"),
+    command(commands::kPaste, "&Paste"),
+    command(commands::kDelete, "&Delete"),
 });
 
 inline constexpr auto kMain = std::to_array<PopupRow>({
     kSeparator,
-    command("E6", "Edit &Line"),
+    command(commands::kEditLine, "Edit &Line"),
     {PopupRow::Kind::Heading, {}, "Insert Menu"},
-    command("I1", "&Ad/Disad/Quirk/Power..."),
-    command("I2", "&Skill..."),
-    command("I3", "Sp&ell..."),
-    command("I4", "S&tat..."),
-    command("I5", "&Bonus..."),
-    command("I6", "&Group..."),
-    command("I7", "&Mod..."),
+    command(commands::kAdvantageWizard, "&Ad/Disad/Quirk/Power..."),
+    command(commands::kSkillWizard, "&Skill..."),
+    command(commands::kSpellWizard, "Sp&ell..."),
+    command(commands::kStatWizard, "S&tat..."),
+    command(commands::kBonusWizard, "&Bonus..."),
+    command(commands::kGroupWizard, "&Group..."),
+    command(commands::kModWizard, "&Mod..."),
     kSeparator,
-    command("I8", "A&uthor Section Wizard..."),
-    command("I9", "&Package..."),
+    command(commands::kAuthorWizard, "A&uthor Section Wizard..."),
+    command(commands::kPackageWizard, "&Package..."),
     kSeparator,
-    command("I10", "Comment &Line"),
-    command("I11", "&Comment"),
+    command(commands::kCommentLine, "Comment &Line"),
+    command(commands::kComment, "&Comment"),
 });
 
 inline constexpr auto kMailTo = std::to_array<PopupRow>({
     kSeparator,
-    command("E7", "&Select All"),
+    command(commands::kSelectAll, "&Select All"),
     kSeparator,
-    command("H1", "&Help"),
+    command(commands::kContents, "&Help"),
     command("MailTo", "&Mail to"),
 });
 
 inline constexpr auto kMultiItem = std::to_array<PopupRow>({
-    command("E6", "Edit &Line"),
-    command("E7", "&Select All"),
+    command(commands::kEditLine, "Edit &Line"),
+    command(commands::kSelectAll, "&Select All"),
     kSeparator,
-    command("H1", "&Help"),
+    command(commands::kContents, "&Help"),
 });
 
 }  // namespace popups

@@ -6,6 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "platform/CommandKeys.h"
+
 namespace klt {
 
 /// A button of a toolbar. Its place in the table is its index; a separator has an index too, and no key.
@@ -20,46 +22,46 @@ struct ToolbarButton {
 inline constexpr ToolbarButton kToolbarSeparator{};
 
 inline constexpr std::array kDefaultButtons = {
-    ToolbarButton{"F1", "New (Ctrl+N)"},
-    ToolbarButton{"F2", "Open (Ctrl+O)"},
-    ToolbarButton{"F4", "Save (Ctrl+S)"},
+    ToolbarButton{commands::kNew, "New (Ctrl+N)"},
+    ToolbarButton{commands::kOpen, "Open (Ctrl+O)"},
+    ToolbarButton{commands::kSave, "Save (Ctrl+S)"},
     kToolbarSeparator,
-    ToolbarButton{"E1", "Undo (Ctrl+Z)"},
+    ToolbarButton{commands::kUndo, "Undo (Ctrl+Z)"},
     kToolbarSeparator,
-    ToolbarButton{"E2", "Cut (Ctrl+X)"},
-    ToolbarButton{"E3", "Copy (Ctrl+C)"},
-    ToolbarButton{"E4", "Paste (Ctrl+V)"},
-    ToolbarButton{"E5", "Delete (Del)"},
+    ToolbarButton{commands::kCut, "Cut (Ctrl+X)"},
+    ToolbarButton{commands::kCopy, "Copy (Ctrl+C)"},
+    ToolbarButton{commands::kPaste, "Paste (Ctrl+V)"},
+    ToolbarButton{commands::kDelete, "Delete (Del)"},
     kToolbarSeparator,
-    ToolbarButton{"E8", "Find (Ctrl+F)"},
+    ToolbarButton{commands::kFind, "Find (Ctrl+F)"},
     kToolbarSeparator,
-    ToolbarButton{"T1", "Preferences"},
-    ToolbarButton{"T2", "Program Paths"},
-    ToolbarButton{"T3", "Modify Author List"},
-    ToolbarButton{"T4", "Editor Format"},
+    ToolbarButton{commands::kPreferences, "Preferences"},
+    ToolbarButton{commands::kProgramPaths, "Program Paths"},
+    ToolbarButton{commands::kAuthorList, "Modify Author List"},
+    ToolbarButton{commands::kEditorFormat, "Editor Format"},
     kToolbarSeparator,
-    ToolbarButton{"H1", "Help (F1)"},
+    ToolbarButton{commands::kContents, "Help (F1)"},
 };
 
 inline constexpr std::array kWizardsButtons = {
-    ToolbarButton{"I1", "Ads/Disads/Powers/Quirks Wizard (Ctrl+F1)"},
-    ToolbarButton{"I2", "Skills Wizard (Ctrl+F2)"},
-    ToolbarButton{"I3", "Spells Wizard (Ctrl+F3)"},
-    ToolbarButton{"I4", "Stats Wizard (Ctrl+F5)"},
-    ToolbarButton{"I5", "Bonus Wizard (Ctrl+F8)"},
-    ToolbarButton{"I6", "Group Wizard (Ctrl+F9)"},
-    ToolbarButton{"I7", "Mods Wizard (Ctrl+F11)"},
+    ToolbarButton{commands::kAdvantageWizard, "Ads/Disads/Powers/Quirks Wizard (Ctrl+F1)"},
+    ToolbarButton{commands::kSkillWizard, "Skills Wizard (Ctrl+F2)"},
+    ToolbarButton{commands::kSpellWizard, "Spells Wizard (Ctrl+F3)"},
+    ToolbarButton{commands::kStatWizard, "Stats Wizard (Ctrl+F5)"},
+    ToolbarButton{commands::kBonusWizard, "Bonus Wizard (Ctrl+F8)"},
+    ToolbarButton{commands::kGroupWizard, "Group Wizard (Ctrl+F9)"},
+    ToolbarButton{commands::kModWizard, "Mods Wizard (Ctrl+F11)"},
     kToolbarSeparator,
-    ToolbarButton{"I8", "Author Section Wizard"},
-    ToolbarButton{"I9", "Insert Package (Ctrl+F7)"},
+    ToolbarButton{commands::kAuthorWizard, "Author Section Wizard"},
+    ToolbarButton{commands::kPackageWizard, "Insert Package (Ctrl+F7)"},
     kToolbarSeparator,
-    ToolbarButton{"I11", "Insert Comment"},
-    ToolbarButton{"I10", "Insert Comment Line"},
+    ToolbarButton{commands::kComment, "Insert Comment"},
+    ToolbarButton{commands::kCommentLine, "Insert Comment Line"},
     kToolbarSeparator,
-    ToolbarButton{"T5", "KLT Merger (Ctrl+M)"},
-    ToolbarButton{"T6", "KLT Syntax Checker (Ctrl+K)"},
+    ToolbarButton{commands::kMerger, "KLT Merger (Ctrl+M)"},
+    ToolbarButton{commands::kSyntaxChecker, "KLT Syntax Checker (Ctrl+K)"},
     kToolbarSeparator,
-    ToolbarButton{"F6", "Exit (Alt+F4)"},
+    ToolbarButton{commands::kExit, "Exit (Alt+F4)"},
 };
 
 /// The indexes that the rules name.
@@ -70,10 +72,13 @@ inline constexpr int kCopyButton = 7;
 inline constexpr int kPasteButton = 8;
 inline constexpr int kDeleteButton = 9;
 inline constexpr int kFindButton = 11;
-static_assert(kDefaultButtons[kSaveButton].key == "F4" && kDefaultButtons[kUndoButton].key == "E1" &&
-              kDefaultButtons[kCutButton].key == "E2" && kDefaultButtons[kCopyButton].key == "E3" &&
-              kDefaultButtons[kPasteButton].key == "E4" && kDefaultButtons[kDeleteButton].key == "E5" &&
-              kDefaultButtons[kFindButton].key == "E8");
+static_assert(kDefaultButtons[kSaveButton].key == commands::kSave &&
+              kDefaultButtons[kUndoButton].key == commands::kUndo &&
+              kDefaultButtons[kCutButton].key == commands::kCut &&
+              kDefaultButtons[kCopyButton].key == commands::kCopy &&
+              kDefaultButtons[kPasteButton].key == commands::kPaste &&
+              kDefaultButtons[kDeleteButton].key == commands::kDelete &&
+              kDefaultButtons[kFindButton].key == commands::kFind);
 
 /// A toolbar: `ctbrToolbar(0)` and `ctbrToolbar(1)`, each in its band.
 struct ToolbarRow {
@@ -83,11 +88,13 @@ struct ToolbarRow {
     std::span<const ToolbarButton> buttons;
 };
 
+inline constexpr char kDefaultBand[] = "A1";
+inline constexpr char kWizardsBand[] = "A2";
 inline constexpr int kDefaultBar = 0;
 inline constexpr int kWizardsBar = 1;
 inline constexpr std::array kToolbarRows = {
-    ToolbarRow{"A1", "ctbrToolbar(0)", "Default", kDefaultButtons},
-    ToolbarRow{"A2", "ctbrToolbar(1)", "Wizards", kWizardsButtons},
+    ToolbarRow{kDefaultBand, "ctbrToolbar(0)", "Default", kDefaultButtons},
+    ToolbarRow{kWizardsBand, "ctbrToolbar(1)", "Wizards", kWizardsButtons},
 };
 /// The index of the toolbar in that band; nothing for another one.
 constexpr std::optional<std::size_t> barOf(std::string_view band) {

@@ -3,6 +3,7 @@
 #include "app/commands/Commands.h"
 #include "app/documents/OpenForms.h"
 #include "app/documents/frmKLTEditor.h"
+#include "platform/CommandKeys.h"
 #include "ui/QtStrings.h"
 
 namespace klt {
@@ -17,7 +18,8 @@ std::vector<MenuEntry> windowEntries(const OpenForms& forms) {
     int number = 0;
     for (const auto* document : forms.documents()) {
         if (++number == kMore) {
-            entries.push_back({"D9", "&More Data Files...", commandIsThere("D9")});
+            entries.push_back(
+                {commands::kMoreDocuments, "&More Data Files...", commandIsThere(commands::kMoreDocuments)});
             break;
         }
         const QString digits = QString::number(number);
