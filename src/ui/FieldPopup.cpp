@@ -115,7 +115,7 @@ void ShowFieldPopup(const Face& face, QPoint global) {
         item.setEnabled(row.isEnabled(face));
         QObject::connect(&item, &QAction::triggered, face.widget, face.*row.run);
     }
-    QAction& help = addItem(*menu, commands::kContents, "&Help", commands::kNew);
+    QAction& help = addItem(*menu, commands::kContents, "&Help", "F1");
     help.setEnabled(!helpOn(face.widget).isEmpty());
     QObject::connect(&help, &QAction::triggered, face.widget,
                      [widget = face.widget, global] { showHelp(*widget, global); });

@@ -111,7 +111,7 @@ inline constexpr auto kMenuTree = [] {
         separator(kWindowMenu),
 
         menu(kHelpMenu, "&Help"),
-        command(kHelpMenu, kContents, "&Contents", kNew),
+        command(kHelpMenu, kContents, "&Contents", "F1"),
         command(kHelpMenu, kSearchHelp, "&Search for Help on..."),
         separator(kHelpMenu),
         command(kHelpMenu, kTips, "&Tips..."),
