@@ -6,11 +6,7 @@ using namespace klt;
 using testing::ElementsAreArray;
 
 TEST(CommandLine, IsBuiltFromTheArguments) {
-    const struct {
-        const char* name;
-        std::vector<std::string> arguments;
-        const char* line;
-    } rows[] = {
+    const std::tuple<const char*, std::vector<std::string>, const char*> rows[] = {
         {"no arguments", {}, ""},
         {"relative", {"a.klt"}, R"("/home/me/a.klt")"},
         {"absolute, with a blank", {"/x y/a.klt", "b"}, R"("/x y/a.klt" "/home/me/b")"},
@@ -27,15 +23,13 @@ TEST(CommandLine, IsBuiltFromTheArguments) {
         {"not at the start: a path", {"x/d:/a"}, R"("/home/me/x/d:/a")"},
         {"dash is a path", {"-d:"}, R"("/home/me/-d:")"},
     };
-    for (const auto& row : rows) EXPECT_EQ(buildCommandLine(row.arguments, "/home/me"), row.line) << row.name;
+    for (const auto& [name, arguments, line] : rows)
+        EXPECT_EQ(buildCommandLine(arguments, "/home/me"), line) << name;
     EXPECT_EQ(buildCommandLine({"a"}, "/"), R"("/a")");
 }
 
 TEST(CommandLine, IsSplitIntoPaths) {
-    const struct {
-        const char *name, *line;
-        std::vector<std::string> paths;
-    } rows[] = {
+    const std::tuple<const char*, const char*, std::vector<std::string>> rows[] = {
         {"unquoted, blanks kept", "/x y/a.klt", {"/x y/a.klt"}},
         {"one quoted", R"("/x y/a.klt")", {"/x y/a.klt"}},
         {"several", R"("/a" "/b" "/c")", {"/a", "/b", "/c"}},
@@ -51,6 +45,7 @@ TEST(CommandLine, IsSplitIntoPaths) {
         {"so in quotes", R"("/x/d:/a" "/x/ /D:/b" "/d:/c")", {"/x/d:/a", "/x/ /D:/b", "/d:/c"}},
         {"so behind a quote of its name", R"("/x"y /d:/ z" "/w")", {R"(/x"y /d:/ z)", "/w"}},
         {"every file, though not split", "/d:/f/ /d:/a /d:/b", {"/f/a /f/b"}},
+        {"quoted behind an unquoted one", R"(/d:/f/ /d:/a" "x /d:/b)", {"/f/a", "x /d:/b"}},
         {"other paths stay", R"(/d:/f/ "/x/a" "/d:/b")", {"/x/a", "/f/b"}},
         {"directory of one slash", "/d:/ /d:/a", {"/a"}},
         {"backslashes and dots made usable", R"(/d:\x\.\\y/ "/d:/a")", {"/x/y/a"}},
@@ -62,10 +57,10 @@ TEST(CommandLine, IsSplitIntoPaths) {
         {"counted from the line's start in characters", "\u00E4 /d:/f/ /d:/a", {"/f/ /a"}},
         {"behind a quoted path", R"("/a" /d:/f/ "/d:/b")", {R"("/f/ "/db)"}},
     };
-    for (const auto& row : rows) {
-        const auto split = splitCommandLine(row.line);
-        EXPECT_EQ(split.error, CommandLineError::none) << row.name;
-        EXPECT_THAT(split.paths, ElementsAreArray(row.paths)) << row.name;
+    for (const auto& [name, line, paths] : rows) {
+        const auto split = splitCommandLine(line);
+        EXPECT_EQ(split.error, CommandLineError::none) << name;
+        EXPECT_THAT(split.paths, ElementsAreArray(paths)) << name;
     }
 }
 
@@ -75,19 +70,17 @@ TEST(CommandLine, DirectoryWithoutEndIsAnError) {
         const auto split = splitCommandLine(line);
         EXPECT_EQ(split.error, CommandLineError::unendedDirectory) << line;
         EXPECT_TRUE(split.paths.empty()) << line;
-        EXPECT_FALSE(describe(split.error).empty());
     }
 }
 
 TEST(CommandLine, DoesNotGrowBeyondMeasure) {
-    std::string line = "/d:/" + std::string(500'000, 'x') + "/ \"";
-    const auto files = [](size_t count) {
-        std::string text;
-        while (count-- > 0) text += "/d:/\" \"";
-        return text;
+    const auto split = [](size_t files) {
+        std::string line = "/d:/" + std::string(500'000, 'x') + "/ \"";
+        while (files-- > 0) line += "/d:/\" \"";
+        return splitCommandLine(line + "\"").error;
     };
-    EXPECT_EQ(splitCommandLine(line + files(100) + "\"").error, CommandLineError::none);
-    EXPECT_EQ(splitCommandLine(line + files(100'000) + "\"").error, CommandLineError::tooLong);
+    EXPECT_EQ(split(100), CommandLineError::none);
+    EXPECT_EQ(split(100'000), CommandLineError::tooLong);
 }
 
 TEST(CommandLine, ComesBackAsItWasBuilt) {

@@ -1,14 +1,9 @@
 #include "platform/Instances.h"
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/stat.h>
+#include <sys/syscall.h>
 
-#include <fstream>
-#include <thread>
-
-#include "platform/Paths.h"
-#include "support/ChildProcess.h"
+#include "support/OrdinaryUser.h"
 #include "support/Scratch.h"
 
 using namespace klt;
@@ -17,34 +12,16 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-namespace {
-
 constexpr auto kClass = kMainWindowClass;
 
-std::vector<std::string> titlesOf(const std::vector<WindowEntry>& windows) {
+static std::vector<std::string> titlesFound(const Instances& instances, std::string_view title = {}) {
     std::vector<std::string> titles;
-    titles.reserve(windows.size());
-    for (const auto& window : windows) titles.push_back(window.title);
+    for (const auto& window : instances.FindMatchingWindows(title, kClass)) titles.push_back(window.title);
     return titles;
 }
 
-size_t filesIn(const std::string& folder) {
-    return static_cast<size_t>(std::distance(fs::directory_iterator(folder), {}));
-}
-
-/// A process that is first and, with a title, has a window; it reports once it is, and then does nothing.
-ChildProcess startInstance(const std::string& folder, std::optional<std::string> title) {
-    ChildProcess child([&](const ChildProcess::Report& report) {
-        Instances instances(folder);
-        instances.earlierInstanceExists();
-        auto window = instances.registerWindow();
-        if (title) window->publish(*title);
-        report("there");
-        ChildProcess::sleepForever();
-    });
-    EXPECT_EQ(child.nextReport(), "there");
-    return child;
-}
+// What happens at the next call of flock, once.
+static std::function<void()> beforeLocking;
 
 class InstancesTest : public testing::Test {
 protected:
@@ -52,7 +29,10 @@ protected:
     const std::string folder_ = scratch_ / "klt-editor";
 };
 
-}  // namespace
+extern "C" int flock(int file, int operation) {
+    if (const auto work = std::exchange(beforeLocking, nullptr)) work();
+    return static_cast<int>(syscall(SYS_flock, file, operation));
+}
 
 TEST_F(InstancesTest, TheFirstIsFirstForLife) {
     auto first = std::make_optional<Instances>(folder_);
@@ -65,39 +45,23 @@ TEST_F(InstancesTest, TheFirstIsFirstForLife) {
     EXPECT_FALSE(second.earlierInstanceExists());
 }
 
-TEST_F(InstancesTest, OfTwentyAtOnceExactlyOneIsFirst) {
-    std::vector<ChildProcess> children;
-    children.reserve(20);
-    for (int i = 0; i < 20; ++i)
-        children.emplace_back([&](const ChildProcess::Report& report) {
-            Instances instances(folder_);
-            report(instances.earlierInstanceExists() ? "later" : "first");
-            ChildProcess::sleepForever();
-        });
-    int first = 0;
-    for (auto& child : children) first += child.nextReport() == "first" ? 1 : 0;
-    EXPECT_EQ(first, 1);
-}
-
 TEST_F(InstancesTest, AKilledFirstLeavesNothingInTheWay) {
-    auto dead = startInstance(folder_, "KLT Editor Beta 1.60");
+    ChildProcess dead([&](const ChildProcess::Report& report) {
+        Instances first(folder_);
+        first.earlierInstanceExists();
+        auto window = first.registerWindow();
+        window->publish("KLT Editor Beta 1.60");
+        report("there");
+        ChildProcess::sleepForever();
+    });
+    ASSERT_EQ(dead.nextReport(), "there");
     Instances instances(folder_);
     EXPECT_TRUE(instances.earlierInstanceExists());
-    EXPECT_THAT(titlesOf(instances.FindMatchingWindows("KLT Editor", kClass)),
-                ElementsAre("KLT Editor Beta 1.60"));
+    EXPECT_THAT(titlesFound(instances, "KLT Editor"), ElementsAre("KLT Editor Beta 1.60"));
     dead.kill();
     EXPECT_FALSE(instances.earlierInstanceExists());
-    EXPECT_THAT(instances.FindMatchingWindows("KLT Editor", kClass), IsEmpty());
-    EXPECT_EQ(filesIn(folder_), 1U) << "the lock alone";
-}
-
-TEST_F(InstancesTest, AWindowCountsWithoutTheLock) {
-    Instances first(folder_), windowed(folder_);
-    ASSERT_FALSE(first.earlierInstanceExists());
-    auto window = windowed.registerWindow();
-    ASSERT_TRUE(window && window->publish("KLT Editor"));
-    EXPECT_TRUE(first.earlierInstanceExists());
-    EXPECT_TRUE(windowed.earlierInstanceExists());
+    EXPECT_THAT(titlesFound(instances, "KLT Editor"), IsEmpty());
+    EXPECT_THAT(namesIn(folder_), ElementsAre("first.lock"));
 }
 
 TEST_F(InstancesTest, WindowsAreFoundByTitleAndClassOldestFirst) {
@@ -111,132 +75,91 @@ TEST_F(InstancesTest, WindowsAreFoundByTitleAndClassOldestFirst) {
         ASSERT_TRUE(windows.back().publish(title, windowClass));
     }
     windows.push_back(*instances.registerWindow());  // not published yet
-    const auto found = searcher.FindMatchingWindows("KLT Editor", kClass);
-    EXPECT_THAT(titlesOf(found), ElementsAre("KLT Editor Beta 1.60 - [c]", "My klt EDITOR"));
-    EXPECT_EQ(found.front().socketPath, windows.front().socketPath());
-    EXPECT_THAT(instances.FindMatchingWindows("KLT Editor", kClass), IsEmpty()) << "its own do not count";
+    EXPECT_THAT(titlesFound(searcher, "KLT Editor"),
+                ElementsAre("KLT Editor Beta 1.60 - [c]", "My klt EDITOR"));
+    EXPECT_EQ(searcher.FindMatchingWindows("", kClass).front().socketPath, windows.front().socketPath());
+    EXPECT_THAT(titlesFound(instances), IsEmpty()) << "its own do not count";
+    EXPECT_TRUE(searcher.earlierInstanceExists()) << "a window counts without the lock";
 
     ASSERT_TRUE(windows.front().publish("KLT Editor"));
-    EXPECT_THAT(titlesOf(searcher.FindMatchingWindows("", kClass)),
-                ElementsAre("KLT Editor", "My klt EDITOR", "KLT-Editor"));
+    EXPECT_THAT(titlesFound(searcher), ElementsAre("KLT Editor", "My klt EDITOR", "KLT-Editor"));
     windows.clear();
-    EXPECT_EQ(filesIn(folder_), 0U);
+    EXPECT_FALSE(searcher.earlierInstanceExists());
+    EXPECT_THAT(namesIn(folder_), ElementsAre("first.lock"));
 }
 
 TEST_F(InstancesTest, DamagedAndForeignFilesAreNoWindows) {
     Instances instances(folder_);
-    const std::string id(24, '0');
-    writeBytes(folder_ + "/" + id + ".window", "no owner");
-    writeBytes(folder_ + "/" + id + ".socket", "");
+    const auto start = folder_ + "/" + std::string(23, '0');
+    writeBytes(start + "0.window", "no owner");
+    writeBytes(start + "0.socket", "");
     writeBytes(folder_ + "/mine.window", "somebody's file");
-    ASSERT_EQ(mkfifo((folder_ + "/" + std::string(24, '1') + ".window").c_str(), 0600), 0);
-    ASSERT_EQ(symlink("/etc/passwd", (folder_ + "/" + std::string(24, '2') + ".window").c_str()), 0);
+    ASSERT_EQ(mkfifo((start + "1.window").c_str(), 0600), 0);
+    fs::create_symlink("/etc/passwd", start + "2.window");
     EXPECT_FALSE(instances.earlierInstanceExists());
-    EXPECT_THAT(instances.FindMatchingWindows("", kClass), IsEmpty());
+    EXPECT_THAT(titlesFound(instances), IsEmpty());
     EXPECT_TRUE(fs::exists(folder_ + "/mine.window"));
-    EXPECT_FALSE(fs::exists(folder_ + "/" + id + ".window"));
-    EXPECT_FALSE(fs::exists(folder_ + "/" + id + ".socket"));
+    for (const auto* end : {"0.window", "0.socket"}) EXPECT_FALSE(fs::exists(start + end));
 }
 
-// One process clears up all the time while others enter: nobody's live entry may go.
-TEST_F(InstancesTest, ClearingUpNeverTakesALiveEntry) {
-    std::atomic<bool> stop = false;
-    std::thread searcher([&] {
-        Instances instances(folder_);
-        while (!stop) instances.FindMatchingWindows("", kClass);
-    });
-    Instances instances(folder_), witness(folder_);
-    for (int i = 0; i < 300; ++i) {
-        auto window = instances.registerWindow();
-        ASSERT_TRUE(window && window->publish(std::to_string(i)));
-        EXPECT_THAT(titlesOf(witness.FindMatchingWindows("", kClass)), ElementsAre(std::to_string(i)));
-    }
-    stop = true;
-    searcher.join();
+TEST_F(InstancesTest, AnEntryThatIsClearedUpBeforeItsLockIsMadeAnew) {
+    Instances instances(folder_), searcher(folder_);
+    beforeLocking = [&] { searcher.FindMatchingWindows("", kClass); };
+    auto window = instances.registerWindow();
+    ASSERT_TRUE(window && window->publish("KLT Editor"));
+    EXPECT_THAT(titlesFound(searcher), ElementsAre("KLT Editor"));
 }
 
 TEST_F(InstancesTest, RunsAloneWhereTheFolderIsNotItsOwn) {
-    const bool isRoot = geteuid() == 0;
-    const auto own = scratch_ / "own", link = scratch_ / "link", open = scratch_ / "open",
-               file = scratch_ / "file";
-    const auto foreign = isRoot ? scratch_ / "foreign" : std::string("/root");
-    for (const auto& folder : {own, open, scratch_ / "foreign"}) ASSERT_EQ(mkdir(folder.c_str(), 0700), 0);
-    ASSERT_EQ(chmod(open.c_str(), 0750), 0);
-    ASSERT_EQ(symlink(own.c_str(), link.c_str()), 0);
-    writeBytes(file, "");
-    if (isRoot) {
-        ASSERT_EQ(chown(foreign.c_str(), 65534, 65534), 0);
-    }
-    const struct {
-        const char* name;
-        std::string folder;
-        bool alone;
-    } rows[] = {
-        {"its own", own, false},
-        {"made when missing", scratch_ / "new", false},
-        {"none", "", true},
-        {"relative", "klt-editor", true},
-        {"missing parent", scratch_ / "no/new", true},
-        {"symbolic link", link, true},
-        {"open to others", open, true},
-        {"a file", file, true},
-        {"another owner", foreign, true},
-        {"too long for a socket", scratch_ / std::string(100, 'x'), true},
-    };
-    for (const auto& row : rows) {
-        Instances instances(row.folder), other(row.folder);
-        EXPECT_EQ(instances.alone(), row.alone) << row.name;
-        EXPECT_FALSE(instances.earlierInstanceExists()) << row.name;
-        EXPECT_EQ(other.earlierInstanceExists(), !row.alone) << row.name;
+    const auto foreign = isRoot() ? scratch_ / "foreign" : std::string("/root");
+    for (const auto* folder : {"own", "open", "foreign"})
+        ASSERT_EQ(mkdir((scratch_ / folder).c_str(), 0700), 0);
+    ASSERT_EQ(chmod((scratch_ / "open").c_str(), 0750), 0);
+    fs::create_symlink("own", scratch_ / "link");
+    writeBytes(scratch_ / "file", "");
+    giveToUser(foreign);
+    const auto check = [](const std::string& folder, bool isAlone) {
+        SCOPED_TRACE(folder);
+        Instances instances(folder), other(folder);
+        EXPECT_EQ(instances.alone(), isAlone);
+        EXPECT_FALSE(instances.earlierInstanceExists());
+        EXPECT_EQ(other.earlierInstanceExists(), !isAlone);
         auto window = instances.registerWindow();
-        EXPECT_EQ(window.has_value(), !row.alone) << row.name;
-        EXPECT_EQ(window && window->publish("KLT Editor"), !row.alone) << row.name;
-        EXPECT_EQ(other.FindMatchingWindows("", kClass).size(), row.alone ? 0U : 1U) << row.name;
-    }
-}
-
-TEST_F(InstancesTest, WithoutARuntimeFolderAProcessRunsAlone) {
-    for (const auto& value : {std::optional<std::string>(), std::optional<std::string>("relative")}) {
-        const ScopedVariable variable("XDG_RUNTIME_DIR", value);
-        EXPECT_TRUE(Instances(runtimeFolder()).alone());
-    }
-    const ScratchHome home;
-    EXPECT_FALSE(Instances(runtimeFolder()).alone());
+        EXPECT_EQ(window && window->publish("KLT Editor"), !isAlone);
+        EXPECT_EQ(titlesFound(other).size(), isAlone ? 0U : 1U);
+    };
+    for (const auto* folder : {"own", "new"}) check(scratch_ / folder, false);
+    for (const auto* folder : {"no/new", "link", "open", "file"}) check(scratch_ / folder, true);
+    for (const auto& folder :
+         {std::string(), std::string("relative"), foreign, scratch_ / std::string(100, 'x')})
+        check(folder, true);
 }
 
 TEST_F(InstancesTest, WaitsForTheWindowOfTheEarlierInstance) {
     Instances later(folder_);
-    std::vector<std::chrono::milliseconds> slept;
     auto first = std::make_optional<Instances>(folder_);
     ASSERT_FALSE(first->earlierInstanceExists());
-
-    const auto sleep = [&](auto time) { slept.push_back(time); };
-    EXPECT_FALSE(waitForPreviousInstance(later, sleep)) << "no window ever";
-    EXPECT_EQ(slept, std::vector<std::chrono::milliseconds>(40, 250ms));
-
-    for (const size_t searchesWithout : {0U, 1U, 39U}) {
+    size_t searches = 0;
+    // Waits, and does `work` behind so many searches.
+    const auto wait = [&](size_t wanted, const std::function<void()>& work) {
+        searches = 0;
+        if (wanted == 0) work();
+        return waitForPreviousInstance(later, [&](auto time) {
+            EXPECT_EQ(time, 250ms);
+            if (++searches == wanted) work();
+        });
+    };
+    for (const size_t before : {0U, 1U, 39U, 40U}) {
         std::optional<WindowRegistration> window;
-        const auto enter = [&] {
+        const auto found = wait(before, [&] {
             window.emplace(*first->registerWindow());
             window->publish("KLT Editor Beta 1.60");
-        };
-        slept.clear();
-        if (searchesWithout == 0) enter();
-        const auto found = waitForPreviousInstance(later, [&](auto time) {
-            sleep(time);
-            if (slept.size() == searchesWithout) enter();
         });
-        ASSERT_TRUE(found) << searchesWithout;
-        EXPECT_EQ(found->socketPath, window->socketPath());
-        EXPECT_EQ(slept, std::vector<std::chrono::milliseconds>(searchesWithout + 1, 250ms));
+        EXPECT_EQ(found ? found->socketPath : "", before < 40 ? window->socketPath() : "") << before;
+        EXPECT_EQ(searches, std::min<size_t>(before + 1, 40));
     }
-
-    slept.clear();
-    EXPECT_FALSE(waitForPreviousInstance(later, [&](auto time) {
-        sleep(time);
-        if (slept.size() == 3) first.reset();
-    })) << "the earlier instance ends";
-    EXPECT_EQ(slept.size(), 3U);
-    EXPECT_FALSE(waitForPreviousInstance(later, sleep)) << "nobody to wait for";
-    EXPECT_EQ(slept.size(), 3U);
+    EXPECT_FALSE(wait(3, [&] { first.reset(); })) << "the earlier instance ends";
+    EXPECT_EQ(searches, 3U);
+    EXPECT_FALSE(wait(99, {})) << "nobody to wait for";
+    EXPECT_EQ(searches, 0U);
 }

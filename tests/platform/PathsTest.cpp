@@ -1,10 +1,6 @@
 #include "platform/Paths.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <filesystem>
 
 #include "support/Scratch.h"
 #include "text/Unicode.h"
@@ -12,26 +8,14 @@
 using namespace klt;
 namespace fs = std::filesystem;
 
-namespace {
-
-mode_t modeOf(const std::string& path) {
-    struct stat info {};
-    EXPECT_EQ(stat(path.c_str(), &info), 0) << path;
-    return info.st_mode & 07777;
-}
-
-}  // namespace
-
 TEST(Paths, PathExists) {
     const ScratchFolder folder;
     writeBytes(folder / "a", "");
     fs::create_symlink("nowhere", folder / "dangling");
-    EXPECT_TRUE(PathExists(folder / "a"));
-    EXPECT_TRUE(PathExists(folder.path()));
-    EXPECT_FALSE(PathExists(folder / "A"));
-    EXPECT_FALSE(PathExists(folder / "dangling"));
-    EXPECT_FALSE(PathExists((folder / "a") + std::string("\0b", 2)));
-    EXPECT_FALSE(PathExists(""));
+    for (const auto& path : {folder / "a", folder.path()}) EXPECT_TRUE(PathExists(path)) << path;
+    for (const auto& path :
+         {folder / "A", folder / "dangling", (folder / "a") + std::string("\0b", 2), std::string()})
+        EXPECT_FALSE(PathExists(path)) << path;
 }
 
 TEST(Paths, CanonicalPath) {
@@ -65,38 +49,27 @@ TEST(Paths, FullFileNameKeepsABackslash) {
 }
 
 TEST(Paths, FileNameAndExtension) {
-    const struct {
-        const char *path, *name, *extension;
-    } rows[] = {
-        {"/a/b.klt", "b.klt", "klt"},
-        {"C:\\x\\y.KLT", "y.KLT", "KLT"},
-        {"/a.b/c", "c", ""},
-        {"a.b\\c", "c", ""},
-        {"KLT4", "KLT4", ""},
-        {"x.", "x.", ""},
-        {".klt", ".klt", "klt"},
-        {"a.tar.gz", "a.tar.gz", "gz"},
-        {"/a/", "", ""},
-        {"", "", ""},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(FileName(row.path), row.name);
-        EXPECT_EQ(FileExtension(row.path), row.extension) << row.path;
+    const std::array<const char*, 3> rows[] = {{"/a/b.klt", "b.klt", "klt"},
+                                               {"C:\\x\\y.KLT", "y.KLT", "KLT"},
+                                               {"/a.b/c", "c", ""},
+                                               {"a.b\\c", "c", ""},
+                                               {"KLT4", "KLT4", ""},
+                                               {"x.", "x.", ""},
+                                               {".klt", ".klt", "klt"},
+                                               {"a.tar.gz", "a.tar.gz", "gz"},
+                                               {"/a/", "", ""},
+                                               {"", "", ""}};
+    for (const auto& [path, name, extension] : rows) {
+        EXPECT_EQ(FileName(path), name);
+        EXPECT_EQ(FileExtension(path), extension) << path;
     }
 }
 
 TEST(Paths, FoundInAnyCase) {
     const ScratchFolder folder;
-    fs::create_directories(folder / "Häfen/Süd");
-    fs::create_directories(folder / "häfen");
-    writeBytes(folder / "Häfen/Süd/Harbor.klt", "");
-    writeBytes(folder / "Häfen/one", "");
-    writeBytes(folder / "häfen/One", "");
-    fs::create_directories(folder / "Häfen/folder.klt");
-    const struct {
-        std::string path;
-        std::optional<std::string> found;
-    } rows[] = {
+    for (const auto* made : {"Häfen/Süd", "häfen", "Häfen/folder.klt"}) fs::create_directories(folder / made);
+    for (const auto* made : {"Häfen/Süd/Harbor.klt", "Häfen/one", "häfen/One"}) writeBytes(folder / made, "");
+    const std::pair<std::string, std::optional<std::string>> rows[] = {
         {folder / "Häfen/Süd/Harbor.klt", folder / "Häfen/Süd/Harbor.klt"},
         {folder / "HÄFEN/SÜD/HARBOR.KLT", folder / "Häfen/Süd/Harbor.klt"},
         {upperCase(folder / "häfen/süd/harbor.klt"), folder / "Häfen/Süd/Harbor.klt"},
@@ -108,7 +81,7 @@ TEST(Paths, FoundInAnyCase) {
         {folder / "HÄFEN/NONE/HARBOR.KLT", std::nullopt},
         {"", std::nullopt},
     };
-    for (const auto& row : rows) EXPECT_EQ(findPathIgnoringCase(row.path), row.found) << row.path;
+    for (const auto& [path, found] : rows) EXPECT_EQ(findPathIgnoringCase(path), found) << path;
 }
 
 TEST(Paths, UserFoldersAreMadeForTheUserAlone) {
