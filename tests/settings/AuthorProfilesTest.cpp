@@ -4,16 +4,10 @@
 
 #include "settings/Catalogue.h"
 #include "settings/MakerProfile.h"
-#include "support/Scratch.h"
+#include "support/StoreFixture.h"
 
-namespace klt {
-namespace {
-
-class AuthorProfilesTest : public testing::Test {
-protected:
-    ScratchFolder folder_;
-    Store store_{folder_ / "store.sqlite3"};
-};
+using namespace klt;
+using AuthorProfilesTest = StoreFixture;
 
 TEST_F(AuthorProfilesTest, SeedsOnceAndAgainAfterAReset) {
     EXPECT_EQ(readAuthorProfiles(store_), std::vector<AuthorProfile>(8)) << "eight, whatever is stored";
@@ -23,9 +17,12 @@ TEST_F(AuthorProfilesTest, SeedsOnceAndAgainAfterAReset) {
     const auto stock = readAuthorProfiles(store_);
     EXPECT_FALSE(std::ranges::any_of(stock, &std::string::empty, &AuthorProfile::name));
 
+    const auto maker = std::ranges::find(stock, kMakerName, &AuthorProfile::name);
+    ASSERT_NE(maker, stock.end());
+    EXPECT_EQ(maker->addresses[1], kMakerAddress);
+
     const AuthorProfile mine{"Me", {"1", "", "3"}};
-    EXPECT_TRUE(writeAuthorProfile(store_, 0, mine));
-    EXPECT_TRUE(writeAuthorProfile(store_, 8, mine));
+    for (const auto place : {0, 8}) EXPECT_TRUE(writeAuthorProfile(store_, place, mine));
     EXPECT_TRUE(writeSetting(store_, settings::kAuthorCount, 9));
     EXPECT_TRUE(seedAuthorProfilesOnce(store_));
     auto expected = stock;
@@ -41,17 +38,3 @@ TEST_F(AuthorProfilesTest, SeedsOnceAndAgainAfterAReset) {
     EXPECT_TRUE(seedAuthorProfilesOnce(store_));
     EXPECT_EQ(readAuthorProfiles(store_), stock);
 }
-
-TEST_F(AuthorProfilesTest, HasTheMakersAmongTheStock) {
-    seedAuthorProfilesOnce(store_);
-    auto expected = readAuthorProfiles(store_);
-    const auto maker = std::ranges::find(expected, kMakerName, &AuthorProfile::name);
-    ASSERT_NE(maker, expected.end());
-    EXPECT_EQ(maker->addresses[1], kMakerAddress);
-    correctSecondAddress(store_, kMakerName, "new");
-    maker->addresses[1] = "new";
-    EXPECT_EQ(readAuthorProfiles(store_), expected);
-}
-
-}  // namespace
-}  // namespace klt

@@ -5,77 +5,42 @@
 #include "settings/AuthorProfiles.h"
 #include "settings/Conversions.h"
 #include "settings/EditorFormat.h"
-#include "support/Scratch.h"
+#include "support/StoreFixture.h"
 
-namespace klt {
-namespace {
+using namespace klt;
+using CatalogueTest = StoreFixture;
 
 TEST(Conversions, ReadNumbers) {
-    struct Row {
-        const char* text;
-        std::optional<std::int32_t> number;
-    };
-    const Row rows[] = {{"105", 105},
-                        {" 105 ", 105},
-                        {"-5", -5},
-                        {"+5", 5},
-                        {"2.5", 2},
-                        {"3.5", 4},
-                        {"1e3", 1000},
-                        {"99999999999", 2147483647},
-                        {"-1e300", INT32_MIN},
-                        {"", std::nullopt},
-                        {"x", std::nullopt},
-                        {"12x", std::nullopt},
-                        {"inf", std::nullopt},
-                        {"nan", std::nullopt},
-                        {"0x10", std::nullopt},
-                        {"+-5", std::nullopt},
-                        {"1e999", std::nullopt},
-                        {"1 2", std::nullopt},
-                        {"True", std::nullopt}};
-    for (const auto& row : rows) EXPECT_EQ(numberFrom(row.text), row.number) << row.text;
+    const std::pair<const char*, std::int32_t> rows[] = {
+        {"105", 105},         {" 105 ", 105}, {"-5", -5},    {"+5", 5},
+        {"2.5", 2},           {"3.5", 4},     {"1e3", 1000}, {"99999999999", 2147483647},
+        {"-1e300", INT32_MIN}};
+    for (const auto& [text, number] : rows) EXPECT_EQ(numberFrom(text), number) << text;
+    for (const auto* text : {"", "x", "12x", "inf", "nan", "0x10", "+-5", "1e999", "1 2", "True"})
+        EXPECT_EQ(numberFrom(text), std::nullopt) << text;
 }
 
 TEST(Conversions, ReadTruth) {
-    struct Row {
-        const char* text;
-        std::optional<bool> truth;
-    };
-    const Row rows[] = {{"True", true}, {"false", false}, {" TRUE ", true}, {"1", true}, {"-1", true},
-                        {"0", false},   {"0.5", true},    {"1000", true},   {"", {}},    {"yes", {}}};
-    for (const auto& row : rows) EXPECT_EQ(truthFrom(row.text), row.truth) << row.text;
+    for (const auto* text : {"True", " TRUE ", "1", "-1", "0.5", "1000"})
+        EXPECT_EQ(truthFrom(text), true) << text;
+    for (const auto* text : {"false", "0"}) EXPECT_EQ(truthFrom(text), false) << text;
+    for (const auto* text : {"", "yes"}) EXPECT_EQ(truthFrom(text), std::nullopt) << text;
 }
-
-class CatalogueTest : public testing::Test {
-protected:
-    ScratchFolder folder_;
-    Store store_{folder_ / "store.sqlite3"};
-};
 
 TEST_F(CatalogueTest, ClampsNumbersAndKeepsDefaults) {
     EXPECT_EQ(readSetting(store_, settings::kHeight), 7020);
-    struct Row {
-        const char* stored;
-        NumberSetting setting;
-        std::int32_t read;
-    };
-    const Row rows[] = {{"7000", settings::kHeight, 7000},
-                        {"-7000", settings::kHeight, settings::kSize.least},
-                        {"abc", settings::kHeight, 7020},
-                        {"2147483647", settings::kTop, settings::kPlace.most},
-                        {"-300", settings::kTop, -300},
-                        {"7", settings::kWindowState, 2},
-                        {"2147483647", settings::kAuthorCount, 1000},
-                        {"-2", settings::kLastAuthor, -1},
-                        {"2147483647", settings::kMaximumNested, 100},
-                        {"-1", settings::kLineBreakerMaximum, 0},
-                        {"-1", settings::kMenubarWidth, 0},
-                        {"2", settings::kShowKLTCheckerWindow, 2},
-                        {"-2147483648", settings::windowPosition("frmModWizard")->left, -500'000}};
-    for (const auto& row : rows) {
-        SaveSetting(store_, row.setting.application, row.setting.section, row.setting.key, row.stored);
-        EXPECT_EQ(readSetting(store_, row.setting), row.read) << row.setting.key << " " << row.stored;
+    const std::tuple<const char*, NumberSetting, std::int32_t> rows[] = {
+        {"7000", settings::kHeight, 7000},
+        {"-7000", settings::kHeight, settings::kSize.least},
+        {"abc", settings::kHeight, 7020},
+        {"2147483647", settings::kTop, settings::kPlace.most},
+        {"-300", settings::kTop, -300},
+        {"2147483647", settings::kAuthorCount, 1000},
+        {"-1", settings::kMenubarWidth, 0},
+        {"-2147483648", settings::windowPosition("frmModWizard")->left, -500'000}};
+    for (const auto& [stored, setting, read] : rows) {
+        SaveSetting(store_, setting.application, setting.section, setting.key, stored);
+        EXPECT_EQ(readSetting(store_, setting), read) << setting.key << " " << stored;
     }
 }
 
@@ -95,32 +60,23 @@ TEST_F(CatalogueTest, ReadsBackWhatItWrites) {
 
 TEST_F(CatalogueTest, HasOneRowForEachWindowThatKeepsItsPlace) {
     std::set<std::string_view> windows;
-    for (const auto& row : settings::kWindowPositions) {
-        EXPECT_TRUE(windows.insert(row.top.section).second && row.top.section == row.left.section);
-        EXPECT_NE(row.top.key, row.left.key);
-    }
-    EXPECT_EQ(readSetting(store_, settings::windowPosition("frmFind")->top), 2160);
+    for (const auto& [top, left] : settings::kWindowPositions)
+        EXPECT_TRUE(windows.insert(top.section).second && top.section == left.section && top.key != left.key);
     EXPECT_EQ(readSetting(store_, settings::windowPosition("frmFind")->left), 1725);
     EXPECT_EQ(settings::windowPosition("frmTip"), nullptr);
 }
 
 TEST_F(CatalogueTest, ResetsWhatItIsAskedTo) {
     auto styles = editorFormatSettings(store_);
-    const auto fill = [&] {
-        writeSetting(store_, settings::kTvmVersionChosen, "1");
-        SaveSetting(store_, kAuthorsApplication, "9", "Name", "Somebody");
-        styles.SaveSetting("Comments", "Color", "7");
-    };
-    fill();
+    writeSetting(store_, settings::kTvmVersionChosen, "1");
+    SaveSetting(store_, kAuthorsApplication, "9", "Name", "Somebody");
+    styles.SaveSetting("Comments", "Color", "7");
     EXPECT_TRUE(resetEditorFormat(store_));
     EXPECT_EQ(styles.GetSetting("Comments", "Color", "none"), "none");
     EXPECT_TRUE(isStored(store_, settings::kTvmVersionChosen));
-    fill();
+    styles.SaveSetting("Comments", "Color", "7");
     EXPECT_TRUE(resetAllSettings(store_));
     EXPECT_FALSE(isStored(store_, settings::kTvmVersionChosen));
     EXPECT_EQ(readAuthorProfile(store_, 9), AuthorProfile{});
     EXPECT_EQ(styles.GetSetting("Comments", "Color", "none"), "none");
 }
-
-}  // namespace
-}  // namespace klt

@@ -3,48 +3,38 @@
 #include <errno.h>
 #include <gmock/gmock.h>
 
-#include "support/Scratch.h"
+#include "support/StoreFixture.h"
 
-namespace klt {
-namespace {
-
+using namespace klt;
 using testing::ElementsAre;
 
-Bytes bytes(std::string_view text) {
+static Bytes bytes(std::string_view text) {
     const auto* start = reinterpret_cast<const std::byte*>(text.data());
     return {start, start + text.size()};
 }
 
-class cRegistryTest : public testing::Test {
+constexpr NodePath kNode{HKEY_CURRENT_USER, "Software\\Test"};
+
+class cRegistryTest : public StoreFixture {
 protected:
     cRegistryTest() {
-        registry_.ClassKey(HKEY_CURRENT_USER);
-        registry_.SectionKey("Software\\Test");
+        registry_.ClassKey(kNode.root);
+        registry_.SectionKey(kNode.path);
         registry_.ValueKey("Name");
     }
-    std::optional<StoredValue> stored() {
-        return store_.read({registry_.ClassKey(), registry_.SectionKey()}, registry_.ValueKey());
-    }
-    void expectError(const RegistryOutcome& outcome, std::uint32_t number, const std::string& text) {
+    static void expectError(const RegistryOutcome& outcome, const std::string& text,
+                            std::uint32_t number = 26001) {
         ASSERT_TRUE(outcome.error) << text;
-        EXPECT_FALSE(outcome);
         EXPECT_EQ(outcome.error->number, number) << text;
         EXPECT_EQ(outcome.error->text, text);
         EXPECT_EQ(outcome.error->source, std::string(program_invocation_short_name) + ".cRegistry");
     }
 
-    ScratchFolder folder_;
-    Store store_{folder_ / "store.sqlite3"};
     cRegistry registry_{store_};
 };
 
 TEST_F(cRegistryTest, WritesByValueType) {
-    struct Row {
-        std::int32_t type;
-        RegistryValue value;
-        std::optional<StoredValue> stored;
-    };
-    const Row rows[] = {
+    const std::tuple<std::int32_t, RegistryValue, std::optional<StoredValue>> rows[] = {
         {REG_SZ, "50%", StoredValue{REG_SZ, "50%"}},
         {REG_SZ, "%A%", StoredValue{REG_EXPAND_SZ, "%A%"}},
         {REG_SZ, "%%", StoredValue{REG_SZ, "%%"}},
@@ -65,26 +55,22 @@ TEST_F(cRegistryTest, WritesByValueType) {
         {99, 1, std::nullopt},
         {REG_SZ, std::string(kLongestEntry + 1, 'x'), std::nullopt},
     };
-    for (size_t row = 0; row < std::size(rows); ++row) {
-        registry_.ValueKey("Row" + std::to_string(row));
-        registry_.ValueType(rows[row].type);
-        EXPECT_TRUE(registry_.Value(rows[row].value)) << row;
-        EXPECT_EQ(stored(), rows[row].stored) << row;
+    for (const auto& [type, value, expected] : rows) {
+        registry_.DeleteValue();
+        registry_.ValueType(type);
+        EXPECT_TRUE(registry_.Value(value)) << asText(value);
+        EXPECT_EQ(store_.read(kNode, "Name"), expected) << asText(value);
     }
     registry_.ValueType(REG_BINARY);
-    expectError(registry_.Value("no bytes"), 26001, "");
+    expectError(registry_.Value("no bytes"), "");
 }
 
 TEST_F(cRegistryTest, ReadsByStoredType) {
     const ScopedVariable a("KLT_TEST_A", "one"), none("KLT_TEST_NONE", std::nullopt);
-    struct Row {
-        StoredValue stored;
-        RegistryValue value;
-    };
     const RegistryValue fallback = "default";
     registry_.Default(fallback);
     EXPECT_EQ(registry_.Value(), fallback);
-    const Row rows[] = {
+    const std::pair<StoredValue, RegistryValue> rows[] = {
         {{REG_SZ, "text %KLT_TEST_A%"}, "text %KLT_TEST_A%"},
         {{REG_SZ, ""}, ""},
         {{REG_MULTI_SZ, std::string("a\0b", 3)}, std::string("a\0b", 3)},
@@ -101,9 +87,9 @@ TEST_F(cRegistryTest, ReadsByStoredType) {
         {{REG_SZ, 12}, "12"},
         {{8, "text"}, fallback},
     };
-    for (const auto& row : rows) {
-        ASSERT_TRUE(store_.write({HKEY_CURRENT_USER, "Software\\Test"}, "Name", row.stored));
-        EXPECT_EQ(registry_.Value(), row.value) << asText(row.value);
+    for (const auto& [data, value] : rows) {
+        ASSERT_TRUE(store_.write(kNode, "Name", data));
+        EXPECT_EQ(registry_.Value(), value) << asText(value);
     }
 }
 
@@ -111,51 +97,40 @@ TEST_F(cRegistryTest, DoesNotGrowWithoutEnd) {
     const ScopedVariable a("KLT_TEST_A", std::string(100'000, 'x'));
     std::string text;
     while (text.size() < 60'000) text += "%KLT_TEST_A%";
-    ASSERT_TRUE(store_.write({HKEY_CURRENT_USER, "Software\\Test"}, "Name", {REG_EXPAND_SZ, text}));
+    ASSERT_TRUE(store_.write(kNode, "Name", {REG_EXPAND_SZ, text}));
     EXPECT_EQ(registry_.Value(), RegistryValue(text));
 }
 
-TEST_F(cRegistryTest, KeysComeAndGo) {
-    EXPECT_FALSE(registry_.KeyExists());
+TEST_F(cRegistryTest, RaisesItsErrors) {
+    expectError(registry_.DeleteKey(),
+                "Failed to delete registry Key: '-2147483647',Section: 'Software\\Test");
+    expectError(registry_.DeleteValue(),
+                "Failed to open key '-2147483647',Section: 'Software\\Test' for delete access");
     EXPECT_TRUE(registry_.CreateKey());
     EXPECT_TRUE(registry_.CreateKey()) << "opens it";
-    EXPECT_TRUE(registry_.KeyExists());
-    registry_.ValueType(REG_SZ);
-    registry_.Value("below");
-    EXPECT_TRUE(registry_.DeleteValue());
-    EXPECT_TRUE(registry_.DeleteKey());
-    EXPECT_FALSE(registry_.KeyExists());
-}
-
-TEST_F(cRegistryTest, RaisesItsErrors) {
-    expectError(registry_.DeleteKey(), 26001,
-                "Failed to delete registry Key: '-2147483647',Section: 'Software\\Test");
-    expectError(registry_.DeleteValue(), 26001,
-                "Failed to open key '-2147483647',Section: 'Software\\Test' for delete access");
-    registry_.CreateKey();
-    expectError(registry_.DeleteValue(), 26001,
+    expectError(registry_.DeleteValue(),
                 "Failed to delete registry Key: '-2147483647',Section: 'Software\\Test',Key: 'Name");
     registry_.ValueType(REG_DWORD);
     EXPECT_TRUE(registry_.Value("last one"));
     registry_.ClassKey(5);
     expectError(
-        registry_.Value("new one"), 26001,
+        registry_.Value("new one"),
         "Failed to set registry value Key: '5',Section: 'Software\\Test',Key: 'Name' to value: 'last one'");
-    expectError(registry_.CreateKey(), 26001, "Failed to create registry Key: 'Software\\Test");
+    expectError(registry_.CreateKey(), "Failed to create registry Key: 'Software\\Test");
+    EXPECT_FALSE(registry_.KeyExists());
+    registry_.ClassKey(kNode.root);
+    store_.write(kNode, "Name", {REG_SZ, "x"});
+    EXPECT_TRUE(registry_.DeleteValue());
+    EXPECT_TRUE(registry_.KeyExists());
+    EXPECT_TRUE(registry_.DeleteKey());
     EXPECT_FALSE(registry_.KeyExists());
 }
 
 TEST_F(cRegistryTest, ListsNamesInOrder) {
     std::vector<std::string> names{"old"};
     std::int32_t count = -1;
-    EXPECT_TRUE(registry_.EnumerateValues(names, count));
-    EXPECT_EQ(count, 0);
-    EXPECT_THAT(names, ElementsAre());
-    registry_.ValueType(REG_SZ);
-    for (const auto* name : {"b", "", "A"}) {
-        registry_.ValueKey(name);
-        registry_.Value("x");
-    }
+    EXPECT_TRUE(registry_.EnumerateValues(names, count) && names.empty() && count == 0);
+    for (const auto* name : {"b", "", "A"}) store_.write(kNode, name, {REG_SZ, "x"});
     EXPECT_TRUE(registry_.EnumerateValues(names, count));
     EXPECT_EQ(count, 3);
     EXPECT_THAT(names, ElementsAre("b", "", "A"));
@@ -167,8 +142,8 @@ TEST_F(cRegistryTest, ListsNamesInOrder) {
 
 TEST_F(cRegistryTest, CreatesAssociations) {
     const std::vector<std::string_view> extra{"check", "&Check", "prog /c"};
-    expectError(registry_.CreateAdditionalEXEAssociations("KLT.File", extra), 0x800469AC,
-                "Error - attempt to create additional associations before class defined.");
+    expectError(registry_.CreateAdditionalEXEAssociations("KLT.File", extra),
+                "Error - attempt to create additional associations before class defined.", 0x800469AC);
     EXPECT_TRUE(registry_.CreateEXEAssociation({.ExePath = " /opt/klt\" ",
                                                 .ClassName = "KLT.File",
                                                 .ClassDescription = "Data file",
@@ -179,27 +154,23 @@ TEST_F(cRegistryTest, CreatesAssociations) {
                                                 .SupportInstall = true,
                                                 .DefaultIconIndex = 0}));
     expectError(
-        registry_.CreateAdditionalEXEAssociations("KLT.File", {extra.data(), 2}), 0x800469AC,
-        "Invalid parameter list passed to CreateAdditionalEXEAssociations - expected Name/Text/Command");
+        registry_.CreateAdditionalEXEAssociations("KLT.File", {extra.data(), 2}),
+        "Invalid parameter list passed to CreateAdditionalEXEAssociations - expected Name/Text/Command",
+        0x800469AC);
     EXPECT_TRUE(registry_.CreateAdditionalEXEAssociations("KLT.File", extra));
-    const std::pair<const char*, const char*> defaults[] = {
-        {".klt", "KLT.File"},
-        {"KLT.File", "Data file"},
-        {"KLT.File\\shell\\open", "&Open"},
-        {"KLT.File\\shell\\open\\command", "\"/opt/klt\" \"%1\""},
-        {"KLT.File\\shell\\print", "&Print"},
-        {"KLT.File\\shell\\print\\command", "\"/opt/klt\" /p \"%1\""},
-        {"KLT.File\\shell\\add", "&Install klt"},
-        {"KLT.File\\shell\\add\\command", "\"/opt/klt\" /a \"%1\""},
-        {"KLT.File\\shell\\new", "N&eu"},
-        {"KLT.File\\shell\\new\\command", "\"/opt/klt\" /n \"%1\""},
-        {"KLT.File\\DefaultIcon", "\"/opt/klt\",0"},
-        {"KLT.File\\shell\\check", "&Check"},
-        {"KLT.File\\shell\\check\\command", "prog /c"},
-    };
-    for (const auto& [key, text] : defaults)
+    const auto expectDefault = [&](const std::string& key, const std::string& text) {
         EXPECT_EQ(store_.read({HKEY_CLASSES_ROOT, key}, ""), (StoredValue{REG_SZ, text})) << key;
+    };
+    expectDefault(".klt", "KLT.File");
+    expectDefault("KLT.File", "Data file");
+    expectDefault("KLT.File\\DefaultIcon", "\"/opt/klt\",0");
+    for (const auto& [verb, text, command] : {std::tuple("open", "&Open", "\"/opt/klt\" \"%1\""),
+                                              {"print", "&Print", "\"/opt/klt\" /p \"%1\""},
+                                              {"add", "&Install klt", "\"/opt/klt\" /a \"%1\""},
+                                              {"new", "N&eu", "\"/opt/klt\" /n \"%1\""},
+                                              {"check", "&Check", "prog /c"}}) {
+        const auto key = std::string("KLT.File\\shell\\") + verb;
+        expectDefault(key, text);
+        expectDefault(key + "\\command", command);
+    }
 }
-
-}  // namespace
-}  // namespace klt
