@@ -2,47 +2,45 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "text/Unicode.h"
 
 using namespace klt;
 using namespace std::string_literals;
 
 TEST(TextSearch, FindsWithinARangeByCaseAndWord) {
-    struct Options {
-        bool matchCase = false;
-        bool wholeWord = false;
-    };
-    const Options kExact{.matchCase = true}, kWord{.wholeWord = true}, kBoth{true, true};
+    // Whether case and whole words count.
+    using Options = std::pair<bool, bool>;
+    const Options kExact{true, false}, kWord{false, true}, kBoth{true, true};
     const struct {
         std::string text, find;
         Position from, end;
         Options options;
-        TextRange found;
+        TextRange found{kNotFound, kNotFound};
     } rows[] = {
         {"one TWO two", "two", 0, -1, {}, {4, 7}},
         {"one TWO two", "two", 0, -1, kExact, {8, 11}},
-        {"one TWO two", "two", 5, -1, {}, {8, 11}},
-        {"one two", "two", 0, 6, {}, {kNotFound, kNotFound}},
-        {"one two", "one", 0, 3, {}, {0, 3}},
+        {"one two", "two", 0, 6, {}},
+        {"one two", "one", -5, 3, {}, {0, 3}},
+        {"one two", "one", 99, -1, {}},
         // an anchor in the middle, with the ends of the range inside the match
-        {"xxayy", "xxayy", 1, -1, {}, {kNotFound, kNotFound}},
+        {"xxayy", "xxayy", 1, -1, {}},
         {"xxayy xxayy", "xxayy", 1, 11, {}, {6, 11}},
         {"aXaXaY", "axay", 0, -1, {}, {2, 6}},
         // letters spelled beyond ASCII
         {"\u212Aey \u017FKI", "key", 0, -1, {}, {0, 5}},
+        {"k \u212A\u00C4k\u00E4", "k\u00E4", 0, -1, {}, {2, 7}},
+        {"k \u212A\u00C4k\u00E4", "k\u00E4", 3, -1, {}, {7, 10}},
         {"\u212Aey \u017FKI", "ski", 0, -1, {}, {6, 10}},
         {"ski \u017Fki SKI", "ski", 1, -1, {}, {4, 8}},
         {"an s\u212AIs kiss", "SKIS", 0, -1, {}, {3, 9}},
         {"sk s\u017Fk", "sSK", 0, -1, {}, {3, 7}},
         {"10 K", "\u212A", 0, -1, {}, {3, 4}},
-        {"10 K", "\u212A", 0, -1, kExact, {kNotFound, kNotFound}},
+        {"\u00E4 sisisk", "sisk", 0, -1, {}, {5, 9}},
         {"stra\u1E9Ee", "stra\u00DFe", 0, -1, {}, {0, 8}},
         {"\u0395\u039D\u03A3 \u03B5\u03BD\u03C2", "\u03B5\u03BD\u03C3", 1, -1, {}, {7, 13}},
         // bytes of no character are found, the insides of characters are not
         {"\u20AC\x82", "\x82", 0, -1, kExact, {3, 4}},
-        {"\u20AC", "\xE2", 0, 1, {}, {kNotFound, kNotFound}},
+        {"\u20AC", "\xE2", 0, 1, {}},
         {"\u20AC\x82", "\x82", 1, -1, {}, {3, 4}},
         {"a\0B\0c"s, "b\0C"s, 0, -1, {}, {2, 5}},
         // words
@@ -53,11 +51,11 @@ TEST(TextSearch, FindsWithinARangeByCaseAndWord) {
         {"gives(x)", "gives(", 0, -1, kWord, {0, 6}},
         {"aaa aa", "aa", 0, -1, kWord, {4, 6}},
         {"sss ss", "ss", 0, -1, kWord, {4, 6}},
-        {"", "a", 0, -1, {}, {kNotFound, kNotFound}},
-        {"a", "", 0, -1, {}, {kNotFound, kNotFound}},
+        {"", "a", 0, -1, {}},
+        {"a", "", 0, -1, {}},
     };
     for (const auto& row : rows) {
-        const TextSearch search(row.find, row.options.matchCase, row.options.wholeWord);
+        const TextSearch search(row.find, row.options.first, row.options.second);
         EXPECT_EQ(search.next(row.text, row.from, row.end), row.found) << row.find << " in " << row.text;
     }
 }
@@ -81,21 +79,18 @@ TEST(TextSearch, FindsAtEveryDistanceFromBothEnds) {
 
 // The fast lane looks for letters by their ASCII spellings: none but these may have others.
 TEST(TextSearch, FindsEveryCharacterThatFoldsToALetter) {
-    std::string text = "#";
+    int found = 0;
     for (char32_t code = 0x80; code <= 0x10FFFF; ++code) {
-        if (code < 0xD800 || code > 0xDFFF) {
-            if (foldCase(code) < 0x80) appendCharacter(text, code);
-        }
+        const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+        if (isSurrogate || foldCase(code) >= 0x80) continue;
+        const char letter = static_cast<char>(foldCase(code));
+        std::string text = "#";
+        appendCharacter(text, code);
+        const auto end = static_cast<Position>(text.size());
+        EXPECT_EQ(TextSearch({&letter, 1}, false).next(text), (TextRange{1, end})) << letter;
+        ++found;
     }
-    for (size_t place = 1; place < text.size();) {
-        const auto character = characterAt(text, place);
-        const char letter = static_cast<char>(foldCase(character.code));
-        const auto end = static_cast<Position>(place + character.length);
-        const TextRange found = TextSearch({&letter, 1}, false).next(text, static_cast<Position>(place));
-        EXPECT_EQ(found, (TextRange{static_cast<Position>(place), end})) << letter;
-        place += character.length;
-    }
-    EXPECT_GT(text.size(), 4U);
+    EXPECT_GT(found, 1);
 }
 
 // Comparing anew at each place would need ages here.

@@ -6,45 +6,19 @@ using namespace klt;
 using namespace std::string_literals;
 
 TEST(Unicode, ValidUtf8) {
-    const struct {
-        std::string text;
-        bool valid;
-    } rows[] = {
-        {"", true},
-        {"a\0b"s, true},
-        {"ä€😀", true},
-        {"\xF4\x8F\xBF\xBF", true},
-        {"\xEF\xBF\xBF", true},
-        {"\x80", false},
-        {"\xC3", false},
-        {"\xE2\x82", false},
-        {"\xF0\x9F\x98", false},
-        {"\xC0\x80", false},          // overlong NUL
-        {"\xE0\x80\xAF", false},      // overlong
-        {"\xF0\x80\x80\xAF", false},  // overlong
-        {"\xED\xA0\x80", false},      // a surrogate
-        {"\xF4\x90\x80\x80", false},  // behind the last character
-        {"\xC3\xA4\xA4", false},
-        {"\xFF", false},
-    };
-    for (const auto& row : rows) {
+    const auto check = [](const std::string& text, bool valid) {
         // In front of the fast path's block, across its end, and behind it.
         for (const size_t before : {0, 1, 63, 64, 65, 127, 200}) {
-            const auto text = std::string(before, 'x') + row.text;
-            EXPECT_EQ(isValidUtf8(text), row.valid) << row.text << " behind " << before;
-            EXPECT_EQ(isValidUtf8(text + std::string(before, 'y')), row.valid)
-                << row.text << " in " << before;
+            const auto all = std::string(before, 'x') + text;
+            EXPECT_EQ(isValidUtf8(all), valid) << text << " behind " << before;
+            EXPECT_EQ(isValidUtf8(all + std::string(before, 'y')), valid) << text << " in " << before;
         }
-    }
-}
-
-TEST(Unicode, Ascii) {
-    for (const size_t place : {0, 1, 63, 64, 100, 129}) {
-        std::string text(130, '\x7F');
-        EXPECT_TRUE(isAscii(text));
-        text[place] = '\x80';
-        EXPECT_FALSE(isAscii(text)) << place;
-    }
+    };
+    for (const auto& text : {""s, "a\0b"s, "ä€😀"s, "\xF4\x8F\xBF\xBF"s, "\xEF\xBF\xBF"s}) check(text, true);
+    // Alone or cut, overlong, a surrogate, behind the last character.
+    for (const auto* text : {"\x80", "\xC3", "\xE2\x82", "\xF0\x9F\x98", "\xC3\xA4\xA4", "\xFF", "\xC0\x80",
+                             "\xE0\x80\xAF", "\xF0\x80\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80"})
+        check(text, false);
 }
 
 TEST(Unicode, CountsCharacters) {
@@ -57,18 +31,16 @@ TEST(Unicode, CountsCharacters) {
 
 TEST(Unicode, UnitsAreCharactersAndLineEnds) {
     const std::string text = "a\r\nä😀\n\r";
-    const struct {
-        size_t place, start, end, next, previous;
-    } rows[] = {
+    const std::array<size_t, 5> rows[] = {
         {0, 0, 0, 1, 0},  {1, 1, 1, 3, 0},     {2, 1, 3, 3, 1},      {3, 3, 3, 5, 1},
         {4, 3, 5, 5, 3},  {5, 5, 5, 9, 3},     {6, 5, 9, 7, 5},      {8, 5, 9, 9, 7},
         {9, 9, 9, 10, 5}, {10, 10, 10, 11, 9}, {11, 11, 11, 11, 10}, {99, 11, 11, 11, 10},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(unitStart(text, row.place), row.start) << row.place;
-        EXPECT_EQ(unitEnd(text, row.place), row.end) << row.place;
-        EXPECT_EQ(nextUnit(text, row.place), row.next) << row.place;
-        EXPECT_EQ(previousUnit(text, row.place), row.previous) << row.place;
+    for (const auto& [place, start, end, next, previous] : rows) {
+        EXPECT_EQ(unitStart(text, place), start) << place;
+        EXPECT_EQ(unitEnd(text, place), end) << place;
+        EXPECT_EQ(nextUnit(text, place), next) << place;
+        EXPECT_EQ(previousUnit(text, place), previous) << place;
     }
 }
 
