@@ -5,8 +5,8 @@
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QTest>
-#include <string>
 
+#include "support/MarkedText.h"
 #include "ui/RichTextBox.h"
 
 namespace klt {
@@ -54,12 +54,8 @@ public:
         event.setCommitString(text);
         QApplication::sendEvent(this, &event);
     }
+
     std::string shown() const { return std::string(Text()); }
-    std::string styles() const {
-        std::string digits;
-        for (Position place = 0; place < Length(); ++place) digits += static_cast<char>('0' + StyleAt(place));
-        return digits;
-    }
 
     int changes = 0;
     int selChanges = 0;
