@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "language/NewDocument.h"
 #include "support/RunKlt.h"
 #include "support/Scratch.h"
