@@ -14,16 +14,8 @@ using enum FindDirection;
 constexpr FindOptions kAny{}, kCase{.matchCase = true}, kWord{.wholeWord = true};
 constexpr Position kNone = kNotFound;
 
-struct Row {
-    FindButton button;
-    FindRequest request;
-    const char* before;
-    Position result;
-    const char* after;
-};
-
 // "0123456789-" stands for the characters that no search touches.
-const Row kRows[] = {
+const std::tuple<FindButton, FindRequest, const char*, Position, const char*> kRows[] = {
     // ranges
     {FindNext, {"ab"}, "0123456789-<>ab ab", 11, "0123456789-<ab> ab"},
     {FindNext, {"ab"}, "0123456789-<ab> ab", 14, "0123456789-ab <ab>"},
@@ -68,12 +60,11 @@ const Row kRows[] = {
 };
 
 TEST(FindText, KeepsToItsRules) {
-    for (const auto& row : kRows) {
-        SCOPED_TRACE(row.request.find + " in " + row.before);
+    for (const auto& [button, request, before, result, after] : kRows) {
         MemoryTextArea area;
-        setMarkedText(area, row.before);
-        EXPECT_EQ(runFind(area, row.button, row.request).result, row.result);
-        EXPECT_EQ(markedText(area), row.after);
+        setMarkedText(area, before);
+        EXPECT_EQ(runFind(area, button, request).result, result) << request.find << " in " << before;
+        EXPECT_EQ(markedText(area), after) << request.find << " in " << before;
     }
 }
 

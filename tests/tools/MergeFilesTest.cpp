@@ -1,7 +1,5 @@
 #include "tools/MergeFiles.h"
 
-#include <gtest/gtest.h>
-
 #include "language/NewDocument.h"
 #include "support/Scratch.h"
 
@@ -11,47 +9,37 @@ namespace {
 class MergeFilesTest : public testing::Test {
 protected:
     ScratchHome home_;
-    const std::string a_ = home_ / "a.klt", b_ = home_ / "b.klt", out_ = home_ / "out.klt";
-    const std::string head_ = std::string(kNewDocumentText) + "\r\n[ADS]\r\n";
+    const std::string a_ = home_ / "a.klt", b_ = home_ / "b.klt";
 };
 
 TEST_F(MergeFilesTest, EncodingsMeetWithoutLoss) {
-    struct Row {
-        const char* a;
-        const char* b;
-        const char* wanted;
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"[ADS]\nx", "[ADS]\ny", "x\r\ny\r\n"},
+        {"[ADS]\n\xC9t\xE9", "\xEF\xBB\xBF[ADS]\n\u00c9t\u00e9\ny", "\xC9t\xE9\r\ny\r\n"},
+        {"[ADS]\n\xC9", "[ADS]\n\u0416", "\u00c9\r\n\u0416\r\n"},
     };
-    for (const auto& row :
-         {Row{"[ADS]\nx", "[ADS]\ny", "x\r\ny\r\n"},
-          Row{"[ADS]\n\xC9t\xE9", "\xEF\xBB\xBF[ADS]\n\u00c9t\u00e9\ny", "\xC9t\xE9\r\ny\r\n"},
-          Row{"[ADS]\n\xC9", "[ADS]\n\u0416", "\u00c9\r\n\u0416\r\n"}}) {
-        writeBytes(a_, row.a);
-        writeBytes(b_, row.b);
-        EXPECT_TRUE(MergeFiles(out_, {a_, home_ / "B.KLT"}).empty());
-        EXPECT_EQ(readBytes(out_), head_ + row.wanted);
+    for (const auto& [a, b, merged] : rows) {
+        writeBytes(a_, a);
+        writeBytes(b_, b);
+        // The output may be an input.
+        EXPECT_TRUE(MergeFiles(b_, {a_, home_ / "B.KLT"}).empty());
+        EXPECT_EQ(readBytes(b_), std::string(kNewDocumentText) + "\r\n[ADS]\r\n" + merged);
     }
 }
 
-TEST_F(MergeFilesTest, TheOutputMayBeAnInput) {
-    writeBytes(a_, "[ADS]\nx");
-    writeBytes(b_, "[ADS]\ny");
-    EXPECT_TRUE(MergeFiles(a_, {b_, a_}).empty());
-    EXPECT_EQ(readBytes(a_), head_ + "y\r\nx\r\n");
-}
-
 TEST_F(MergeFilesTest, WhatFailsIsNamedAndNothingIsWritten) {
+    const auto out = home_ / "out.klt", none = home_ / "none/out.klt", folder = home_.folder().path();
+    const auto failed = [&](const std::string& output, const std::vector<std::string>& files) {
+        std::string all;
+        for (const auto& [path, reason] : MergeFiles(output, files)) all += path + ": " + reason + "\n";
+        return all;
+    };
     writeBytes(a_, "[ADS]\nx");
-    writeBytes(out_, "old");
-    const auto failures = MergeFiles(out_, {b_, a_, home_.folder().path()});
-    ASSERT_EQ(failures.size(), 2);
-    EXPECT_EQ(failures[0].path, b_);
-    EXPECT_EQ(failures[0].reason, "No such file or directory");
-    EXPECT_EQ(failures[1].path, home_.folder().path());
-    EXPECT_EQ(readBytes(out_), "old");
-
-    const auto unwritten = MergeFiles(home_ / "none/out.klt", {a_});
-    ASSERT_EQ(unwritten.size(), 1);
-    EXPECT_EQ(unwritten[0].path, home_ / "none/out.klt");
+    writeBytes(out, "old");
+    EXPECT_EQ(failed(out, {b_, a_, folder}),
+              b_ + ": No such file or directory\n" + folder + ": Is a directory\n");
+    EXPECT_EQ(readBytes(out), "old");
+    EXPECT_EQ(failed(none, {a_}), none + ": No such file or directory\n");
 }
 
 }  // namespace

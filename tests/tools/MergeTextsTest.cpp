@@ -1,28 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <random>
+#include <sstream>
 
 #include "support/MergeFault.h"
+#include "text/LineEnds.h"
 #include "tools/MergeFiles.h"
 
 namespace klt {
 namespace {
 
-// Lines as they are easily written: "\n" for each line end.
-std::string crLf(std::string_view lines) {
-    std::string text;
-    for (const char c : lines) text += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    return text;
-}
-
 TEST(MergeTexts, Rows) {
-    struct Row {
-        const char* name;
-        std::vector<const char*> inputs;
-        const char* wanted;
-    };
-    const std::vector<Row> rows = {
+    const std::tuple<const char*, std::vector<const char*>, const char*> rows[] = {
         {"nothing", {""}, ""},
         {"order of the language, one header each, in any case",
          {"[MODS]\nm\n[ads]\na", "[Ads]\nb\n[AUTHOR]\nme\n", "[ADS]\n[BONUS]"},
@@ -71,59 +60,29 @@ TEST(MergeTexts, Rows) {
          {"[ADS]\n* 1\n<S>\na\n* t\n[MODS]", "[ADS]\n* 2\n<S>\nb\n", "[ADS]\n* 1\n<s>\nc"},
          "[ADS]\n* 1\n<S>\na\n* t\n* 2\nb\nc\n[MODS]\n"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, texts, wanted] : rows) {
         std::vector<std::string> inputs;
-        for (const char* input : row.inputs) inputs.push_back(crLf(input));
+        std::transform(texts.begin(), texts.end(), std::back_inserter(inputs), withCrLf);
         const auto merged = MergeTexts(inputs);
-        EXPECT_EQ(merged, std::string(kNewDocumentText) + crLf("\n") + crLf(row.wanted)) << row.name;
-        EXPECT_EQ(mergeFault(inputs, merged), "") << row.name;
+        EXPECT_EQ(merged, std::string(kNewDocumentText) + "\r\n" + withCrLf(wanted)) << name;
+        EXPECT_EQ(mergeFault(inputs, merged), "") << name;
     }
 }
 
-constexpr std::array kLines = {
-    "Version=2",
-    "* The version information above MUST be the first line of the data file",
-    "",
-    "  ",
-    "* one",
-    " * two",
-    "[ADS]",
-    "[ads] ",
-    "[SKILLS]",
-    "[PACKAGES]",
-    "[PACKAGES]",
-    "[Author]",
-    "[BONUS]",
-    "[FOO]",
-    "[ADS] [DISADS]",
-    "[S",
-    "<Sea>",
-    " <SEA> ",
-    "<\u00c9>",
-    "<\u00e9>",
-    "<cut",
-    "Raft, 5",
-    "raft, 5",
-    "Raft, 5 // good",
-    "Raft, 5,",
-    "Oar, 5, gives(+1 to ST, _",
-    "\tgives(+@INT(2)",
-    "+1 DI:Bad Sight",
-    "a |",
-    "Net, P/A // x,",
-    "{Fisher}",
-    "{Fisher _",
-    " {no}",
-    "{Fisher=Net,",
-    "ADD=SK:Oar .AT. 2",
-    "add=AD:Raft",
-    "EMESSAGE=a .WITH. b",
-    "\t",
-    ",",
-    "_",
-};
+constexpr std::string_view kLines =
+    "Version=2\n* The version information above MUST be the first line of the data file\n"
+    "\n  \n\t\n* one\n * two\n,\n_\n"
+    "[ADS]\n[ads] \n[SKILLS]\n[PACKAGES]\n[PACKAGES]\n[Author]\n[BONUS]\n[FOO]\n[ADS] [DISADS]\n[S\n"
+    "<Sea>\n <SEA> \n<\u00c9>\n<\u00e9>\n<cut\n"
+    "Raft, 5\nraft, 5\nRaft, 5 // good\nRaft, 5,\nNet, P/A // x,\na |\n+1 DI:Bad Sight\n"
+    "Oar, 5, gives(+1 to ST, _\n\tgives(+@INT(2)\n"
+    "{Fisher}\n{Fisher _\n {no}\n{Fisher=Net,\n"
+    "ADD=SK:Oar .AT. 2\nadd=AD:Raft\nEMESSAGE=a .WITH. b\n";
 
 TEST(MergeTexts, NoLineIsLostOrMadeUp) {
+    std::vector<std::string> lines;
+    std::istringstream all{std::string(kLines)};
+    for (std::string line; std::getline(all, line);) lines.push_back(line);
     std::minstd_rand random(7);
     const auto below = [&](size_t count) { return random() % count; };
     for (int round = 0; round < 3000; ++round) {
@@ -131,7 +90,7 @@ TEST(MergeTexts, NoLineIsLostOrMadeUp) {
         for (auto& input : inputs) {
             for (auto count = below(30); count > 0; --count) {
                 if (!input.empty()) input += "\r\n";
-                input += kLines[below(kLines.size())];
+                input += lines[below(lines.size())];
             }
         }
         const auto merged = MergeTexts(inputs);
