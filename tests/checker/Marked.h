@@ -3,22 +3,13 @@
 #include <string>
 #include <string_view>
 
-#include "language/StyledText.h"
+#include "checker/DocumentPass.h"
+#include "text/LineEnds.h"
 
 namespace klt::test {
 
 /// One letter for each category, in their order.
 inline constexpr std::string_view kMarks = "-fksm*hSgtp!v";
-
-/// Text with CR LF for each LF.
-inline std::string withLineEnds(std::string_view text) {
-    std::string result;
-    for (const char c : text) {
-        if (c == '\n') result += '\r';
-        result += c;
-    }
-    return result;
-}
 
 inline std::string markRun(std::string_view before, std::string_view after, StyleCategory style) {
     std::string run(after);
@@ -28,7 +19,8 @@ inline std::string markRun(std::string_view before, std::string_view after, Styl
 }
 
 /// The text after a check with each run as "«k To←to»": the letter of its style, the text as it is, and
-/// behind the arrow the text as it was, if a rewrite changed it. Text in `Normal Text` stands bare.
+/// behind the arrow the text as it was, if a rewrite changed it. Text in `Normal Text` stands bare. Line ends
+/// are LF.
 inline std::string marked(std::string_view before, const StyledText& after) {
     std::string result;
     const auto text = after.text();
@@ -45,7 +37,21 @@ inline std::string marked(std::string_view before, const StyledText& after) {
         result += markRun(before.substr(i, j - i), text.substr(i, j - i), static_cast<StyleCategory>(style));
         i = j;
     }
+    std::erase(result, '\r');
     return result;
+}
+
+/// What `check` makes of a text.
+template <typename Check>
+std::string markedAfter(std::string_view lines, Check check) {
+    const auto text = withCrLf(lines);
+    StyledText styled(text);
+    check(styled);
+    return marked(text, styled);
+}
+
+inline std::string checkedDocument(std::string_view lines, CheckerState& state, ErrorRuns* errors = nullptr) {
+    return markedAfter(lines, [&](StyledText& text) { CheckDocument(text, state, nullptr, errors); });
 }
 
 }  // namespace klt::test

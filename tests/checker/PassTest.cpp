@@ -2,48 +2,33 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "Marked.h"
-#include "checker/DocumentPass.h"
 
 namespace klt::test {
 namespace {
 
-std::string checkedDocument(std::string_view lines, CheckerState& state, ErrorRuns* errors = nullptr) {
-    const auto text = withLineEnds(lines);
-    StyledText styled(text);
-    CheckDocument(styled, state, nullptr, errors);
-    auto result = marked(text, styled);
-    std::erase(result, '\r');
-    return result;
-}
-
 TEST(Pass, KindsOfLines) {
-    struct Row {
-        const char* lines;
-        const char* wanted;
+    const std::pair<const char*, const char*> rows[] = {
+        {"version=2", "«v Version=2←version=2»"},
+        {" Version=2", " Version=2"},
+        {"  * a // b", "«*   * a // b»"},
+        {"*[ADS]", "«* *[ADS]»"},
+        {" [ads] ", "«S  [ADS] ← [ads] »"},
+        {"[ADS] x", "«! [ADS] x»"},
+        {"[ADS] [DISADS]\na, page(x)", "«S [ADS] [DISADS]»\n«! a, page(x)»"},
+        {"[s\na, 5", "«S [S←[s»\na, 5"},
+        {" <a> ", "«g  <a> »"},
+        {"<a", "«! <a»"},
+        {"// a", "«* // a»"},
+        {"{a}", "{a}"},
+        {"[packages]\n{a _\n}", "«S [PACKAGES]←[packages]»\n«h {a _\n}»"},
+        {"[ads]\na, _\n  5x", "«S [ADS]←[ads]»\na,«!  _\n  5x»"},
+        {"[ads]\na,\n*b", "«S [ADS]←[ads]»\na«! ,\n*b»"},
+        {"[ads]\na, 5x //,\n(", "«S [ADS]←[ads]»\na,«!  5x »«* //,»\n«! (»"},
     };
-    for (const auto& row : {
-             Row{"version=2", "«v Version=2←version=2»"},
-             Row{" Version=2", " Version=2"},
-             Row{"  * a // b", "«*   * a // b»"},
-             Row{"*[ADS]", "«* *[ADS]»"},
-             Row{" [ads] ", "«S  [ADS] ← [ads] »"},
-             Row{"[ADS] x", "«! [ADS] x»"},
-             Row{"[ADS] [DISADS]\na, page(x)", "«S [ADS] [DISADS]»\n«! a, page(x)»"},
-             Row{"[s\na, 5", "«S [S←[s»\na, 5"},
-             Row{" <a> ", "«g  <a> »"},
-             Row{"<a", "«! <a»"},
-             Row{"// a", "«* // a»"},
-             Row{"{a}", "{a}"},
-             Row{"[packages]\n{a _\n}", "«S [PACKAGES]←[packages]»\n«h {a _\n}»"},
-             Row{"[ads]\na, _\n  5x", "«S [ADS]←[ads]»\na,«!  _\n  5x»"},
-             Row{"[ads]\na,\n*b", "«S [ADS]←[ads]»\na«! ,\n*b»"},
-             Row{"[ads]\na, 5x //,\n(", "«S [ADS]←[ads]»\na,«!  5x »«* //,»\n«! (»"},
-         }) {
+    for (const auto& [lines, wanted] : rows) {
         CheckerState state;
-        EXPECT_EQ(checkedDocument(row.lines, state), row.wanted) << row.lines;
+        EXPECT_EQ(checkedDocument(lines, state), wanted) << lines;
     }
 }
 
@@ -74,7 +59,7 @@ TEST(Pass, ReportsHeadersAndSteps) {
         void StepIt(Position line) override { all += std::to_string(line) + "\n"; }
     } heard;
     CheckerState state;
-    StyledText styled(withLineEnds("\n[ADS]\n <b> \na,\n\nc, 5,\n 6\n* d\n<e\n[f]\ng"));
+    StyledText styled(withCrLf("\n[ADS]\n <b> \na,\n\nc, 5,\n 6\n* d\n<e\n[f]\ng"));
     CheckDocument(styled, state, &heard);
     EXPECT_EQ(heard.all, "[ADS] (none)\n[ADS] <b>\n4\n6\n10\n");
 }
@@ -103,67 +88,48 @@ TEST(Pass, CountsParenthesesOfAnyNumber) {
 
 // Where an @function runs off the text its scanner starts over in front of the line, and may colour there.
 TEST(Pass, TellsWhatIsSettled) {
-    // The keyword of 19 letters reaches back to the last byte of the ship.
-    constexpr const char* kBefore = "* A line above \xF0\x9F\x9A\xA2sixteen letters.\n";
-    struct Row {
-        const char* name;
-        const char* lines;
-        const char* start;
+    const std::tuple<const char*, std::string, const char*> rows[] = {
+        {"the error of a tag", "[stats]\n", "a, symbol(a)), symbol(b)), basevalue(@INT(5"},
+        {"a keyword", "[ads]\n", "+a, 5, page(a)), page(b)), upto(PhysicalSkillPoints@INT(1"},
     };
-    for (const auto& row : {
-             Row{"the error of a tag", "[stats]\n", "a, symbol(a)), symbol(b)), basevalue(@INT(5"},
-             Row{"a keyword", "[ads]\n", "+a, 5, page(a)), page(b)), upto(PhysicalSkillPoints@INT(1"},
-         }) {
-        const auto text = withLineEnds(std::string(row.lines) + kBefore + row.start);
-        StyledText whole(text);
+    for (const auto& [name, section, line] : rows) {
+        // The keyword of 19 letters reaches back to the last byte of the ship.
+        const auto text = withCrLf(section + "* A line above \xF0\x9F\x9A\xA2sixteen letters.\n" + line);
+        StyledText whole(text), sliced(text);
         CheckerState state;
         CheckDocument(whole, state);
         const auto lastLine = text.rfind('\n') + 1;
-        ASSERT_NE(whole.styles()[lastLine - 3], static_cast<char>(StyleCategory::Comments)) << row.name;
+        ASSERT_NE(whole.styles()[lastLine - 3], static_cast<char>(StyleCategory::Comments)) << name;
 
-        StyledText sliced(text);
         DocumentPass pass(sliced, state);
         pass.advance(2);
-        ASSERT_EQ(pass.position(), static_cast<Position>(lastLine)) << row.name;
+        ASSERT_EQ(pass.position(), static_cast<Position>(lastLine)) << name;
         const auto settled = static_cast<size_t>(pass.settledEnd());
-        EXPECT_GT(settled + 30, lastLine) << row.name;
-        EXPECT_EQ(sliced.styles().substr(0, settled), whole.styles().substr(0, settled)) << row.name;
+        EXPECT_GT(settled + 30, lastLine) << name;
+        EXPECT_EQ(sliced.styles().substr(0, settled), whole.styles().substr(0, settled)) << name;
     }
 }
 
-TEST(Pass, PreviewKnowsNoHeaders) {
-    struct Row {
-        const char* lines;
-        const char* wanted;
+TEST(Pass, PreviewKnowsNoHeadersAndStaysInItsRange) {
+    const std::tuple<const char*, Position, Position, const char*> rows[] = {
+        {"[ads]\n+1 SK:a", 0, 99, "«! [ads]»\n«m +»1 «p SK:»a"},
+        {"* a\nversion=2", 0, 99, "«* * a»\n«v Version=2←version=2»"},
+        // The line right after the first is not empty, and so an empty one is joined.
+        {"+1 a_\nb_\n\n+2 c,", 0, 99, "«m +»1 a_\nb_\n\n«! +2 c,»"},
+        {"+1 a_\n\n+2 c,", 0, 99, "«m +»1 a_\n\n«! +2 c,»"},
+        {"+1 SK:a\n+1 SK:b\n+1 SK:c", 9, 16, "+1 SK:a\n«m +»1 «p SK:»b\n+1 SK:c"},
+        // What begins in the middle of a line is laid from the line's start.
+        {"+1 SK:a\n+1 SK:b\n+1 SK:c", 10, 25, "+1 SK:a\n+1«p  SK»:b\n«m +»1 «p SK:»c"},
+        {"+1 SK:a", 5, 5, "+1 SK:a"},
+        {"+1 SK:a", 30, 99, "+1 SK:a"},
     };
-    for (const auto& row : {
-             Row{"[ads]\n+1 SK:a", "«! [ads]»\n«m +»1 «p SK:»a"},
-             Row{"* a\nversion=2", "«* * a»\n«v Version=2←version=2»"},
-             // The line right after the first is not empty, and so an empty one is joined.
-             Row{"+1 a_\nb_\n\n+2 c,", "«m +»1 a_\nb_\n\n«! +2 c,»"},
-             Row{"+1 a_\n\n+2 c,", "«m +»1 a_\n\n«! +2 c,»"},
-         }) {
+    for (const auto& [lines, from, to, wanted] : rows) {
         CheckerState state;
         state.functionStack.reset();
         state.SetCurrentSection("[BONUS]");
-        const auto text = withLineEnds(row.lines);
-        StyledText styled(text);
-        CheckRange(styled, state, 0, styled.size());
-        auto result = marked(text, styled);
-        std::erase(result, '\r');
-        EXPECT_EQ(result, row.wanted) << row.lines;
+        const auto check = [&, from = from, to = to](StyledText& text) { CheckRange(text, state, from, to); };
+        EXPECT_EQ(markedAfter(lines, check), wanted) << lines;
     }
-}
-
-TEST(Pass, PreviewStaysInItsRange) {
-    CheckerState state;
-    state.SetCurrentSection("[BONUS]");
-    const auto text = withLineEnds("+1 SK:a\n+1 SK:b\n+1 SK:c");
-    StyledText styled(text);
-    CheckRange(styled, state, 9, 16);
-    EXPECT_EQ(marked(text, styled), withLineEnds("+1 SK:a\n«m +»1 «p SK:»b\n+1 SK:c"));
-    CheckRange(styled, state, 5, 5);
-    CheckRange(styled, state, 30, 99);
 }
 
 }  // namespace
