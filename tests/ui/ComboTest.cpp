@@ -43,12 +43,6 @@ protected:
                          false);
         QApplication::sendEvent(&over, &turn);
     }
-    void clickInList(int item) {
-        combo.showPopup();
-        auto& view = *combo.view();
-        const auto place = view.visualRect(view.model()->index(item, 0)).center();
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
-    }
     void paste(const QString& text) {
         QApplication::clipboard()->setText(text);
         QTest::keyClick(&combo, Qt::Key_V, Qt::ControlModifier);
@@ -62,37 +56,36 @@ protected:
 };
 
 TEST_F(ComboTest, TellsOfChoicesInTheListAlone) {
-    const struct {
-        const char* name;
-        std::function<void()> act;
-        const char* chosen;
-        const char* text;
-    } rows[] = {
+    const auto clickInList = [&](int item) {
+        combo.showPopup();
+        const auto place = combo.view()->visualRect(combo.model()->index(item, 0)).center();
+        QTest::mouseClick(combo.view()->viewport(), Qt::LeftButton, {}, place);
+    };
+    const auto enterInList = [&] {
+        QTest::keyClick(&combo, Qt::Key_Down, Qt::AltModifier);
+        for (const auto which : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Return})
+            QTest::keyClick(combo.view(), which);
+    };
+    const std::tuple<const char*, std::function<void()>, const char*, const char*> rows[] = {
         {"Enter on a typed item", [&] { type("two"), key(Qt::Key_Return); }, "", "two"},
         {"leaving a typed item", [&] { type("two"), other.setFocus(); }, "", "two"},
         {"arrows", [&] { key(Qt::Key_Down), key(Qt::Key_Down), key(Qt::Key_Up); }, "010", "one"},
         {"wheel", [&] { wheel(combo); }, "0", "one"},
         {"wheel from outside", [&] { other.setFocus(), wheel(combo); }, "", ""},
         {"click in the list", [&] { clickInList(2); }, "2", "three"},
-        {"Enter in the list",
-         [&] {
-             QTest::keyClick(&combo, Qt::Key_Down, Qt::AltModifier);
-             for (const auto which : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Return})
-                 QTest::keyClick(combo.view(), which);
-         },
-         "1", "two"},
+        {"Enter in the list", enterInList, "1", "two"},
         {"letters in a list", [&] { list.setFocus(), QTest::keyClicks(&list, "th"); }, "12", ""},
         {"wheel over a list", [&] { list.setFocus(), list.setCurrentIndex(0), wheel(list); }, "1", ""},
         {"wheel over a list from outside", [&] { wheel(list); }, "", ""},
     };
     EXPECT_FALSE(combo.focusPolicy() & (Qt::WheelFocus & ~Qt::StrongFocus)) << "the wheel takes no focus";
-    for (const auto& row : rows) {
+    for (const auto& [name, act, items, text] : rows) {
         combo.setCurrentIndex(-1);
         combo.setFocus();
         chosen.clear();
-        row.act();
-        EXPECT_EQ(chosen, row.chosen) << row.name;
-        EXPECT_EQ(combo.currentText(), row.text) << row.name;
+        act();
+        EXPECT_EQ(chosen, items) << name;
+        EXPECT_EQ(combo.currentText(), text) << name;
     }
 }
 

@@ -19,18 +19,12 @@ using namespace klt;
 
 namespace {
 
-std::string repeated(int times, std::string_view piece) {
-    std::string text;
-    while (times-- > 0) text += piece;
-    return text;
+std::string repeated(int times, const char* piece) {
+    return QByteArray(piece).repeated(times).toStdString();
 }
 
 TEST(MessageBoxTest, StaysInsideTheScreenWithItsWholeText) {
-    const struct {
-        const char* name;
-        std::string text;
-        bool scrolls;
-    } rows[] = {
+    const std::tuple<const char*, std::string, bool> rows[] = {
         {"short", "Invalid Entry!", false},
         {"some lines", repeated(12, "a line\n"), false},
         {"no place to break", repeated(20'000, "x"), true},
@@ -39,14 +33,16 @@ TEST(MessageBoxTest, StaysInsideTheScreenWithItsWholeText) {
         {"many lines", repeated(400, "a line\n"), true},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+        const auto& text = std::get<1>(row);
+        const bool scrolls = std::get<2>(row);
+        SCOPED_TRACE(std::get<0>(row));
         QWidget owner;
         owner.setGeometry(100, 100, 400, 300);
         owner.show();
         bool answered = false;
         QTimer::singleShot(0, [&] {
             auto& box = dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget());
-            EXPECT_EQ(box.text(), toQString(row.text));
+            EXPECT_EQ(box.text(), toQString(text));
             const QRect screen = box.screen()->availableGeometry();
             EXPECT_TRUE(screen.contains(box.frameGeometry()));
             auto* const button = box.button(QMessageBox::Ok);
@@ -54,17 +50,16 @@ TEST(MessageBoxTest, StaysInsideTheScreenWithItsWholeText) {
             EXPECT_EQ(box.focusWidget(), button);
             const auto* const view = box.findChild<QTextEdit*>();
             EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->isVisible(), view == nullptr);
-            EXPECT_EQ(view != nullptr, row.scrolls);
+            EXPECT_EQ(view != nullptr, scrolls);
             if (view) {
-                const auto shown = view->toPlainText().remove('\n');
-                EXPECT_EQ(shown, box.text().remove('\n'));
-                EXPECT_TRUE(view->verticalScrollBar()->maximum() > 0);
+                EXPECT_EQ(view->toPlainText().remove('\n'), box.text().remove('\n'));
+                EXPECT_GT(view->verticalScrollBar()->maximum(), 0);
                 EXPECT_EQ(view->horizontalScrollBar()->maximum(), 0);
             }
             QTest::keyClick(box.focusWidget(), Qt::Key_Enter);
             answered = true;
         });
-        EXPECT_EQ(MessageBox(&owner, row.text, MessageIcon::Exclamation, "title"), QMessageBox::Ok);
+        EXPECT_EQ(MessageBox(&owner, text, MessageIcon::Exclamation, "title"), QMessageBox::Ok);
         EXPECT_TRUE(answered);
     }
 }

@@ -5,19 +5,15 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
-#include <QApplication>
 #include <QClipboard>
 #include <QDialog>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPushButton>
-#include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <functional>
 
 #include "support/Box.h"
-#include "text/TextAreaGuards.h"
 
 using namespace klt;
 using namespace std::string_literals;
@@ -34,54 +30,46 @@ QString clipboard() {
     return QGuiApplication::clipboard()->text();
 }
 
-TEST(RichTextBox, KeysWriteAndTakeLineEndsAsOne) {
-    const std::tuple<const char*, const char*, Position, int, const char*> rows[] = {
-        {"letter", "ab", 1, Qt::Key_X, "ax<>b"},
-        {"enter", "ab", 1, Qt::Key_Return, "a\r\n<>b"},
-        {"keypad enter", "ab", 1, Qt::Key_Enter, "a\r\n<>b"},
-        {"tab", "ab", 1, Qt::Key_Tab, "a\t<>b"},
-        {"tab at a line's start", "  ab", 0, Qt::Key_Tab, "\t<>  ab"},
-        {"right", "a\r\nb", 1, Qt::Key_Right, "a\r\n<>b"},
-        {"left", "a\r\nb", 3, Qt::Key_Left, "a<>\r\nb"},
-        {"backspace", "a\r\nb", 3, Qt::Key_Backspace, "a<>b"},
-        {"delete", "a\r\nb", 1, Qt::Key_Delete, "a<>b"},
-        {"backspace over a character", "\u20ACb", 3, Qt::Key_Backspace, "<>b"},
-        {"delete of a lone byte", "\xE2\x82z", 0, Qt::Key_Delete, "<>\x82z"},
-        {"backspace at the start", "a", 0, Qt::Key_Backspace, "<>a"},
-        {"delete at the end", "a", 1, Qt::Key_Delete, "a<>"},
-        {"down", "abc\r\nde", 2, Qt::Key_Down, "abc\r\nde<>"},
+TEST(RichTextBox, KeysDoWhatOneExpectsAndTakeLineEndsAsOne) {
+    const Qt::KeyboardModifiers none, ctrl = kCtrl, shift = kShift, both = kCtrl | kShift;
+    const std::tuple<std::string, Qt::KeyboardModifiers, int, const char*, const char*> rows[] = {
+        {"letter", none, Qt::Key_X, "a<>b", "ax<>b"},
+        {"enter", none, Qt::Key_Return, "a<>b", "a\r\n<>b"},
+        {"keypad enter", none, Qt::Key_Enter, "a<>b", "a\r\n<>b"},
+        {"tab", none, Qt::Key_Tab, "a<>b", "a\t<>b"},
+        {"tab at a line's start", none, Qt::Key_Tab, "<>  ab", "\t<>  ab"},
+        {"right", none, Qt::Key_Right, "a<>\r\nb", "a\r\n<>b"},
+        {"left", none, Qt::Key_Left, "a\r\n<>b", "a<>\r\nb"},
+        {"down", none, Qt::Key_Down, "ab<>c\r\nde", "abc\r\nde<>"},
+        {"backspace", none, Qt::Key_Backspace, "a\r\n<>b", "a<>b"},
+        {"backspace over a character", none, Qt::Key_Backspace, "\u20AC<>b", "<>b"},
+        {"backspace at the start", none, Qt::Key_Backspace, "<>a", "<>a"},
+        {"delete", none, Qt::Key_Delete, "a<>\r\nb", "a<>b"},
+        {"delete of a lone byte", none, Qt::Key_Delete, "<>\xE2\x82z", "<>\x82z"},
+        {"delete at the end", none, Qt::Key_Delete, "a<>", "a<>"},
+        {"select all", ctrl, Qt::Key_A, "one <two> three", "<one two three>"},
+        {"cut", ctrl, Qt::Key_X, "one <two> three", "one <> three"},
+        {"cut", shift, Qt::Key_Delete, "one <two> three", "one <> three"},
+        {"paste", ctrl, Qt::Key_V, "one <two> three", "one PASTED<> three"},
+        {"paste", shift, Qt::Key_Insert, "one <two> three", "one PASTED<> three"},
+        {"copy", ctrl, Qt::Key_C, "one <two> three", "one <two> three"},
+        {"word left", both, Qt::Key_Left, "one <two> three", "one <>two three"},
+        {"word right", both, Qt::Key_Right, "one <two> three", "one <two >three"},
+        {"to the end", both, Qt::Key_End, "one <two> three", "one <two three>"},
+        {"delete the selection", ctrl, Qt::Key_Delete, "one <two> three", "one <> three"},
+        {"delete the selection", ctrl, Qt::Key_Backspace, "one <two> three", "one <> three"},
+        {"delete a word", ctrl, Qt::Key_Backspace, "one <>two", "<>two"},
+        {"delete a word", ctrl, Qt::Key_Delete, "<>two", "<>"},
     };
-    for (const auto& [what, text, caret, key, after] : rows) {
-        Box box(Kind::Document, text);
-        box.SetSelStart(caret);
-        box.key(key);
-        EXPECT_EQ(markedText(box), after) << what;
-        EXPECT_EQ(box.changes, box.Text() == text ? 0 : 1) << what;
-    }
-}
-
-TEST(RichTextBox, ChordsDoWhatOneExpects) {
-    const std::tuple<std::string, int, Qt::KeyboardModifiers, const char*, const char*> rows[] = {
-        {"select all", Qt::Key_A, kCtrl, "one <two> three", "<one two three>"},
-        {"cut", Qt::Key_X, kCtrl, "one <two> three", "one <> three"},
-        {"cut", Qt::Key_Delete, kShift, "one <two> three", "one <> three"},
-        {"paste", Qt::Key_V, kCtrl, "one <two> three", "one PASTED<> three"},
-        {"paste", Qt::Key_Insert, kShift, "one <two> three", "one PASTED<> three"},
-        {"copy", Qt::Key_C, kCtrl, "one <two> three", "one <two> three"},
-        {"word left", Qt::Key_Left, kCtrl | kShift, "one <two> three", "one <>two three"},
-        {"word right", Qt::Key_Right, kCtrl | kShift, "one <two> three", "one <two >three"},
-        {"to the end", Qt::Key_End, kCtrl | kShift, "one <two> three", "one <two three>"},
-        {"delete the selection", Qt::Key_Delete, kCtrl, "one <two> three", "one <> three"},
-        {"delete the selection", Qt::Key_Backspace, kCtrl, "one <two> three", "one <> three"},
-        {"delete a word", Qt::Key_Backspace, kCtrl, "one <>two", "<>two"},
-        {"delete a word", Qt::Key_Delete, kCtrl, "<>two", "<>"},
-    };
-    for (const auto& [what, key, modifiers, before, after] : rows) {
+    for (const auto& [what, modifiers, key, before, after] : rows) {
         setClipboard("PASTED");
-        Box box(Kind::Document);
+        Box box;
         setMarkedText(box, before);
+        const auto text = box.shown();
+        box.changes = 0;
         box.key(key, modifiers);
         EXPECT_EQ(markedText(box), after) << what;
+        EXPECT_EQ(box.changes, box.Text() == text ? 0 : 1) << what;
         EXPECT_EQ(clipboard(), what == "copy" || what == "cut" ? "two" : "PASTED") << what;
     }
 }
@@ -170,18 +158,16 @@ TEST(RichTextBox, AroundAProtectedRunOneEditsFreely) {
     box.ColourRun(2, 7, 4, true);
     box.SetSelStart(2);
     box.key(Qt::Key_Backspace);
-    EXPECT_EQ(box.Text(), "a[RUN]cd");
+    EXPECT_EQ(markedText(box), "a<>[RUN]cd");
     box.key(Qt::Key_Z, kCtrl);
     EXPECT_EQ(box.Text(), "ab[RUN]cd");
     box.SetSelStart(7);
-    box.key(Qt::Key_X);
-    box.key(Qt::Key_Y);
-    EXPECT_EQ(box.Text(), "ab[RUN]xycd");
+    QTest::keyClicks(&box, "xy");
     EXPECT_EQ(styleDigits(box), "00444440000");
     box.key(Qt::Key_Home);
     for (int step = 0; step < 4; ++step) box.key(Qt::Key_Right);
-    EXPECT_EQ(box.SelStart(), 4) << "the caret walks through";
     box.key(Qt::Key_End, kShift);
+    EXPECT_EQ(markedText(box), "ab[R<UN]xycd>") << "the caret walks through";
     box.key(Qt::Key_C, kCtrl);
     EXPECT_EQ(clipboard(), "UN]xycd");
     EXPECT_TRUE(box.dropText("D\nE", 0));
@@ -269,8 +255,7 @@ TEST(RichTextBox, AFieldLeavesItsWindowsKeysAlone) {
     field->setFocus();
     ASSERT_TRUE(QTest::qWaitFor([&] { return field->hasFocus(); }));
 
-    EXPECT_EQ(field->height(), std::max(next->sizeHint().height(), field->height()));
-    EXPECT_LE(field->height(), next->sizeHint().height() + 4) << "as high as a line edit";
+    EXPECT_NEAR(field->height(), next->sizeHint().height() + 2, 2) << "as high as a line edit";
     QTest::keyClicks(field, "one");
     QTest::keyClick(field, Qt::Key_Return);
     QTest::keyClick(field, Qt::Key_Enter);
@@ -332,8 +317,8 @@ TEST(RichTextBox, OnlyDocumentsZoom) {
     for (const auto kind : {Kind::Document, Kind::Preview, Kind::Field}) {
         const bool zooms = kind == Kind::Document;
         Box box(kind, "text");
-        const auto zoom = [&box = box] { return box.SendScintilla(Box::SCI_GETZOOM); };
-        const auto wheel = [&box = box](int delta) {
+        const auto zoom = [&] { return box.SendScintilla(Box::SCI_GETZOOM); };
+        const auto wheel = [&](int delta) {
             QWheelEvent event({5, 5}, box.mapToGlobal(QPointF(5, 5)), {}, {0, delta}, {}, kCtrl,
                               Qt::NoScrollPhase, false);
             QApplication::sendEvent(box.viewport(), &event);
@@ -376,7 +361,6 @@ TEST(RichTextBox, TakesFontsAndLooks) {
     EXPECT_EQ(ask(Box::SCI_STYLEGETSIZEFRACTIONAL, 11), 900);
     box.setTextFont(documentFont());
     EXPECT_EQ(ask(Box::SCI_STYLEGETSIZEFRACTIONAL, 0), 1000);
-    EXPECT_EQ(ask(Box::SCI_STYLEGETFORE, 11), 0x0000FF);
 }
 
 TEST(RichTextBox, IsReadThroughProperties) {
