@@ -15,7 +15,7 @@
 
 namespace klt {
 
-/// What a text holds, told apart by walking over its lines: to hold merged texts against their inputs.
+/// What texts hold, told apart by walking over their lines: to hold merged texts against their inputs.
 class MergeContent {
 public:
     /// A logical line, a package or an author's block, with its colours.
@@ -28,11 +28,25 @@ public:
     /// By section and subsection, in upper case.
     std::map<std::string, std::vector<Item>> items;
     std::map<std::string, std::multiset<std::string>> comments;
-    std::vector<std::string> sections;
+    std::multiset<std::string> sections;
 
-    explicit MergeContent(std::string_view text) {
+    /// `once`: an item that may not repeat is taken once only.
+    explicit MergeContent(bool once) : once_(once) {}
+    void read(std::string_view text) {
+        section_ = subsection_ = "";
         for (size_t start = 0; start < text.size();) start = step(text, start);
         endBlock();
+    }
+    /// All blocks of authors as one, as which they are read back.
+    void joinAuthors() {
+        const auto found = items.find("[AUTHOR]\n");
+        if (found == items.end()) return;
+        Item all;
+        for (const auto& block : found->second) {
+            all.text += block.text;
+            all.styles += block.styles;
+        }
+        found->second = {all};
     }
 
 private:
@@ -56,7 +70,7 @@ private:
         if (kind == LineKind::SectionHeader && isSectionHeader(name)) {
             endBlock();
             subsection_.clear();
-            sections.push_back(section_ = name);
+            sections.insert(section_ = name);
             if (section_ == "[AUTHOR]") isOpen_ = true;
         } else if (section_ == "[AUTHOR]") {
             extend(kind, line);
@@ -71,7 +85,7 @@ private:
             if (kind == LineKind::PackageHeader || isOpen_) return extend(kind, line);
             endBlock();
             const auto zone = section_ == "[PACKAGES]" ? "\nfront" : "";
-            items[place(zone)].push_back({ended(kind, line), styles(line), kind != LineKind::Item});
+            take(place(zone), {ended(kind, line), styles(line), kind != LineKind::Item});
         }
     }
 
@@ -83,8 +97,14 @@ private:
         block_.styles += styles(line);
     }
 
+    void take(const std::string& place, const Item& item) {
+        auto& all = items[place];
+        if (!once_ || item.mayRepeat || std::find(all.begin(), all.end(), item) == all.end())
+            all.push_back(item);
+    }
+
     void endBlock() {
-        if (!block_.text.empty()) items[place("")].push_back(block_);
+        if (!block_.text.empty()) take(place(""), block_);
         block_ = {};
         isOpen_ = false;
         for (const auto& line : waiting_) comments[section_].insert(line);
@@ -110,6 +130,7 @@ private:
 
     std::string place(const char* zone) const { return section_ + "\n" + subsection_ + zone; }
 
+    bool once_;
     std::string section_, subsection_;
     std::vector<std::string> waiting_;
     Item block_;
@@ -119,45 +140,18 @@ private:
 /// What is wrong with a merged text; empty where nothing is.
 inline std::string mergeFault(const std::vector<std::string>& inputs, std::string_view output) {
     if (!output.starts_with(std::string(kNewDocumentText) + "\r\n")) return "the head";
-    const MergeContent merged(output);
-    std::map<std::string, std::vector<MergeContent::Item>> wanted;
-    std::map<std::string, std::multiset<std::string>> comments;
-    std::set<std::string> sections;
-    for (const auto& input : inputs) {
-        const MergeContent content(input);
-        sections.insert(content.sections.begin(), content.sections.end());
-        for (const auto& [section, lines] : content.comments)
-            comments[section].insert(lines.begin(), lines.end());
-        for (const auto& [place, items] : content.items) {
-            auto& all = wanted[place];
-            for (const auto& item : items) {
-                if (!item.mayRepeat && std::find(all.begin(), all.end(), item) != all.end()) continue;
-                all.push_back(item);
-            }
-        }
-    }
-    // The blocks of several authors look like one.
-    for (auto& block : wanted["[AUTHOR]\n"]) {
-        auto& first = wanted["[AUTHOR]\n"].front();
-        if (&block == &first) continue;
-        first.text += block.text;
-        first.styles += block.styles;
-    }
-    if (wanted["[AUTHOR]\n"].empty())
-        wanted.erase("[AUTHOR]\n");
-    else
-        wanted["[AUTHOR]\n"].resize(1);
-    if (merged.items != wanted) return "the items";
-    if (merged.sections.size() != sections.size() ||
-        std::set(merged.sections.begin(), merged.sections.end()) != sections)
-        return "the sections";
-    for (const auto& [section, lines] : comments) {
-        const auto found = merged.comments.find(section);
-        if (found == merged.comments.end()) return "the comments are gone";
-        if (!std::includes(lines.begin(), lines.end(), found->second.begin(), found->second.end()))
+    MergeContent wanted(true), merged(false);
+    for (const auto& input : inputs) wanted.read(input);
+    merged.read(output);
+    wanted.joinAuthors();
+    if (merged.items != wanted.items) return "the items";
+    const auto distinct = [](const auto& lines) { return std::set(lines.begin(), lines.end()); };
+    if (!std::ranges::equal(merged.sections, distinct(wanted.sections))) return "the sections";
+    for (const auto& [section, lines] : wanted.comments) {
+        const auto& found = merged.comments[section];
+        if (!std::includes(lines.begin(), lines.end(), found.begin(), found.end()))
             return "a comment is made up";
-        if (std::set(lines.begin(), lines.end()) != std::set(found->second.begin(), found->second.end()))
-            return "a comment is lost";
+        if (distinct(lines) != distinct(found)) return "a comment is lost";
     }
     return {};
 }
