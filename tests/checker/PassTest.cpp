@@ -7,7 +7,7 @@
 namespace klt::test {
 namespace {
 
-TEST(Pass, KindsOfLines) {
+TEST(Pass, LinesThatNoGoldenShows) {
     const std::pair<const char*, const char*> rows[] = {
         {"version=2", "«v Version=2←version=2»"},
         {" Version=2", " Version=2"},
@@ -25,6 +25,26 @@ TEST(Pass, KindsOfLines) {
         {"[ads]\na, _\n  5x", "«S [ADS]←[ads]»\na,«!  _\n  5x»"},
         {"[ads]\na,\n*b", "«S [ADS]←[ads]»\na«! ,\n*b»"},
         {"[ads]\na, 5x //,\n(", "«S [ADS]←[ads]»\na,«!  5x »«* //,»\n«! (»"},
+        {"[ADS]\na, 5, (x)", "«S [ADS]»\n«! a, 5, (x)»"},
+        {"[ADS]\na,\n\nb, 5x", "«S [ADS]»\na,\n\nb,«!  5x»"},
+        // A byte that belongs to no character.
+        {"[SKILLS]\na,\x80, page(a)", "«S [SKILLS]»\na«! ,\x80,» «t page(»a«t )»"},
+        {"[STATS]\na, maxscore((1+2)*3), minscore(a,b), step()",
+         "«S [STATS]»\na, «t maxscore(»(1«m +»2)«m *»3«t )», «! minscore(a,b)», «! step()»"},
+        {"[STATS]\na, round(), display((x)y), symbol(z)",
+         "«S [STATS]»\na, «t round()», «! display((x)y)», «t symbol(»z«t )»"},
+        {"[AUTHOR]\na, b, c", "«S [AUTHOR]»\na, b, c"},
+        {"[AUTHOR]\na, _b, c", "«S [AUTHOR]»\na, _b, c"},
+        {"[AUTHOR]\na(x), b, c", "«S [AUTHOR]»\n«! a(x), b, c»"},
+        {"[AUTHOR]\na, b(c)", "«S [AUTHOR]»\n«! a, b(c)»"},
+        {"a, 5, page(x)", "a, 5, page(x)"},
+        {"a, page(x)", "«! a, page(x)»"},
+        {"[PACKAGES]\n{head", "«S [PACKAGES]»\n«h {head»"},
+        {"[PACKAGES]\nADD=SK_RL:x", "«S [PACKAGES]»\n«! ADD=SK_RL:x»"},
+        {"[PACKAGES]\nADD=AD:A .AT. 1éäü", "«S [PACKAGES]»\n«t ADD=»«p AD:»A «t .AT.» 1éäü"},
+        // An .AT. in front of the last .AND. is part of a modifier.
+        {"[PACKAGES]\nADD=AD:A .WITH. m, 5 .AT. 3 .AND. n .AT. 2",
+         "«S [PACKAGES]»\n«t ADD=»«p AD:»A «t .WITH.» m, «! 5 .AT. 3» «t .AND.» n «t .AT.» 2"},
     };
     for (const auto& [lines, wanted] : rows) {
         CheckerState state;
