@@ -12,6 +12,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/Descriptor.h"
+
 namespace klt {
 
 /// A forked process that runs a function and reports to the test by lines. Killed at the end of the scope.
@@ -22,35 +24,30 @@ public:
     explicit ChildProcess(const std::function<void(const Report&)>& run) {
         int ends[2];
         if (pipe(ends) != 0) ADD_FAILURE() << "no pipe";
-        reports_ = ends[0];
+        reports_ = Descriptor(ends[0]);
+        const Descriptor writing(ends[1]);
         pid_ = fork();
-        if (pid_ != 0) {
-            close(ends[1]);
-            return;
-        }
-        close(ends[0]);
+        if (pid_ != 0) return;
+        reports_ = {};
         run([&](std::string_view line) {
             const auto text = std::string(line) + "\n";
-            if (write(ends[1], text.data(), text.size()) < 0) _exit(1);
+            if (write(writing.number(), text.data(), text.size()) < 0) _exit(1);
         });
         _exit(0);
     }
     ChildProcess(ChildProcess&& other) noexcept
         : pid_(std::exchange(other.pid_, -1)),
-          reports_(std::exchange(other.reports_, -1)),
+          reports_(std::move(other.reports_)),
           status_(std::exchange(other.status_, 0)) {}
     ChildProcess& operator=(ChildProcess&&) = delete;
-    ~ChildProcess() {
-        kill();
-        if (reports_ >= 0) close(reports_);
-    }
+    ~ChildProcess() { kill(); }
 
     /// The next line; "" when the process has ended, or says nothing for half a minute.
     std::string nextReport() const {
         std::string line;
         for (char byte = 0;; line += byte) {
-            pollfd entry{reports_, POLLIN, 0};
-            if (poll(&entry, 1, 30'000) != 1 || read(reports_, &byte, 1) != 1) return "";
+            pollfd entry{reports_.number(), POLLIN, 0};
+            if (poll(&entry, 1, 30'000) != 1 || read(entry.fd, &byte, 1) != 1) return "";
             if (byte == '\n') return line;
         }
     }
@@ -94,7 +91,7 @@ private:
     }
 
     pid_t pid_ = -1;
-    int reports_ = -1;
+    Descriptor reports_;
     std::optional<int> status_;
 };
 

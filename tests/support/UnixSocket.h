@@ -10,28 +10,23 @@
 
 namespace klt {
 
-inline sockaddr_un socketAddress(const std::string& path) {
+/// A socket with which `calls` come right for this path; none where one fails.
+template <typename... Call>
+Descriptor socketAtPath(const std::string& path, int flags, Call... calls) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     path.copy(address.sun_path, sizeof address.sun_path - 1);
-    return address;
+    Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | flags, 0));
+    const auto* const any = reinterpret_cast<const sockaddr*>(&address);
+    return ((calls(socket.number(), any, sizeof address) == 0) && ...) ? std::move(socket) : Descriptor();
 }
 
 inline Descriptor listenAtPath(const std::string& path, int queue = 16) {
-    const auto address = socketAddress(path);
-    Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    const bool listens =
-        ::bind(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
-        ::listen(socket.number(), queue) == 0;
-    return listens ? std::move(socket) : Descriptor();
+    return socketAtPath(path, 0, ::bind, [&](int number, auto...) { return ::listen(number, queue); });
 }
 
 inline Descriptor connectToPath(const std::string& path, int flags = 0) {
-    const auto address = socketAddress(path);
-    Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | flags, 0));
-    const bool connected =
-        ::connect(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-    return connected ? std::move(socket) : Descriptor();
+    return socketAtPath(path, flags, ::connect);
 }
 
 /// Whether all of it could be sent.

@@ -1,9 +1,9 @@
 #include "tools/FindText.h"
 
-#include <gtest/gtest.h>
-
 #include "support/MarkedText.h"
 #include "support/MemoryTextArea.h"
+#include "support/Scratch.h"
+#include "tools/FindHistory.h"
 
 namespace klt {
 namespace {
@@ -95,6 +95,22 @@ TEST(FindText, TellsWhatCameOfIt) {
     EXPECT_EQ(findMessage(FindNext, {}), "Can't find any matches.");
     EXPECT_EQ(findMessage(ReplaceAll, {1, false}), "Done replacing.\r\n1 replacement was made.");
     EXPECT_EQ(findMessage(ReplaceAll, {2, false}), "Done replacing.\r\n2 replacements were made.");
+}
+
+TEST(FindHistory, KeepsFourNewestFirst) {
+    const ScratchFolder folder;
+    Store store(folder / "store.sqlite3");
+    const auto load = [&] { return FindHistory::load(store, settings::kSearchStrings); };
+    writeSetting(store, settings::kReplaceStrings[0], "another list");
+    auto history = load();
+    EXPECT_EQ(history.entries(), std::vector<std::string>(4));
+    for (const char* text : {"a", "b", "b", "c", "d"}) history.enter(text);
+    const std::vector<std::string> kept = {"d", "c", "b", "b"};
+    EXPECT_EQ(history.entries(), kept);
+    history.save(store, settings::kSearchStrings);
+    EXPECT_EQ(load().entries(), kept);
+    EXPECT_EQ(GetSetting(store, "KLTEdit", "Search Strings", "3"), "b");
+    EXPECT_EQ(readSetting(store, settings::kReplaceStrings[0]), "another list");
 }
 
 }  // namespace

@@ -2,9 +2,12 @@
 
 #include "language/NewDocument.h"
 #include "support/Scratch.h"
+#include "tools/MergeOrder.h"
 
 namespace klt {
 namespace {
+
+using Paths = std::vector<std::string>;
 
 class MergeFilesTest : public testing::Test {
 protected:
@@ -29,7 +32,7 @@ TEST_F(MergeFilesTest, EncodingsMeetWithoutLoss) {
 
 TEST_F(MergeFilesTest, WhatFailsIsNamedAndNothingIsWritten) {
     const auto out = home_ / "out.klt", none = home_ / "none/out.klt", folder = home_.folder().path();
-    const auto failed = [&](const std::string& output, const std::vector<std::string>& files) {
+    const auto failed = [&](const std::string& output, const Paths& files) {
         std::string all;
         for (const auto& [path, reason] : MergeFiles(output, files)) all += path + ": " + reason + "\n";
         return all;
@@ -40,6 +43,33 @@ TEST_F(MergeFilesTest, WhatFailsIsNamedAndNothingIsWritten) {
               b_ + ": No such file or directory\n" + folder + ": Is a directory\n");
     EXPECT_EQ(readBytes(out), "old");
     EXPECT_EQ(failed(none, {a_}), none + ": No such file or directory\n");
+}
+
+TEST(MergeOrder, WhereANewFileGoes) {
+    // Behind each path: as before where it is told of as a duplicate.
+    const std::tuple<Paths, const char*, Paths> rows[] = {
+        {{}, "/a.klt", {"/a.klt"}},
+        {{"/a.klt"}, "/b.klt", {"/b.klt", "/a.klt"}},
+        {{"/a.klt"}, "/A.klt", {"/a.klt"}},
+        {{"/d.klt", "/a.klt"}, "/a.klt", {"/a.klt", "/d.klt", "/a.klt"}},
+        {{"/a.klt"}, "/Basic.klt", {"/a.klt", "/Basic.klt"}},
+        {{"/COMPEND1.KLT"}, "/basic.klt", {"/basic.klt", "/COMPEND1.KLT"}},
+        {{"/x/BASIC.KLT"}, "/basic.klt", {"/x/BASIC.KLT", "/basic.klt"}},
+        {{"/a", "/b"}, "/BASIC.KLT", {"/a", "/BASIC.KLT", "/b"}},
+        {{"/a", "/b", "/c"}, "/BASIC.KLT", {"/a", "/b", "/BASIC.KLT", "/c"}},
+        {{"/a", "/basic.klt", "/c"}, "/BASIC.KLT", {"/a", "/basic.klt", "/c"}},
+        {{"/a", "/c"}, "/compend1.klt", {"/a", "/c", "/compend1.klt"}},
+        {{"/compend1.klt", "/c"}, "/Compend1.klt", {"/compend1.klt", "/c", "/Compend1.klt"}},
+        {{"/c", "/compend1.klt"}, "/Compend1.klt", {"/c", "/compend1.klt"}},
+        {{"/a", "/BASIC.KLT", "/COMPEND1.KLT"}, "/d", {"/d", "/a", "/BASIC.KLT", "/COMPEND1.KLT"}},
+    };
+    for (const auto& [before, path, after] : rows) {
+        auto list = before;
+        const auto place = placeInMergeList(list, path);
+        if (place) list.insert(list.begin() + static_cast<std::ptrdiff_t>(*place), path);
+        EXPECT_EQ(list, after) << path;
+        EXPECT_EQ(place.has_value(), before.size() != after.size()) << path;
+    }
 }
 
 }  // namespace
