@@ -75,6 +75,12 @@ const std::pair<const char*, const char*> kRows[] = {
     {"1 2", "«! 1 2»"},
     {"display(", kTag},
     {"y", "«! y»"},
+    {"round(", kTag},
+    {"Up", "«k Up»"},
+    {"u", "«k U←u»"},
+    {"wn", "«k wn»"},
+    {"oWN", "«k Own←oWN»"},
+    {"x", "«! x»"},
     {"notes(", kTag},
     {"Other (%level) @FOO", "Other (%level) @FOO"},
     {"name(", kTag},
@@ -96,16 +102,10 @@ TEST(Field, OfEachTag) {
     }
 }
 
-TEST(Field, Rounding) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"", "Up", "«k Up»"},        {"", "u", "«k U←u»"}, {"", "wn", "«k wn»"},
-        {"", "oWN", "«k Own←oWN»"},  {"", "x", "«! x»"},   {"[MODS]", "No", "«! No»"},
-        {"[stats]", "NO", "«k NO»"},
-    };
-    for (const auto& [section, value, wanted] : rows) {
-        auto state = stateAfterPass(section);
-        EXPECT_EQ(checkedField("round(", value, state), wanted) << section << value;
-    }
+TEST(Field, RoundsToNothingInStatsAlone) {
+    auto stats = stateAfterPass("[stats]"), mods = stateAfterPass("[MODS]");
+    EXPECT_EQ(checkedField("round(", "NO", stats), "«k NO»");
+    EXPECT_EQ(checkedField("round(", "No", mods), "«! No»");
 }
 
 TEST(Field, BeforeTheFirstPass) {

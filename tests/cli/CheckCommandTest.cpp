@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include "support/RunKlt.h"
-#include "support/Scratch.h"
 
 namespace klt {
 namespace {

@@ -5,7 +5,6 @@
 
 #include "checker/ErrorReason.h"
 #include "support/RunKlt.h"
-#include "support/Scratch.h"
 
 namespace klt {
 namespace {
@@ -36,18 +35,12 @@ protected:
 TEST_F(JsonReports, Json) {
     EXPECT_EQ(checked("json", {clean_}, 0), Json::array());
     EXPECT_EQ(checked("json", {home_ / "none.klt"}, 2), Json::array());
-    const auto finding = [&](int line, int column, int endColumn, ErrorReason reason) {
-        return Json{{"file", faulty_},
-                    {"line", line},
-                    {"column", column},
-                    {"endLine", line},
-                    {"endColumn", endColumn},
-                    {"severity", "error"},
-                    {"rule", errorReason(reason).id},
-                    {"reason", errorReason(reason).text}};
-    };
-    const auto all = Json::array({finding(2, 27, 32, ErrorReason::KeywordOfNeeds),
-                                  finding(3, 1, 3, ErrorReason::SubsectionNotClosed)});
+    auto all = Json::parse(R"([
+        {"line": 2, "column": 27, "endLine": 2, "endColumn": 32, "severity": "error",
+         "rule": "keyword-of-needs", "reason": "this keyword is for needs only"},
+        {"line": 3, "column": 1, "endLine": 3, "endColumn": 3, "severity": "error",
+         "rule": "subsection-not-closed", "reason": "the subsection header does not end in >"}])");
+    for (auto& finding : all) finding["file"] = faulty_;
     EXPECT_EQ(checked("json", {clean_, faulty_}, 1), all);
 }
 
@@ -71,35 +64,34 @@ TEST_F(JsonReports, Sarif) {
     std::set<std::string> ids;
     for (size_t i = 0; i < kErrorReasonCount; ++i) {
         const auto& [reason, id, text] = kErrorReasons[i];
-        EXPECT_EQ(rules[i], (Json{{"id", id},
-                                  {"shortDescription", {{"text", text}}},
-                                  {"defaultConfiguration", {{"level", "error"}}}}));
+        EXPECT_EQ(rules[i].at("id"), id);
+        EXPECT_EQ(rules[i].at("shortDescription").at("text"), text);
+        EXPECT_EQ(rules[i].at("defaultConfiguration").at("level"), "error");
         EXPECT_TRUE(ids.emplace(id).second) << id << " is there twice";
     }
 
-    // A reference to a URI that holds no character which would have to be escaped.
-    const auto location = [&](const char* name, Json rest) {
-        rest["artifactLocation"]["uri"] = "file://" + home_ / name;
-        return Json::array({{{"physicalLocation", rest}}});
-    };
-    const auto result = [&](ErrorReason reason, const char* region) {
-        return Json{{"ruleIndex", static_cast<size_t>(reason)},
-                    {"ruleId", errorReason(reason).id},
-                    {"message", {{"text", errorReason(reason).text}}},
-                    {"level", "error"},
-                    {"locations", location("a%20%22b%22%23%C3%A9.klt", {{"region", Json::parse(region)}})}};
-    };
-    EXPECT_EQ(run.at("results"),
-              Json::array({result(ErrorReason::KeywordOfNeeds,
-                                  R"({"startLine": 2, "startColumn": 27, "endLine": 2, "endColumn": 32})"),
-                           result(ErrorReason::SubsectionNotClosed,
-                                  R"({"startLine": 3, "startColumn": 1, "endLine": 3, "endColumn": 3})")}));
-    const Json failure = {{"level", "error"},
-                          {"message", {{"text", "No such file or directory"}}},
-                          {"locations", location("none.klt", Json::object())}};
-    const Json failed = {{"executionSuccessful", false},
-                         {"toolExecutionNotifications", Json::array({failure})}};
-    EXPECT_EQ(run.at("invocations"), Json::array({failed}));
+    // No character stands in the reference that would have to be escaped.
+    const auto place = "/locations/0/physicalLocation"_json_pointer, uri = place / "artifactLocation" / "uri";
+    const auto& results = run.at("results");
+    ASSERT_EQ(results.size(), 2U);
+    for (const auto& result : results) {
+        const auto& rule = rules.at(result.at("ruleIndex").get<size_t>());
+        EXPECT_EQ(result.at("ruleId"), rule.at("id"));
+        EXPECT_EQ(result.at("message"), rule.at("shortDescription"));
+        EXPECT_EQ(result.at("level"), "error");
+        EXPECT_EQ(result.at(uri), "file://" + home_ / "a%20%22b%22%23%C3%A9.klt");
+    }
+    EXPECT_EQ(results[0].at("ruleId"), errorReason(ErrorReason::KeywordOfNeeds).id);
+    EXPECT_EQ(results[0].at(place / "region"),
+              Json::parse(R"({"startLine": 2, "startColumn": 27, "endLine": 2, "endColumn": 32})"));
+
+    const auto& invocation = run.at("invocations").at(0);
+    EXPECT_EQ(invocation.at("executionSuccessful"), false);
+    const auto& told = invocation.at("toolExecutionNotifications");
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].at("level"), "error");
+    EXPECT_EQ(told[0].at("message").at("text"), "No such file or directory");
+    EXPECT_EQ(told[0].at(uri), "file://" + home_ / "none.klt");
 }
 
 TEST_F(JsonReports, SarifWithoutFindings) {

@@ -1,6 +1,5 @@
 #include "language/NewDocument.h"
 #include "support/RunKlt.h"
-#include "support/Scratch.h"
 
 namespace klt {
 namespace {

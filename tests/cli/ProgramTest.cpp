@@ -3,7 +3,6 @@
 #include <sys/wait.h>
 
 #include "support/RunKlt.h"
-#include "support/Scratch.h"
 
 namespace klt {
 namespace {

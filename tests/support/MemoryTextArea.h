@@ -41,12 +41,9 @@ public:
         return std::count(before.begin(), before.end(), '\n');
     }
     Position LineIndex(Position line) const override {
-        if (line < 0) return kNotFound;
+        if (line < 0 || line >= LineCount()) return kNotFound;
         size_t start = 0;
-        for (; line > 0; --line) {
-            start = text_.find('\n', start) + 1;
-            if (start == 0) return kNotFound;
-        }
+        for (; line > 0; --line) start = text_.find('\n', start) + 1;
         return static_cast<Position>(start);
     }
     Position LineLength(Position line) const override {

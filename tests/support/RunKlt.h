@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
 #include <memory>
 #include <ostream>
@@ -9,6 +7,7 @@
 #include <vector>
 
 #include "cli/Program.h"
+#include "support/Scratch.h"
 
 namespace klt {
 
@@ -32,13 +31,7 @@ public:
         std::rewind(file_.get());
     }
     int number() const { return fileno(file_.get()); }
-    std::string bytes() const {
-        std::string all;
-        std::rewind(file_.get());
-        for (int c = std::fgetc(file_.get()); c != EOF; c = std::fgetc(file_.get()))
-            all += static_cast<char>(c);
-        return all;
-    }
+    std::string bytes() const { return readBytes("/proc/self/fd/" + std::to_string(number())); }
 
 private:
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file_;

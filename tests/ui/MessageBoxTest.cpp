@@ -32,15 +32,13 @@ TEST(MessageBoxTest, StaysInsideTheScreenWithItsWholeText) {
         {"as much as is handed over", repeated(50'000, "abcdefghi/"), true},
         {"many lines", repeated(400, "a line\n"), true},
     };
-    for (const auto& row : rows) {
-        const auto& text = std::get<1>(row);
-        const bool scrolls = std::get<2>(row);
-        SCOPED_TRACE(std::get<0>(row));
+    for (const auto& [name, text, scrolls] : rows) {
+        SCOPED_TRACE(name);
         QWidget owner;
         owner.setGeometry(100, 100, 400, 300);
         owner.show();
         bool answered = false;
-        QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&, &text = text, scrolls = scrolls] {
             auto& box = dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget());
             EXPECT_EQ(box.text(), toQString(text));
             const QRect screen = box.screen()->availableGeometry();
