@@ -1,5 +1,7 @@
 // Merging: the bytes of several files, with a NUL between them.
 
+#include <sstream>
+
 #include "CheckInvariants.h"
 #include "support/MergeFault.h"
 #include "text/Encoding.h"
@@ -8,14 +10,9 @@
 using namespace klt;
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
-    std::string_view rest(reinterpret_cast<const char*>(data), size);
+    std::istringstream bytes(std::string(reinterpret_cast<const char*>(data), size));
     std::vector<std::string> texts;
-    for (;;) {
-        const auto end = rest.find('\0');
-        texts.push_back(decode(std::string(rest.substr(0, end))).text);
-        if (end == rest.npos) break;
-        rest.remove_prefix(end + 1);
-    }
+    for (std::string file; std::getline(bytes, file, '\0');) texts.push_back(decode(file).text);
     const auto merged = MergeTexts(texts);
     const auto fault = mergeFault(texts, merged);
     fuzz::require(fault.empty(), fault.c_str());

@@ -16,29 +16,24 @@ std::string joined(const Words& words) {
     return all;
 }
 
-std::string shown(const CheckFiles& asked) {
-    return joined(asked.files) + (asked.preview ? " as " + *asked.preview : "");
-}
-std::string shown(const CheckOneField& asked) {
-    return asked.tag + asked.text + "|" + asked.section + (asked.passHasRun ? " after a pass" : "");
-}
-std::string shown(const CheckArguments& asked) {
-    return std::visit([](const auto& subject) { return shown(subject); }, asked.subject);
-}
-std::string shown(const FormatArguments& asked) {
-    return joined(asked.files);
-}
-std::string shown(const MergeArguments& asked) {
-    return joined(asked.files) + " to " + asked.output;
-}
-std::string shown(const Answer& answer) {
-    return answer.text;
-}
-std::string shown(const BadArguments& bad) {
-    return "bad" + std::string(bad.reason.empty() ? " without a reason" : "");
-}
+struct Shown {
+    std::string operator()(const CheckFiles& asked) const {
+        return joined(asked.files) + (asked.preview ? " as " + *asked.preview : "");
+    }
+    std::string operator()(const CheckOneField& asked) const {
+        return asked.tag + asked.text + "|" + asked.section + (asked.passHasRun ? " after a pass" : "");
+    }
+    std::string operator()(const CheckArguments& asked) const { return std::visit(*this, asked.subject); }
+    std::string operator()(const FormatArguments& asked) const { return joined(asked.files); }
+    std::string operator()(const MergeArguments& asked) const {
+        return joined(asked.files) + " to " + asked.output;
+    }
+    std::string operator()(const Answer& answer) const { return answer.text; }
+    std::string operator()(const BadArguments& bad) const { return bad.reason.empty() ? "" : "bad"; }
+};
+
 std::string parsed(const Words& words) {
-    return std::visit([](const auto& asked) { return shown(asked); }, parseArguments(words));
+    return std::visit(Shown(), parseArguments(words));
 }
 
 TEST(Arguments, WhatIsAskedFor) {

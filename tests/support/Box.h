@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QMimeData>
@@ -55,6 +56,8 @@ public:
         QApplication::sendEvent(this, &event);
     }
 
+    static void setClipboard(const QString& text) { QGuiApplication::clipboard()->setText(text); }
+    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
     std::string shown() const { return std::string(Text()); }
 
     int changes = 0;
