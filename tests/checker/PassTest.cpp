@@ -90,7 +90,6 @@ TEST(Pass, NamesItsErrors) {
     checkedDocument("[ads]\na, 5, gives(+1), up(2)", state, &errors);
     const ErrorRuns wanted = {{13, 22, ErrorReason::GivesNoTarget}, {7, 29, ErrorReason::TagOfOtherSection}};
     EXPECT_EQ(errors, wanted);
-    EXPECT_EQ(errorReason(ErrorReason::ParenthesesDiffer).text, "parentheses do not match");
 }
 
 TEST(Pass, CountsParenthesesOfAnyNumber) {

@@ -60,7 +60,6 @@ TEST(Arguments, WhatIsAskedFor) {
 
 TEST(Arguments, HelpAndVersionAnswerBeforeAnythingElse) {
     const std::pair<Words, const char*> rows[] = {
-        {{"--help"}, "check"},
         {{"-h"}, "--version"},
         {{"check", "--help"}, "--preview"},
         {{"format", "--help"}, "--in-place"},

@@ -92,9 +92,7 @@ TEST(FindText, RefusesToMakeATextTooLong) {
 
 TEST(FindText, TellsWhatCameOfIt) {
     EXPECT_EQ(findMessage(FindNext, {11, true}) + findMessage(Replace, {1, true}), "");
-    EXPECT_EQ(findMessage(FindNext, {}), "Can't find any matches.");
     EXPECT_EQ(findMessage(ReplaceAll, {1, false}), "Done replacing.\r\n1 replacement was made.");
-    EXPECT_EQ(findMessage(ReplaceAll, {2, false}), "Done replacing.\r\n2 replacements were made.");
 }
 
 TEST(FindHistory, KeepsFourNewestFirst) {

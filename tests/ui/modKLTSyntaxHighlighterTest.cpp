@@ -70,9 +70,6 @@ TEST_F(HighlighterTest, TakesNoNonsenseForAStyle) {
     EXPECT_EQ(styles[StyleCategory::Comments].colour, Rgb());
     EXPECT_EQ(styles[StyleCategory::Keywords], StyleTable()[StyleCategory::Keywords]);
     EXPECT_TRUE(styles[StyleCategory::VersionInformation].bold);
-}
-
-TEST(ColourIndexToRgb, IsBlackBeyondItsTable) {
     EXPECT_EQ(ColourIndexToRgb(18), (Rgb{128, 0, 255}));
     for (const int index : {-1, 19, 0, 2147483647, -2147483647}) EXPECT_EQ(ColourIndexToRgb(index), Rgb());
 }
