@@ -5,7 +5,6 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QTest>
 #include <QWindow>
 
@@ -20,26 +19,40 @@ namespace {
 
 class CommandQueueTest : public testing::Test {
 protected:
-    CommandQueue::Command note(const char* name) {
-        return [this, name] { done.emplace_back(name); };
+    CommandQueueTest() {
+        area.SetText("text");
+        area.show();
+        dialog.setModal(true);
+    }
+    /// A command that puts its name into `done`.
+    void submit(const char* name, Origin origin = Origin::User) {
+        queue.submit(origin, [this, name] { done.emplace_back(name); });
+    }
+    /// What `work` submits and types is held back, and then comes.
+    void held(const std::function<void()>& work) {
+        {
+            const CommandQueue::Hold hold(queue);
+            work();
+        }
+        letEventsRun();
     }
     static void letEventsRun() { QTest::qWait(1); }
 
     std::vector<std::string> done;
     CommandQueue queue;
+    RichTextBox area;
+    RichTextBox field{RichTextBox::Kind::Field};
+    QDialog dialog;
+    QLineEdit edit{&dialog};
 };
 
 TEST_F(CommandQueueTest, HeldCommandsComeInTheirOrderAfterTheLastHold) {
     {
         const CommandQueue::Hold hold(queue);
-        queue.submit(Origin::User, note("a"));
-        {
-            const CommandQueue::Hold inner(queue);
-            queue.submit(Origin::Outside, note("b"));
-        }
-        letEventsRun();
+        submit("a");
+        held([this] { submit("b", Origin::Outside); });
         EXPECT_THAT(done, IsEmpty());
-        queue.submit(Origin::User, note("c"));
+        submit("c");
     }
     EXPECT_THAT(done, IsEmpty()) << "not from inside who held them";
     letEventsRun();
@@ -47,43 +60,36 @@ TEST_F(CommandQueueTest, HeldCommandsComeInTheirOrderAfterTheLastHold) {
 }
 
 TEST_F(CommandQueueTest, ACommandThatHoldsStopsTheRest) {
-    {
-        const CommandQueue::Hold hold(queue);
+    held([this] {
         queue.submit(Origin::User, [this] {
             const CommandQueue::Hold own(queue);
             letEventsRun();
             EXPECT_THAT(done, IsEmpty());
             done.emplace_back("a");
         });
-        queue.submit(Origin::User, note("b"));
-    }
-    letEventsRun();
+        submit("b");
+    });
     EXPECT_THAT(done, ElementsAre("a", "b"));
 }
 
 TEST_F(CommandQueueTest, ADialogAloneHoldsNothingBack) {
-    QDialog dialog;
-    dialog.setModal(true);
     dialog.show();
-    queue.submit(Origin::User, note("a"));
-    queue.submit(Origin::Outside, note("b"));
+    submit("a");
+    submit("b", Origin::Outside);
     EXPECT_THAT(done, ElementsAre("a", "b"));
 }
 
 TEST_F(CommandQueueTest, WhatTheUserAskedForWaitsForADialogOfAnEarlierCommandAndOthersDoNot) {
-    {
-        const CommandQueue::Hold hold(queue);
+    held([this] {
         queue.submit(Origin::User, [this] {
-            QDialog dialog;
-            dialog.setModal(true);
             dialog.show();
             letEventsRun();
             done.emplace_back("a");
+            dialog.close();
         });
-        queue.submit(Origin::User, note("b"));
-        queue.submit(Origin::Outside, note("c"));
-    }
-    letEventsRun();
+        submit("b");
+        submit("c", Origin::Outside);
+    });
     EXPECT_THAT(done, ElementsAre("c", "a", "b"));
 }
 
@@ -99,64 +105,51 @@ TEST_F(CommandQueueTest, WaitingCommandsGoWithTheQueue) {
 }
 
 TEST_F(CommandQueueTest, AfterItsEndNothingIsCarriedOut) {
-    {
-        const CommandQueue::Hold hold(queue);
-        queue.submit(Origin::Outside, note("waiting"));
+    held([this] {
+        submit("waiting", Origin::Outside);
         queue.end();
-    }
-    queue.submit(Origin::User, note("late"));
+    });
+    submit("late");
     letEventsRun();
-    EXPECT_THAT(done, ElementsAre());
+    EXPECT_THAT(done, IsEmpty());
 }
 
-class HeldTextTest : public CommandQueueTest {
-protected:
-    HeldTextTest() {
-        area.SetText("text");
-        area.show();
-    }
-    RichTextBox area;
-    RichTextBox field{RichTextBox::Kind::Field};
-};
-
-TEST_F(HeldTextTest, KeysWaitAmongTheCommandsAndReachTheTextAfterwards) {
-    {
-        const CommandQueue::Hold hold(queue);
+TEST_F(CommandQueueTest, KeysWaitAmongTheCommandsAndReachTheTextAfterwards) {
+    auto* gone = new RichTextBox;
+    held([&] {
         QTest::keyClicks(&area, "ab");
         queue.submit(Origin::User, [this] { done.emplace_back(area.Text()); });
+        QTest::keyClick(gone, 'x');
+        delete gone;
         QTest::keyClick(&area, 'c');
         QTest::keyClicks(&field, "f");
         EXPECT_EQ(area.Text(), "text");
         EXPECT_EQ(field.Text(), "f") << "only documents are held back";
-    }
-    letEventsRun();
+    });
     EXPECT_THAT(done, ElementsAre("abtext"));
     EXPECT_EQ(area.Text(), "abctext");
     QTest::keyClick(&area, 'd');
     EXPECT_EQ(area.Text(), "abcdtext");
 }
 
-TEST_F(HeldTextTest, AnOpeningHoldsBackTheWindowsThatStoodBeforeAndNoneThatItRaises) {
+TEST_F(CommandQueueTest, AnOpeningHoldsBackTheWindowsThatStoodBeforeAndNoneThatItRaises) {
     field.show();
-    QDialog raised;
-    QLineEdit inIt(&raised);
     {
         const CommandQueue::Opening opening(queue);
         QTest::keyClick(&field, 'f');
         queue.submit(Origin::User, [this] { done.emplace_back(field.Text()); });
-        raised.setModal(true);
-        raised.show();
+        dialog.show();
         {
             const CommandQueue::Opening next(queue);
-            QTest::keyClick(&inIt, 'r');
+            QTest::keyClick(&edit, 'r');
         }
         QTest::keyClick(&field, 'g');
-        raised.close();
+        dialog.close();
         field.windowHandle()->close();
         EXPECT_EQ(field.Text(), "");
         EXPECT_TRUE(field.isVisible()) << "it is not closed before what waits for it";
     }
-    EXPECT_EQ(inIt.text(), "r");
+    EXPECT_EQ(edit.text(), "r");
     QTest::keyClick(&field, 'h');
     letEventsRun();
     EXPECT_THAT(done, ElementsAre("f"));
@@ -164,19 +157,16 @@ TEST_F(HeldTextTest, AnOpeningHoldsBackTheWindowsThatStoodBeforeAndNoneThatItRai
     EXPECT_FALSE(field.isVisible());
 }
 
-TEST_F(HeldTextTest, WhatWaitsForADialogThatStaysUpIsCarriedOutInItsOrder) {
-    QDialog dialog;
-    QLineEdit edit(&dialog);
-    dialog.setModal(true);
+TEST_F(CommandQueueTest, WhatWaitsForADialogThatStaysUpIsCarriedOutInItsOrder) {
     {
         const CommandQueue::Opening opening(queue);
-        queue.submit(Origin::User, note("for its end"));
+        submit("for its end");
     }
     dialog.show();
     {
         const CommandQueue::Opening opening(queue);
         QTest::keyClick(&edit, 'a');
-        queue.submit(Origin::Outside, [&] {
+        queue.submit(Origin::Outside, [this] {
             const CommandQueue::Opening next(queue);
             done.push_back(edit.text().toStdString());
             QTest::keyClick(&edit, 'c');
@@ -193,7 +183,7 @@ TEST_F(HeldTextTest, WhatWaitsForADialogThatStaysUpIsCarriedOutInItsOrder) {
     EXPECT_THAT(done, ElementsAre("a", "for its end"));
 }
 
-TEST_F(HeldTextTest, APopupGivesWayToABoxThoughKeysWaitForIt) {
+TEST_F(CommandQueueTest, APopupGivesWayToABoxThoughKeysWaitForIt) {
     QMenu menu;
     menu.addAction("&x");
     menu.popup({});
@@ -205,18 +195,16 @@ TEST_F(HeldTextTest, APopupGivesWayToABoxThoughKeysWaitForIt) {
     EXPECT_FALSE(menu.isVisible());
 }
 
-TEST_F(HeldTextTest, AClickMovesTheCaretAfterwards) {
+TEST_F(CommandQueueTest, AClickMovesTheCaretAfterwards) {
     area.Select(4, 0);
-    {
-        const CommandQueue::Hold hold(queue);
+    held([this] {
         QTest::mouseClick(area.viewport(), Qt::LeftButton, {}, QPoint(1, 4));
         EXPECT_EQ(area.SelStart(), 4);
-    }
-    letEventsRun();
+    });
     EXPECT_EQ(area.SelStart(), 0);
 }
 
-TEST_F(HeldTextTest, DroppedTextIsRefusedMeanwhile) {
+TEST_F(CommandQueueTest, DroppedTextIsRefusedMeanwhile) {
     QMimeData data;
     data.setText("dropped");
     std::optional<CommandQueue::Hold> hold;
@@ -226,18 +214,6 @@ TEST_F(HeldTextTest, DroppedTextIsRefusedMeanwhile) {
     letEventsRun();
     dropOnto(*area.viewport(), data);
     EXPECT_EQ(area.Length(), 11);
-}
-
-TEST_F(HeldTextTest, KeysForATextThatIsGoneAreDropped) {
-    auto* gone = new RichTextBox;
-    {
-        const CommandQueue::Hold hold(queue);
-        QTest::keyClick(gone, 'a');
-        delete gone;
-        queue.submit(Origin::User, note("a"));
-    }
-    letEventsRun();
-    EXPECT_THAT(done, ElementsAre("a"));
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -27,6 +28,9 @@
 #include "support/Scratch.h"
 
 namespace klt {
+
+inline constexpr auto kCtrl = Qt::ControlModifier;
+inline constexpr auto kShift = Qt::ShiftModifier;
 
 /// The objects of the running program over scratch folders, on a day of 2001. Controls are found by name.
 class EditorFixture : public testing::Test {
@@ -46,8 +50,10 @@ protected:
     modVariables& variables() { return editor_->variables; }
     frmMDIKLTEditor& window() { return editor_->mainWindow(); }
 
+    /// Writes a file, and the folder that it is to stand in.
     std::string file(std::string_view name, std::string_view bytes) {
         const std::string path = home / name;
+        std::filesystem::create_directories(std::filesystem::path(path).parent_path());
         writeBytes(path, bytes);
         return path;
     }
@@ -58,13 +64,17 @@ protected:
     frmKLTEditor& openNew() {
         editor_->documents.New();
         // In front of the version line nothing can be typed.
-        active().RichTextBox1->SetSelStart(active().RichTextBox1->Length());
+        box().SetSelStart(box().Length());
         return active();
     }
     frmKLTEditor& active() {
         if (!window().ActiveForm()) throw std::logic_error("no document is active");
         return *window().ActiveForm();
     }
+    RichTextBox& box() { return *active().RichTextBox1; }
+    /// How many documents are open.
+    size_t count() { return window().forms().documents().size(); }
+    frmKLTEditor& document(size_t index) { return *window().forms().documents().at(index); }
     static QMdiSubWindow& subWindow(frmKLTEditor& document) {
         return dynamic_cast<QMdiSubWindow&>(*document.parentWidget());
     }
@@ -77,9 +87,13 @@ protected:
     static void letEventsRun() { QTest::qWait(0); }
 
     /// Types into the active document.
-    void type(const QString& text) { QTest::keyClicks(active().RichTextBox1, text); }
+    void type(const QString& text) { QTest::keyClicks(&box(), text); }
+    void key(Qt::Key which, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&box(), which, modifiers);
+    }
 
     QAction* action(const char* key) { return window().findChild<QAction*>(key); }
+    void run(const char* command) { action(command)->trigger(); }
     std::string panel(int number) {
         return window().findChild<QLabel*>("Panel" + QString::number(number))->text().toStdString();
     }
@@ -91,6 +105,9 @@ protected:
     void dismissNotice() { QTest::mouseClick(window().findChild<QWidget*>("NoticeDismiss"), Qt::LeftButton); }
 
     std::string recentFile(int index) { return variables().RecentFiles.file(index); }
+    void set(std::string_view section, std::string_view key, std::string_view value) {
+        SaveSetting(store, kSettingsApplication, section, key, value);
+    }
     std::string setting(std::string_view section, std::string_view key) {
         return GetSetting(store, kSettingsApplication, section, key, "(none)");
     }
