@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
 #include <QDialog>
-#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -23,13 +22,13 @@ constexpr std::string_view kText =
 constexpr std::string_view kChecked =
     "Version=2\r\n[ADS]\r\n<Gifts>\r\nSea Legs, 5, page(H12)\r\nRope Hand, 5, page(H14\r\nVersion=2\r\n* end";
 
+constexpr auto kWindowSetting = "Show KLT Checker Window";
+
 class ColourDocumentTest : public EditorFixture {
 protected:
-    void set(std::string_view key, std::string_view value) {
-        SaveSetting(store, kSettingsApplication, "Options", key, value);
-    }
+    void setOption(std::string_view key, std::string_view value) { set("Options", key, value); }
+    /// As a command that is carried out alone: what waits for it comes later.
     void check() { runCommand(editor(), "T6"); }
-    RichTextBox& box() { return *active().RichTextBox1; }
     frmKLTChecker* progress() { return window().findChild<frmKLTChecker*>(); }
     QString label(const char* name) { return progress()->findChild<QLabel*>(name)->text(); }
     void pressLock() { QTest::mouseClick(progress()->findChild<QWidget*>("cmdToggleLock"), Qt::LeftButton); }
@@ -42,12 +41,22 @@ protected:
                 : duringPass(work);
         });
     }
+    /// The same in a check by command.
+    void checkDoing(const std::function<void()>& work) {
+        bool isDone = false;
+        duringPass([&] {
+            work();
+            isDone = true;
+        });
+        check();
+        EXPECT_TRUE(isDone);
+    }
     QObject life_;
 };
 
 TEST_F(ColourDocumentTest, ADocumentIsCheckedWhenItIsOpenedOrOnCommand) {
     for (const bool onLoad : {true, false}) {
-        set("AutoSyntaxCheck", onLoad ? "True" : "False");
+        setOption("AutoSyntaxCheck", onLoad ? "True" : "False");
         auto& document = open(file("a.klt", kText));
         if (!onLoad) {
             EXPECT_EQ(textOf(document), kText);
@@ -71,7 +80,7 @@ TEST_F(ColourDocumentTest, SelectionAndScrollStayAndNothingCanBeUndone) {
     for (int n = 0; n < 200; ++n) text += "\r\nSea Legs, 5, PAGE(H12)";
     auto& document = open(file("a.klt", text));
     box().SetSelStart(box().Length());
-    QTest::keyClick(&box(), Qt::Key_Return);
+    key(Qt::Key_Return);
     type("<x>");
     box().Select(box().LineIndex(120), 30);
     box().ScrollToLine(110);
@@ -89,30 +98,6 @@ TEST_F(ColourDocumentTest, SelectionAndScrollStayAndNothingCanBeUndone) {
     EXPECT_GT(box().FirstVisibleLine(), 0) << "the caret comes into view";
 }
 
-TEST_F(ColourDocumentTest, TheWindowTellsHowFarThePassIs) {
-    std::string text = "[SKILLS]\r\n<Sea>";
-    for (int n = 0; n < 3'000; ++n) text += "\r\nBoating, DX, default(DX-5), page(H41), cat(Sea)";
-    const auto path = file("a.klt", text);
-    int steps = 0;
-    std::function<void()> look = [&] {
-        ++steps;
-        EXPECT_EQ(progress()->windowTitle(), "KLT Editor Syntax Checker");
-        EXPECT_EQ(progress()->findChild<QProgressBar*>()->maximum(), 3'002);
-        if (label("lblCurrSection").isEmpty()) return duringPass(look);
-        EXPECT_EQ(label("lblCurrSection"), "[SKILLS]");
-        EXPECT_EQ(label("lblCurrSubSection"), "<Sea>");
-        const int value = progress()->findChild<QProgressBar*>()->value();
-        EXPECT_EQ(label("Label8"), QString::number(std::lround(value * 100.0 / 3'002)) + '%');
-        EXPECT_GT(value, 1);
-        progress()->close();
-        EXPECT_TRUE(progress()->isHidden()) << "the pass goes on";
-    };
-    duringPass(look);
-    open(path);
-    EXPECT_GT(steps, 1);
-    EXPECT_THAT(box().StyleRuns().toStdString(), HasSubstr("0 8 Sections"));
-}
-
 TEST_F(ColourDocumentTest, TheWindowIsShownBySettingAndNotForANewDocument) {
     const struct {
         const char* setting;
@@ -125,26 +110,31 @@ TEST_F(ColourDocumentTest, TheWindowIsShownBySettingAndNotForANewDocument) {
         {"1", "vERSION=2\r\n* The version information above MUST be the first line of the data file", false},
         {"1", "", true},
     };
-    set("AutoSyntaxCheck", "False");
+    setOption("AutoSyntaxCheck", "False");
     for (const auto& row : rows) {
-        set("Show KLT Checker Window", row.setting);
+        setOption(kWindowSetting, row.setting);
         open(file("a.klt", row.text));
-        bool shown = false;
-        duringPass([&] { shown = progress() && progress()->isVisible(); });
-        check();
-        EXPECT_EQ(shown, row.shown) << row.setting << ' ' << row.text;
+        checkDoing([&] {
+            EXPECT_EQ(progress() && progress()->isVisible(), row.shown) << row.setting << ' ' << row.text;
+        });
     }
 }
 
-TEST_F(ColourDocumentTest, AnUnlockedDocumentShowsThePassUnderWay) {
-    std::string text = "[ADS]";
+TEST_F(ColourDocumentTest, TheWindowTellsHowFarThePassIsAndUnlocksTheDocument) {
+    setOption("AutoSyntaxCheck", "False");
+    std::string text = "[ADS]\r\n<Sea>";
     for (int n = 0; n < 3'000; ++n) text += "\r\nSea Legs, 5, PAGE(H12), cat(Sea), notes(of the sea)";
-    set("AutoSyntaxCheck", "False");
     open(file("a.klt", text));
     box().ColourRun(0, 4, 7);
     bool watched = false;
     std::function<void()> watch = [&] {
+        EXPECT_EQ(progress()->windowTitle(), "KLT Editor Syntax Checker");
         if (label("Label8") == "0%") return duringPass(watch);
+        EXPECT_EQ(label("lblCurrSection") + label("lblCurrSubSection"), "[ADS]<Sea>");
+        const auto* bar = progress()->findChild<QProgressBar*>();
+        EXPECT_EQ(bar->maximum(), 3'002);
+        EXPECT_GT(bar->value(), 1);
+        EXPECT_EQ(label("Label8"), QString::number(std::lround(bar->value() * 100.0 / 3'002)) + '%');
         pressLock();
         EXPECT_TRUE(box().updatesEnabled());
         EXPECT_THAT(box().StyleRuns().toStdString(), HasSubstr("0 5 Sections"));
@@ -152,6 +142,8 @@ TEST_F(ColourDocumentTest, AnUnlockedDocumentShowsThePassUnderWay) {
         EXPECT_EQ(box().StyleAt(box().Length() - 30), 0) << "not yet reached";
         pressLock();
         EXPECT_FALSE(box().updatesEnabled());
+        progress()->close();
+        EXPECT_TRUE(progress()->isHidden()) << "the pass goes on";
         watched = true;
     };
     duringPass(watch);
@@ -164,43 +156,36 @@ TEST_F(ColourDocumentTest, AnUnlockedDocumentShowsThePassUnderWay) {
 TEST_F(ColourDocumentTest, WhatIsAskedDuringAPassWaitsForItsEnd) {
     auto& first = open(file("a.klt", kText));
     const auto other = file("b.klt", "b"), dropped = file("c.klt", "c");
-    bool tried = false;
-    duringPass([&] {
-        tried = true;
-        QTest::keyClick(&box(), Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClick(&box(), 'x');
-        action("F1")->trigger();
+    answerMessage(QMessageBox::Cancel);
+    checkDoing([&] {
+        key(Qt::Key_End, kCtrl);
+        type("x");
+        run("F1");
         editor().queue.submit(Origin::Outside, [&] { open(other); });
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(dropped))});
-        dropOnto(window(), data);
+        dropFiles(window(), {dropped});
         subWindow(first).close();
         window().close();
-        set("Show KLT Checker Window", "0");
+        setOption(kWindowSetting, "0");
         box().SetSelStart(0);
         box().SetSelText("lost");
         EXPECT_EQ(textOf(first), kChecked) << "no edit falls into a pass";
-        EXPECT_EQ(window().forms().count(), 2);
+        EXPECT_EQ(count(), 1);
     });
-    answerMessage(QMessageBox::Cancel);
-    check();
-    ASSERT_TRUE(tried);
-    EXPECT_EQ(window().forms().count(), 2);
+    EXPECT_EQ(count(), 1);
     answerMessage(QMessageBox::Cancel);
     EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == 2; }));
     EXPECT_EQ(textOf(first), std::string(kChecked) + "x");
-    EXPECT_EQ(window().forms().count(), 5) << "the new one, the other process's and the dropped one";
+    EXPECT_EQ(count(), 4) << "the new one, the other process's and the dropped one";
     EXPECT_FALSE(editor().isOver()) << "the user cancelled";
 }
 
 TEST_F(ColourDocumentTest, WaitingKeysGoWhereAWaitingCommandMovesTheFocus) {
     auto& first = open(file("a.klt", kText));
-    duringPass([&] {
-        action("F1")->trigger();
-        QTest::keyClick(first.RichTextBox1, Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClick(first.RichTextBox1, 'x');
+    checkDoing([&] {
+        run("F1");
+        key(Qt::Key_End, kCtrl);
+        type("x");
     });
-    check();
     EXPECT_TRUE(QTest::qWaitFor([&] { return &active() != &first && active().Modified(); }));
     EXPECT_EQ(textOf(active()).back(), 'x');
     EXPECT_FALSE(first.Modified());
@@ -229,27 +214,21 @@ TEST_F(ColourDocumentTest, WhatIsMeantForADialogDoesNotWaitForItsEnd) {
 }
 
 TEST_F(ColourDocumentTest, AnAccessKeyOpensItsMenuWhenThePassIsOver) {
-    set("Show KLT Checker Window", "0");
+    setOption(kWindowSetting, "0");
     open(file("a.klt", kText));
-    bool tried = false;
-    duringPass([&] {
-        tried = true;
-        QTest::keyClick(&box(), Qt::Key_F, Qt::AltModifier);
-        QTest::keyClick(&box(), Qt::Key_N);
+    checkDoing([&] {
+        key(Qt::Key_F, Qt::AltModifier);
+        key(Qt::Key_N);
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     });
-    check();
-    EXPECT_TRUE(tried);
     EXPECT_TRUE(QTest::qWaitFor([this] { return active().Caption() == "KLT2"; })) << "and keys go on in it";
 }
 
 TEST_F(ColourDocumentTest, AChangedPreferenceShowsAtTheNextPass) {
     open(file("a.klt", kText));
-    const auto colour = [&] {
-        return box().SendScintilla(QsciScintillaBase::SCI_STYLEGETFORE, static_cast<unsigned long>(7));
-    };
+    const auto colour = [&] { return box().SendScintilla(QsciScintillaBase::SCI_STYLEGETFORE, 7UL); };
     EXPECT_EQ(colour(), 0xFF8000) << "0, 128, 255 in the order blue, green, red";
-    EXPECT_EQ(variables().Settings.SaveSetting("Sections", "Color", "12"), true);
+    EXPECT_TRUE(variables().Settings.SaveSetting("Sections", "Color", "12"));
     EXPECT_EQ(colour(), 0xFF8000);
     check();
     EXPECT_EQ(colour(), 0x0000FF);
