@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <QTest>
+#include <algorithm>
 #include <filesystem>
 #include <future>
 #include <thread>
@@ -28,44 +29,44 @@ constexpr auto kLong = 30'000ms;
 class InstanceServerTest : public testing::Test {
 protected:
     void start(std::chrono::milliseconds silenceLimit = kLong) {
+        const auto received = [this](std::string line, std::function<void()> done) {
+            received_.push_back(std::move(line));
+            done_.push_back(std::move(done));
+            if (endsItself_) server_.reset();
+        };
         server_ = std::make_unique<InstanceServer>(
-            instances_, kTitle,
-            InstanceHandlers{[this] { ++activated_; },
-                             [this](std::string line, std::function<void()> done) {
-                                 received_.push_back(std::move(line));
-                                 done_.push_back(std::move(done));
-                             }},
-            silenceLimit);
+            instances_, kTitle, InstanceHandlers{[this] { ++activated_; }, received}, silenceLimit);
         ASSERT_TRUE(server_->isListening());
     }
     WindowEntry window() const {
         const auto found = later_.FindMatchingWindows(kWindowTitleSought, kMainWindowClass);
         return found.empty() ? WindowEntry() : found.front();
     }
+    Descriptor connection() const { return connectToPath(window().socketPath); }
     /// A later instance's hand-over; it runs while the test lets events run.
-    static std::future<HandOver> send(const WindowEntry& to, const std::string& line,
-                                      std::chrono::milliseconds limit = kLong) {
-        return std::async(std::launch::async, ActivatePreviousInstance, to, line, limit);
+    std::future<HandOver> send(const std::string& line, std::chrono::milliseconds limit = kLong) const {
+        return std::async(std::launch::async, ActivatePreviousInstance, window(), line, limit);
     }
-    static bool isReady(const std::future<HandOver>& future) {
+    template <typename Result>
+    static bool isReady(const std::future<Result>& future) {
         return future.wait_for(0s) == std::future_status::ready;
     }
-    static HandOver resultOf(std::future<HandOver>& future) {
+    template <typename Result>
+    static Result resultOf(std::future<Result>& future) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return isReady(future); }, 30'000));
         return future.get();
     }
-    bool waitForMessages(size_t count) const {
-        return QTest::qWaitFor([&] { return received_.size() == count; }, 30'000);
+    void waitForMessages(size_t count) const {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return received_.size() == count; }, 30'000));
     }
     /// Lets events run until the server has ended this connection.
     static bool isDropped(const Descriptor& socket) {
-        return QTest::qWaitFor(
-            [&] {
-                char byte = 0;
-                const auto count = ::recv(socket.number(), &byte, 1, MSG_DONTWAIT);
-                return count == 0 || (count < 0 && errno != EAGAIN);
-            },
-            30'000);
+        const auto isEnded = [&] {
+            char byte = 0;
+            const auto count = ::recv(socket.number(), &byte, 1, MSG_DONTWAIT);
+            return count == 0 || (count < 0 && errno != EAGAIN);
+        };
+        return QTest::qWaitFor(isEnded, 30'000);
     }
 
     ScratchFolder scratch_;
@@ -74,60 +75,46 @@ protected:
     int activated_ = 0;
     std::vector<std::string> received_;
     std::vector<std::function<void()>> done_;
+    bool endsItself_ = false;
 };
 
 }  // namespace
 
-TEST_F(InstanceServerTest, TakesACommandLineAndAnswersWhenItsFilesAreOpen) {
-    start();
-    auto sender = send(window(), "\"/a\" \"/\u00E4\xFF\"");
-    ASSERT_TRUE(waitForMessages(1));
-    EXPECT_THAT(received_, ElementsAre("\"/a\" \"/\u00E4\xFF\""));
-    EXPECT_EQ(activated_, 1);
-    QTest::qWait(20);
-    EXPECT_FALSE(isReady(sender)) << "its files are not open yet";
-    done_.front()();
-    EXPECT_EQ(resultOf(sender), HandOver::delivered);
-}
-
 TEST_F(InstanceServerTest, AnEmptyMessageOnlyActivates) {
     start();
-    auto sender = send(window(), "");
+    auto sender = send("");
     EXPECT_EQ(resultOf(sender), HandOver::delivered);
     EXPECT_EQ(activated_, 1);
     EXPECT_THAT(received_, IsEmpty());
 }
 
-TEST_F(InstanceServerTest, ServesManyAtOnceEachWithItsOwnAnswer) {
+TEST_F(InstanceServerTest, ServesManyAtOnceEachWithItsOwnAnswerWhenItsFilesAreOpen) {
     start();
     std::vector<std::future<HandOver>> senders;
-    senders.reserve(20);
-    for (int i = 0; i < 20; ++i) senders.push_back(send(window(), std::to_string(i)));
-    ASSERT_TRUE(waitForMessages(20));
+    for (int i = 0; i < 20; ++i) senders.push_back(send(std::to_string(i) + " \"/\u00E4\xFF\""));
+    waitForMessages(20);
+    EXPECT_EQ(activated_, 20);
+    QTest::qWait(20);
+    EXPECT_TRUE(std::none_of(senders.begin(), senders.end(), isReady<HandOver>)) << "no files are open yet";
     for (size_t i = 20; i-- > 0;) {
-        done_[i]();
-        EXPECT_EQ(resultOf(senders[std::stoul(received_[i])]), HandOver::delivered);
+        EXPECT_THAT(received_[i], testing::EndsWith(" \"/\u00E4\xFF\""));
+        if (i > 0) done_[i]();
+        done_.pop_back();
+        const auto expected = i > 0 ? HandOver::delivered : HandOver::unanswered;
+        EXPECT_EQ(resultOf(senders[std::stoul(received_[i])]), expected);
     }
-}
-
-TEST_F(InstanceServerTest, FilesThatAreNeverOpenedAreTheSenders) {
-    start();
-    auto sender = send(window(), "a");
-    ASSERT_TRUE(waitForMessages(1));
-    done_.clear();
-    EXPECT_EQ(resultOf(sender), HandOver::unanswered);
 }
 
 TEST_F(InstanceServerTest, OutlivedByWhatItHasTaken) {
     start();
-    const auto to = window();
-    auto taken = send(to, "a");
-    ASSERT_TRUE(waitForMessages(1));
-    auto waiting = send(to, "b");
-    const auto half = connectToPath(to.socketPath);
+    const auto path = window().socketPath;
+    auto taken = send("a");
+    waitForMessages(1);
+    auto waiting = send("b");
+    const auto half = connection();
     server_.reset();
     EXPECT_THAT(window().socketPath, IsEmpty());
-    EXPECT_FALSE(std::filesystem::exists(to.socketPath));
+    EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_EQ(resultOf(waiting), HandOver::notAcknowledged);
     EXPECT_TRUE(isDropped(half));
     done_.front()();
@@ -136,24 +123,20 @@ TEST_F(InstanceServerTest, OutlivedByWhatItHasTaken) {
 }
 
 TEST_F(InstanceServerTest, MayBeGoneBehindAMessage) {
-    std::unique_ptr<InstanceServer> server;
-    server = std::make_unique<InstanceServer>(instances_, kTitle,
-                                              InstanceHandlers{[] {},
-                                                               [&](const auto&, const auto& done) {
-                                                                   server.reset();
-                                                                   done();
-                                                               }});
-    auto sender = send(window(), "a");
+    start();
+    endsItself_ = true;
+    auto sender = send("a");
+    waitForMessages(1);
+    done_.front()();
     EXPECT_EQ(resultOf(sender), HandOver::delivered);
 }
 
 TEST_F(InstanceServerTest, WhatIsClosedBeforeItsAcknowledgementIsNeverOpened) {
     start();
-    auto frozen = send(window(), "a", 20ms);
-    EXPECT_EQ(frozen.get(), HandOver::notAcknowledged) << "no events have run";
-    sendBytes(connectToPath(window().socketPath), encodeMessage("b"));
-    auto sender = send(window(), "c");
-    ASSERT_TRUE(waitForMessages(1));
+    EXPECT_EQ(send("a", 20ms).get(), HandOver::notAcknowledged) << "no events have run";
+    sendBytes(connection(), encodeMessage("b"));
+    auto sender = send("c");
+    waitForMessages(1);
     EXPECT_THAT(received_, ElementsAre("c"));
     EXPECT_EQ(activated_, 1);
     done_.clear();
@@ -162,19 +145,15 @@ TEST_F(InstanceServerTest, WhatIsClosedBeforeItsAcknowledgementIsNeverOpened) {
 
 TEST_F(InstanceServerTest, DropsWhatIsNoWholeMessage) {
     start(50ms);
-    const auto whole = encodeMessage("abc");
     for (const auto& [name, bytes] : {std::pair("silent", ""s),
                                       {"half a length", "\2\0"s},
-                                      {"half a text", whole.substr(0, 7)},
+                                      {"half a text", encodeMessage("abc").substr(0, 7)},
                                       {"odd length", "\3\0\0\0abc"s},
                                       {"more than 1 MiB", "\2\0\x10\0ab"s}}) {
-        const auto open = connectToPath(window().socketPath), closed = connectToPath(window().socketPath);
-        ASSERT_TRUE(open && closed) << name;
-        sendBytes(open, bytes);
-        sendBytes(closed, bytes);
+        const auto open = connection(), closed = connection();
+        for (const auto* socket : {&open, &closed}) sendBytes(*socket, bytes);
         ::shutdown(closed.number(), SHUT_WR);
-        EXPECT_TRUE(isDropped(open)) << name;
-        EXPECT_TRUE(isDropped(closed)) << name;
+        EXPECT_TRUE(isDropped(open) && isDropped(closed)) << name;
     }
     EXPECT_THAT(received_, IsEmpty());
     EXPECT_EQ(activated_, 0);
@@ -183,13 +162,13 @@ TEST_F(InstanceServerTest, DropsWhatIsNoWholeMessage) {
 // A window that was busy for long finds the message and the end of its time together.
 TEST_F(InstanceServerTest, TakesAMessageThatCameWhileNoEventsRan) {
     start(100ms);
-    const auto socket = connectToPath(window().socketPath);
+    const auto socket = connection();
     const auto message = encodeMessage("a");
     sendBytes(socket, message.substr(0, 2));
     QTest::qWait(20);
     sendBytes(socket, message.substr(2));
     std::this_thread::sleep_for(150ms);
-    ASSERT_TRUE(waitForMessages(1));
+    waitForMessages(1);
     done_.front()();
     EXPECT_EQ(receiveBytes(socket, 2), std::string({kAcknowledged, kFilesAreOpen}));
 }
@@ -197,13 +176,13 @@ TEST_F(InstanceServerTest, TakesAMessageThatCameWhileNoEventsRan) {
 TEST_F(InstanceServerTest, TakesAMessageInPiecesAndUpToTheLimit) {
     start();
     const std::string longest(kLongestMessage / 2, 'x');
-    auto sender = send(window(), longest);
-    const auto slow = connectToPath(window().socketPath);
+    auto sender = send(longest);
+    const auto slow = connection();
     for (const char byte : encodeMessage("ab")) {
         sendBytes(slow, {&byte, 1});
         QTest::qWait(1);
     }
-    ASSERT_TRUE(waitForMessages(2));
+    waitForMessages(2);
     EXPECT_THAT(received_, testing::UnorderedElementsAre("ab", longest));
     for (const auto& done : done_) done();
     EXPECT_EQ(resultOf(sender), HandOver::delivered);
@@ -212,10 +191,10 @@ TEST_F(InstanceServerTest, TakesAMessageInPiecesAndUpToTheLimit) {
 TEST_F(InstanceServerTest, ManySilentOnesDoNotKeepOthersOut) {
     start(100ms);
     std::vector<Descriptor> silent(120);
-    for (auto& socket : silent) socket = connectToPath(window().socketPath);
+    for (auto& socket : silent) socket = connection();
     ASSERT_TRUE(silent.back());
-    auto sender = send(window(), "a");
-    ASSERT_TRUE(waitForMessages(1));
+    auto sender = send("a");
+    waitForMessages(1);
     done_.front()();
     EXPECT_EQ(resultOf(sender), HandOver::delivered);
 }
@@ -250,7 +229,6 @@ TEST_F(InstanceServerTest, AnotherUsersMessageIsDropped) {
     });
     EXPECT_EQ(other.nextReport(), "sent");
     auto answer = std::async(std::launch::async, [&] { return other.nextReport(); });
-    ASSERT_TRUE(QTest::qWaitFor([&] { return answer.wait_for(0s) == std::future_status::ready; }, 30'000));
-    EXPECT_EQ(answer.get(), "dropped");
+    EXPECT_EQ(resultOf(answer), "dropped");
     EXPECT_THAT(received_, IsEmpty());
 }
