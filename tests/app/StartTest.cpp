@@ -15,27 +15,18 @@
 #include "settings/cMRUFileList.h"
 #include "support/ChildProcess.h"
 #include "support/Scratch.h"
+#include "text/Unicode.h"
 
 using namespace klt;
 using namespace std::chrono_literals;
-using testing::IsEmpty;
 using testing::UnorderedElementsAreArray;
 
 namespace {
 
 bool waitUntil(const std::function<bool()>& condition) {
     const auto end = std::chrono::steady_clock::now() + 30s;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) return false;
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
-}
-
-/// The recent files list turns names to upper case when it comes across them.
-std::string upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::toupper(c); });
-    return text;
+    while (!condition() && std::chrono::steady_clock::now() < end) std::this_thread::sleep_for(10ms);
+    return condition();
 }
 
 class StartTest : public testing::Test {
@@ -49,25 +40,27 @@ protected:
     static ChildProcess start(std::vector<std::string> arguments) {
         return ChildProcess([&](const ChildProcess::Report&) {
             arguments.insert(arguments.begin(), KLT_BIN "/klteditor");
-            std::vector<char*> pointers;
-            pointers.reserve(arguments.size() + 1);
-            for (auto& argument : arguments) pointers.push_back(argument.data());
-            pointers.push_back(nullptr);
+            std::vector<char*> pointers(arguments.size() + 1);
+            std::transform(arguments.begin(), arguments.end(), pointers.begin(),
+                           [](std::string& argument) { return argument.data(); });
             execv(pointers.front(), pointers.data());
         });
+    }
+    /// A program that nobody is in the way of, once its window is there.
+    ChildProcess startFirst(std::vector<std::string> arguments = {}) const {
+        auto program = start(std::move(arguments));
+        EXPECT_TRUE(waitUntil([this] { return windows().size() == 1; }));
+        return program;
     }
     std::string file(const std::string& name) const {
         auto path = home_ / name;
         writeBytes(path, "Version=2\r\n");
         return path;
     }
-    std::vector<WindowEntry> windows() const {
+    static std::vector<WindowEntry> windows() {
         return Instances(runtimeFolder()).FindMatchingWindows(kWindowTitleSought, kMainWindowClass);
     }
-    bool waitForWindow() const {
-        return waitUntil([this] { return windows().size() == 1; });
-    }
-    /// The recent files.
+    /// The recent files, in upper case, as the list has those that it has come across again.
     std::vector<std::string> opened() {
         cRegistry registry(store_);
         registry.ClassKey(HKEY_CURRENT_USER);
@@ -75,14 +68,13 @@ protected:
         cMRUFileList list;
         list.Load(registry);
         std::vector<std::string> files;
-        for (std::int32_t i = 1; i <= list.FileCount(); ++i) files.push_back(upper(list.file(i)));
+        for (std::int32_t i = 1; i <= list.FileCount(); ++i) files.push_back(upperCase(list.file(i)));
         return files;
     }
-    void expectOpened(const std::vector<std::string>& files) {
-        std::vector<std::string> expected(files.size());
-        std::transform(files.begin(), files.end(), expected.begin(), upper);
-        waitUntil([&] { return opened().size() >= expected.size(); });
-        EXPECT_THAT(opened(), UnorderedElementsAreArray(expected));
+    void expectOpened(std::vector<std::string> files) {
+        for (auto& path : files) path = upperCase(path);
+        waitUntil([&] { return opened().size() >= files.size(); });
+        EXPECT_THAT(opened(), UnorderedElementsAreArray(files));
     }
 
     ScratchHome home_;
@@ -93,60 +85,50 @@ protected:
 }  // namespace
 
 TEST_F(StartTest, OfTwentyAtOnceOneOpensAllFiles) {
-    constexpr size_t kStarts = 20;
-    std::vector<std::string> files(kStarts);
+    std::vector<std::string> files;
+    for (int i = 0; i < 20; ++i) files.push_back(file(std::to_string(i) + ".klt"));
     std::vector<ChildProcess> programs;
-    programs.reserve(kStarts);
-    for (size_t i = 0; i < kStarts; ++i) files[i] = file(std::to_string(i) + ".klt");
     for (const auto& path : files) programs.push_back(start({path}));
-    waitUntil([&] {
-        return std::count_if(programs.begin(), programs.end(), [](auto& p) { return p.isRunning(); }) == 1;
-    });
-    EXPECT_EQ(std::count_if(programs.begin(), programs.end(), [](auto& p) { return p.isRunning(); }), 1);
-    EXPECT_EQ(std::count_if(programs.begin(), programs.end(), [](auto& p) { return p.exitStatus() == 0; }),
+    const auto running = [&] {
+        return std::count_if(programs.begin(), programs.end(), [](auto& it) { return it.isRunning(); });
+    };
+    EXPECT_TRUE(waitUntil([&] { return running() == 1; }));
+    EXPECT_EQ(std::count_if(programs.begin(), programs.end(), [](auto& it) { return it.exitStatus() == 0; }),
               19);
     EXPECT_EQ(windows().size(), 1U);
     expectOpened(files);
 }
 
 TEST_F(StartTest, ALaterOneHandsItsFilesOverAndEnds) {
-    const auto first = start({});
-    ASSERT_TRUE(waitForWindow());
+    const auto first = startFirst();
     std::filesystem::create_directory(home_ / "d:");
     const auto a = file("a b.klt"), b = file("d:/b.klt"), c = file("c.klt"), d = file("d.klt");
-    auto two = start({a, b});
-    EXPECT_EQ(two.waitForEnd(), 0);
+    EXPECT_EQ(start({a, b}).waitForEnd(), 0);
     expectOpened({a, b});
-    auto named = start({"/d:" + home_.folder().path() + "/", "/d:/c.klt", "/D:/d.klt"});
-    EXPECT_EQ(named.waitForEnd(), 0);
-    auto bare = start({});
-    EXPECT_EQ(bare.waitForEnd(), 0);
+    EXPECT_EQ(start({"/d:" + home_.folder().path() + "/", "/d:/c.klt", "/D:/d.klt"}).waitForEnd(), 0);
+    EXPECT_EQ(start({}).waitForEnd(), 0);
+    for (const char* question : {"--help", "--version"})
+        EXPECT_EQ(start({file("e.klt"), question}).waitForEnd(), 0) << question;
     expectOpened({a, b, c, d});
     EXPECT_EQ(windows().size(), 1U);
 }
 
 TEST_F(StartTest, ASwitchAloneShowsTheWindowEmpty) {
-    auto program = start({"/d:"});
-    ASSERT_TRUE(waitForWindow());
+    auto program = startFirst({"/d:"});
     EXPECT_EQ(ActivatePreviousInstance(windows().front(), ""), HandOver::delivered) << "events run";
     EXPECT_TRUE(program.isRunning());
-    EXPECT_THAT(opened(), IsEmpty());
+    EXPECT_THAT(opened(), testing::IsEmpty());
 }
 
 TEST_F(StartTest, AKilledFirstIsNotInTheWay) {
-    auto dead = start({file("a.klt")});
-    ASSERT_TRUE(waitForWindow());
-    dead.kill();
-    const auto b = file("b.klt");
-    auto next = start({b});
-    ASSERT_TRUE(waitForWindow());
+    startFirst({file("a.klt")}).kill();
+    auto next = startFirst({file("b.klt")});
     EXPECT_TRUE(next.isRunning());
     EXPECT_EQ(readBytes(runtimeFolder() + "/first.lock"), std::to_string(next.pid()) + "\n");
 }
 
 TEST_F(StartTest, AFrozenFirstNeverOpensWhatItDidNotAcknowledge) {
-    const auto first = start({});
-    ASSERT_TRUE(waitForWindow());
+    const auto first = startFirst();
     const auto window = windows().front();
     const auto late = file("late.klt"), next = file("next.klt");
     first.freeze();
@@ -157,17 +139,16 @@ TEST_F(StartTest, AFrozenFirstNeverOpensWhatItDidNotAcknowledge) {
 }
 
 TEST_F(StartTest, AFirstThatDiesUnderAHandOverLeavesTheFilesToTheSender) {
-    auto first = start({});
-    ASSERT_TRUE(waitForWindow());
+    auto first = startFirst();
     first.freeze();
     const auto a = file("a.klt");
     auto later = start({a});
     // It has found the window and waits for the acknowledgement once the lock has seen a search go by.
     std::this_thread::sleep_for(600ms);
     first.kill();
-    ASSERT_TRUE(waitForWindow());
     expectOpened({a});
     EXPECT_TRUE(later.isRunning());
+    EXPECT_EQ(readBytes(runtimeFolder() + "/first.lock"), std::to_string(later.pid()) + "\n");
 }
 
 TEST_F(StartTest, WithoutARuntimeFolderEachRunsAlone) {
@@ -176,16 +157,6 @@ TEST_F(StartTest, WithoutARuntimeFolderEachRunsAlone) {
     auto first = start({a});
     expectOpened({a});
     auto second = start({b});
-    EXPECT_TRUE(
-        waitUntil([this] { return !opened().empty() && opened().front() == upper(home_ / "b.klt"); }));
-    EXPECT_TRUE(first.isRunning());
-    EXPECT_TRUE(second.isRunning());
-}
-
-TEST_F(StartTest, QuestionsAreAnsweredBeforeAnythingElse) {
-    for (const char* option : {"--help", "--version"}) {
-        auto program = start({file("a.klt"), option});
-        EXPECT_EQ(program.waitForEnd(), 0) << option;
-    }
-    EXPECT_THAT(opened(), IsEmpty());
+    EXPECT_TRUE(waitUntil([&] { return opened() == std::vector{upperCase(b), upperCase(a)}; }));
+    EXPECT_TRUE(first.isRunning() && second.isRunning());
 }
