@@ -1,29 +1,22 @@
 #include <gmock/gmock.h>
 
-#include <filesystem>
-
 #include "support/EditorFixture.h"
 
 using namespace klt;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 namespace {
 
 namespace fs = std::filesystem;
 
-class SaveTest : public EditorFixture {
-protected:
-    void save() { action("F4")->trigger(); }
-    void saveAs() { action("F5")->trigger(); }
-};
+using SaveTest = EditorFixture;
 
 TEST_F(SaveTest, SaveWritesTheFileAndClearsTheFlag) {
     const auto path = file("a.klt", "text\n");
-    auto& document = open(path);
+    const auto& document = open(path);
     type("x");
     variables().CurrentFilePath = home / "other.klt";
-    QTest::keyClick(document.RichTextBox1, Qt::Key_S, Qt::ControlModifier);
+    key(Qt::Key_S, kCtrl);
     EXPECT_EQ(readBytes(path), "xtext\r\n") << "the document's own path, whatever was current";
     EXPECT_FALSE(document.Modified());
     EXPECT_EQ(panel(1), "");
@@ -32,9 +25,14 @@ TEST_F(SaveTest, SaveWritesTheFileAndClearsTheFlag) {
 }
 
 TEST_F(SaveTest, SaveOfANewDocumentIsSaveAs) {
-    auto& document = openNew();
+    const auto& document = openNew();
+    type("x");
+    answerFileDialog("");
+    run("F4");
+    EXPECT_EQ(document.Caption(), "KLT1");
+    EXPECT_TRUE(document.Modified()) << "nothing was chosen";
     answerFileDialog(home / "new");
-    save();
+    run("F4");
     EXPECT_EQ(lastTitle, "Select Data File to Open");
     EXPECT_EQ(proposed, "KLT1.klt");
     EXPECT_EQ(document.Caption(), home / "new.klt") << "the default extension";
@@ -44,24 +42,15 @@ TEST_F(SaveTest, SaveOfANewDocumentIsSaveAs) {
     EXPECT_EQ(action("F4")->text(), "Save new.klt");
 }
 
-TEST_F(SaveTest, ACancelledSaveAsDoesNothing) {
-    auto& document = openNew();
-    type("x");
-    answerFileDialog("");
-    saveAs();
-    EXPECT_EQ(document.Caption(), "KLT1");
-    EXPECT_TRUE(document.Modified());
-}
-
 TEST_F(SaveTest, SaveAsAsksBeforeItReplacesAFile) {
     openNew();
     const auto path = file("there.klt", "old");
     answerFileDialog(path);
-    answerNext<QMessageBox>([this, path](QMessageBox& box) {
-        QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+    answerNext<QMessageBox>([this](QMessageBox& box) {
+        box.button(QMessageBox::No)->click();
         answerNext<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
     });
-    saveAs();
+    run("F5");
     EXPECT_EQ(readBytes(path), "old");
 }
 
@@ -77,49 +66,43 @@ TEST_F(SaveTest, EncodingsComeBackAsTheyWere) {
         {"nul", std::string("a\0b", 3), std::string("xa\0b", 4)},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const auto path = file(row.name, row.bytes);
-        open(path);
+        open(file(row.name, row.bytes));
         type("x");
-        save();
-        EXPECT_EQ(readBytes(path), row.expected);
+        run("F4");
+        EXPECT_EQ(readBytes(home / row.name), row.expected) << row.name;
     }
 }
 
-TEST_F(SaveTest, AFailedSaveTellsAndKeepsTheFlag) {
-    fs::create_directory(home / "docs");
-    auto& document = open(file("docs/a.klt", "a"));
+TEST_F(SaveTest, AFailureIsToldAndLeavesCaptionAndFlags) {
+    const auto& document = open(file("docs/a.klt", "a"));
     type("x");
     fs::remove_all(home / "docs");
-    save();
+    run("F4");
     EXPECT_TRUE(document.Modified());
     EXPECT_THAT(notice(), StartsWith(home / "docs/a.klt could not be saved: "));
-    EXPECT_TRUE(document.RichTextBox1->hasFocus());
-}
+    EXPECT_TRUE(box().hasFocus());
 
-TEST_F(SaveTest, AFailedSaveAsLeavesCaptionAndFlags) {
-    auto& document = openNew();
     const std::string path = "/proc/klt-test.klt";  // takes no files from anybody
+    openNew();
     answerFileDialog(path);
-    saveAs();
-    EXPECT_EQ(document.Caption(), "KLT1");
-    EXPECT_FALSE(document.Exists());
+    run("F5");
+    EXPECT_EQ(active().Caption(), "KLT2");
+    EXPECT_FALSE(active().Exists());
     EXPECT_THAT(notice(), StartsWith(path + " could not be saved: "));
 }
 
 TEST_F(SaveTest, TheFirstSaveOverAnUnreadFileKeepsTheOldOneBesideIt) {
     const auto path = file("big.klt", "old");
     fs::resize_file(path, uintmax_t{1} << 31);  // more than is read
-    auto& document = open(path);
-    EXPECT_THAT(notice(), HasSubstr("could not be read"));
-    type("x");
-    save();
-    EXPECT_EQ(readBytes(path), "x");
-    EXPECT_EQ(fs::file_size(path + "~"), uintmax_t{1} << 31);
-    EXPECT_FALSE(document.Modified());
-    type("y");
-    save();
-    EXPECT_EQ(readBytes(path), "xy");
+    const auto& document = open(path);
+    EXPECT_THAT(notice(), StartsWith(path + " could not be read"));
+    for (const std::string text : {"x", "xy"}) {
+        type(QString(text.back()));
+        run("F4");
+        EXPECT_EQ(readBytes(path), text);
+        EXPECT_FALSE(document.Modified());
+        EXPECT_EQ(fs::file_size(path + "~"), uintmax_t{1} << 31);
+    }
     EXPECT_FALSE(fs::exists(path + "~2"));
 }
 
