@@ -1,7 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <filesystem>
-
 #include "platform/Recovery.h"
 #include "support/EditorFixture.h"
 
@@ -14,35 +12,32 @@ namespace fs = std::filesystem;
 
 class CloseCheckTest : public EditorFixture {
 protected:
-    void close() { action("F3")->trigger(); }
+    static constexpr auto kClose = "F3", kExit = "F6";
+
     /// A document of a file in a folder of its own, changed; what is typed stands in front.
     frmKLTEditor& openChanged(std::string_view name = "a.klt") {
-        fs::create_directories(home / "docs");
         auto& document = open(file("docs/" + std::string(name), "text"));
         type("x");
         return document;
     }
-    void closeWindow() { action("F6")->trigger(); }
+    void answerWith(QMessageBox::StandardButton button, const char* command = kClose) {
+        answerMessage(button);
+        run(command);
+    }
 };
 
-TEST_F(CloseCheckTest, TheQuestionNamesTheDocument) {
-    const struct {
-        std::string caption;
-        const char* name;
-    } rows[] = {
-        {"KLT1", "KLT1.klt"},
-        {"/a/b/harbor.klt", "harbor.klt"},
-        {"/a/b.c/harbor", "harbor.klt"},
-        {"/a/notes.old", "notes.old"},
-    };
+TEST_F(CloseCheckTest, TheQuestionNamesTheDocumentAndCancelKeepsIt) {
     auto& document = openNew();
     type("x");
-    for (const auto& row : rows) {
-        document.setCaption(row.caption);
-        answerMessage(QMessageBox::Cancel);
-        close();
-        EXPECT_EQ(asked.back(),
-                  "The data file " + std::string(row.name) + " has been changed!\nSave changes?");
+    for (const auto& [caption, name] : {std::pair("KLT1", "KLT1.klt"),
+                                        {"/a/b/harbor.klt", "harbor.klt"},
+                                        {"/a/b.c/harbor", "harbor.klt"},
+                                        {"/a/notes.old", "notes.old"}}) {
+        document.setCaption(caption);
+        variables().LoadingDocuments = true;
+        answerWith(QMessageBox::Cancel);
+        EXPECT_EQ(asked.back(), std::string("The data file ") + name + " has been changed!\nSave changes?");
+        EXPECT_FALSE(variables().LoadingDocuments);
     }
     EXPECT_EQ(lastTitle, "KLT Editor Beta 1.60");
     EXPECT_EQ(lastIcon, QMessageBox::Warning);
@@ -54,60 +49,42 @@ TEST_F(CloseCheckTest, YesWritesTheFileAndNoDoesNot) {
     for (const auto& [answer, written] :
          {std::pair(QMessageBox::Yes, "xtext"), std::pair(QMessageBox::No, "text")}) {
         openChanged();
-        answerMessage(answer);
-        close();
+        answerWith(answer);
         EXPECT_EQ(readBytes(home / "docs/a.klt"), written);
-        EXPECT_EQ(window().ActiveForm(), nullptr);
+        EXPECT_EQ(count(), 0);
     }
-}
-
-TEST_F(CloseCheckTest, CancelLowersLoadingDocuments) {
-    openChanged();
-    variables().LoadingDocuments = true;
-    answerMessage(QMessageBox::Cancel);
-    close();
-    EXPECT_FALSE(variables().LoadingDocuments);
 }
 
 TEST_F(CloseCheckTest, YesForADocumentWithoutFileAsksForOne) {
     openNew();
     type("x");
-    answerMessage(QMessageBox::Yes);
     answerFileDialog(home / "new");
-    close();
+    answerWith(QMessageBox::Yes);
     EXPECT_EQ(lastTitle, "Select Data File Name");
     EXPECT_EQ(proposed, "KLT1.klt");
     EXPECT_THAT(readBytes(home / "new.klt"), testing::EndsWith("data filex"));
     EXPECT_EQ(recentFile(1), home / "new.klt");
-}
-
-TEST_F(CloseCheckTest, ACancelledFileDialogLetsTheDocumentGoUnsaved) {
     openNew();
     type("x");
-    answerMessage(QMessageBox::Yes);
     answerFileDialog("");
-    close();
-    EXPECT_EQ(window().ActiveForm(), nullptr);
+    answerWith(QMessageBox::Yes);
+    EXPECT_EQ(count(), 0) << "it goes unsaved";
 }
 
 TEST_F(CloseCheckTest, TextThatCouldNotBeWrittenIsKeptAndNamedUntilDismissed) {
     openChanged();
     fs::remove_all(home / "docs");
-    answerMessage(QMessageBox::Yes);
-    close();
-    EXPECT_EQ(window().ActiveForm(), nullptr);
+    answerWith(QMessageBox::Yes);
+    EXPECT_EQ(count(), 0);
     ASSERT_EQ(recoveryFiles().size(), 1);
     const auto kept = recoveryFiles()[0];
     EXPECT_EQ(readBytes(kept), "xtext");
     EXPECT_THAT(notice(), testing::StartsWith(home / "docs/a.klt could not be saved: "));
     EXPECT_THAT(notice(), HasSubstr(kept));
-
     restart();
-    window();
     EXPECT_THAT(notice(), HasSubstr(kept));
     dismissNotice();
     restart();
-    window();
     EXPECT_EQ(notice(), "");
 }
 
@@ -115,10 +92,9 @@ TEST_F(CloseCheckTest, WhereNothingCanBeKeptTheDocumentStaysAndAShutdownStops) {
     auto& document = openChanged();
     fs::remove_all(home / "docs");
     fs::remove_all(home / "state");
-    writeBytes(home / "state", "in the way");
-    for (const auto& closing : {std::function<void()>([&] { close(); }), {[&] { closeWindow(); }}}) {
-        answerMessage(QMessageBox::Yes);
-        closing();
+    file("state", "in the way");
+    for (const auto* command : {kClose, kExit}) {
+        answerWith(QMessageBox::Yes, command);
         EXPECT_EQ(window().ActiveForm(), &document);
         EXPECT_THAT(notice(), HasSubstr("The document stays"));
     }
@@ -133,9 +109,9 @@ TEST_F(CloseCheckTest, AShutdownAsksEachInTurnAndStopsAtCancel) {
     openChanged("d.klt");
     answerMessage(QMessageBox::No);
     answerNext<QMessageBox>([this](QMessageBox&) { answerMessage(QMessageBox::Cancel); });
-    closeWindow();
+    run(kExit);
     EXPECT_THAT(asked, testing::ElementsAre(HasSubstr("a.klt"), HasSubstr("c.klt")));
-    EXPECT_EQ(window().forms().count(), 3) << "what was unloaded stays unloaded";
+    EXPECT_EQ(count(), 2) << "what was unloaded stays unloaded";
     EXPECT_FALSE(third.AppEnd);
     EXPECT_TRUE(window().isVisible());
     EXPECT_FALSE(editor().isOver());
@@ -143,9 +119,8 @@ TEST_F(CloseCheckTest, AShutdownAsksEachInTurnAndStopsAtCancel) {
 
 TEST_F(CloseCheckTest, AShutdownTakesTheWindowDown) {
     openChanged();
-    answerMessage(QMessageBox::Yes);
-    SaveSetting(store, kSettingsApplication, "Special", "frmAboutBox Easter Egg", "Enabled");
-    closeWindow();
+    set("Special", "frmAboutBox Easter Egg", "Enabled");
+    answerWith(QMessageBox::Yes, kExit);
     EXPECT_TRUE(editor().isOver());
     EXPECT_FALSE(window().isVisible());
     EXPECT_FALSE(window().Timer1().isActive());

@@ -39,32 +39,27 @@ TEST_F(MainTest, WithoutArgumentsThereIsOneNewDocument) {
     EXPECT_EQ(setting("KLTEditor", "Version"), "1.60.0053");
 }
 
-TEST_F(MainTest, EachFileOfTheCommandLineIsOpened) {
-    const auto a = file("a.klt", "a"), b = file("b c.klt", "b");
-    start("\"" + a + "\" \"" + b + "\"");
-    ASSERT_EQ(window().forms().count(), 3);
-    EXPECT_EQ(window().forms().documents()[0]->Caption(), a);
-    EXPECT_EQ(active().Caption(), b);
-}
-
 TEST_F(MainTest, ADirectoryAloneShowsAnEmptyWindow) {
     answerMessage(QMessageBox::Ok);
     start("/d:/nowhere");
     EXPECT_EQ(lastIcon, QMessageBox::Warning);
     EXPECT_NE(asked.at(0), "");
     EXPECT_TRUE(window().isVisible());
-    EXPECT_EQ(window().ActiveForm(), nullptr);
+    EXPECT_EQ(count(), 0);
     EXPECT_TRUE(variables().StartupComplete);
 }
 
 TEST_F(MainTest, AnErrorIsShownAndTheStartGoesOn) {
-    answerMessage(QMessageBox::Ok);
-    reportingErrors([] { throw std::system_error(ENOSPC, std::generic_category(), "store"); });
-    EXPECT_EQ(asked.at(0), "28: generic\n\nstore: No space left on device");
-    answerMessage(QMessageBox::Ok);
-    reportingErrors([] { throw std::runtime_error("broken"); });
-    EXPECT_EQ(asked.at(1), "0: klteditor\n\nbroken");
-    EXPECT_EQ(lastIcon, QMessageBox::NoIcon);
+    const std::pair<std::function<void()>, const char*> rows[] = {
+        {[] { throw std::system_error(ENOSPC, std::generic_category(), "store"); },
+         "28: generic\n\nstore: No space left on device"},
+        {[] { throw std::runtime_error("broken"); }, "0: klteditor\n\nbroken"}};
+    for (const auto& [step, told] : rows) {
+        answerMessage(QMessageBox::Ok);
+        reportingErrors(step);
+        EXPECT_EQ(asked.back(), told);
+        EXPECT_EQ(lastIcon, QMessageBox::NoIcon);
+    }
 }
 
 // After this one the program has ended once in this process: no dialog comes up any more.
@@ -73,15 +68,14 @@ TEST_F(MainTest, WhatCameDuringAShutdownIsNotCarriedOutAfterIt) {
     const auto path = file("late.klt", "late");
     openNew();
     type("x");
-    ASSERT_TRUE(QTest::qWaitFor([this] { return active().Modified(); }));
     answerNext<QMessageBox>([&](QMessageBox& box) {
         emit window().filesDropped({path});
         QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
     });
-    action("F6")->trigger();
+    run("F6");
     ASSERT_TRUE(QTest::qWaitFor([this] { return editor().isOver(); }));
     letEventsRun();
-    EXPECT_EQ(window().ActiveForm(), nullptr);
+    EXPECT_EQ(count(), 0);
     EXPECT_EQ(variables().RecentFiles.FileCount(), 0);
 }
 
@@ -92,35 +86,37 @@ TEST_F(MainTest, AWindowClosedDuringTheStartEndsIt) {
 }
 
 TEST_F(MainTest, KeysTypedDuringTheStartAreAnEditAfterIt) {
-    restart();
     duringOpening([this] {
-        QTest::keyClick(active().RichTextBox1, Qt::Key_End, Qt::ControlModifier);
-        QTest::keyClick(active().RichTextBox1, Qt::Key_X);
+        key(Qt::Key_End, kCtrl);
+        type("x");
     });
-    startUp(editor(), "");
+    start("");
     EXPECT_TRUE(QTest::qWaitFor([this] { return active().Modified(); }));
     EXPECT_TRUE(textOf(active()).ends_with("x"));
 }
 
 TEST_F(MainTest, AnotherProcessesFilesAreOpenedWhileItWaits) {
     Instances here(home / "run"), there(home / "run");
+    const auto windows = [&] { return there.FindMatchingWindows(kWindowTitleSought, kMainWindowClass); };
     Editor first(store, &here, "");
-    first.mainWindow().showMinimized();
+    auto& shown = first.mainWindow();
+    shown.showMinimized();
     const auto path = file("a.klt", "a");
-    const auto found = there.FindMatchingWindows(kWindowTitleSought, kMainWindowClass);
-    ASSERT_EQ(found.size(), 1);
-    auto handedOver = std::async(std::launch::async,
-                                 [&] { return ActivatePreviousInstance(found[0], "\"" + path + "\" \"\""); });
+    ASSERT_EQ(windows().size(), 1);
+    auto handedOver = std::async(std::launch::async, [path, to = windows()[0]] {
+        return ActivatePreviousInstance(to, "\"" + path + "\" \"\"");
+    });
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return handedOver.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }, 30'000));
     EXPECT_EQ(handedOver.get(), HandOver::delivered);
-    EXPECT_EQ(first.mainWindow().forms().count(), 3);
-    EXPECT_EQ(first.mainWindow().forms().documents()[0]->Caption(), path);
-    EXPECT_FALSE(first.mainWindow().isMinimized());
+    const auto& documents = shown.forms().documents();
+    ASSERT_EQ(documents.size(), 2);
+    EXPECT_EQ(documents[0]->Caption(), path);
+    EXPECT_FALSE(shown.isMinimized());
     EXPECT_FALSE(first.variables.LoadingDocuments);
-    for (auto* document : first.mainWindow().forms().documents()) document->Label1->setEnabled(false);
-    first.mainWindow().close();
-    EXPECT_TRUE(there.FindMatchingWindows(kWindowTitleSought, kMainWindowClass).empty());
+    documents[1]->Label1->setEnabled(false);
+    shown.close();
+    EXPECT_TRUE(windows().empty());
 }
 
 }  // namespace
