@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QStatusBar>
 
 #include "support/Drop.h"
@@ -13,48 +12,51 @@ using namespace klt;
 
 namespace {
 
-class MainWindowTest : public EditorFixture {};
+class MainWindowTest : public EditorFixture {
+protected:
+    MainWindowTest() { dialog_.setModal(true); }
+    ~MainWindowTest() override { dialog_.setParent(nullptr); }
+
+    /// A dialog over the main window.
+    QDialog& dialog() {
+        if (!dialog_.parent()) dialog_.setParent(&window(), Qt::Dialog);
+        return dialog_;
+    }
+    std::string panels() { return panel(1) + "|" + panel(2) + "|" + panel(3); }
+    static std::string caret(const std::string& line, size_t blanks, const std::string& column) {
+        return "Line" + line + std::string(blanks, ' ') + "Column" + column;
+    }
+    QRect place() { return {window().pos(), window().size()}; }
+    bool comesBack(int limit = 5000) {
+        return QTest::qWaitFor([this] { return box().hasFocus(); }, limit);
+    }
+
+private:
+    QDialog dialog_;
+};
 
 TEST_F(MainWindowTest, PanelsTellOfTheActiveDocument) {
-    window();
-    EXPECT_EQ(panel(3), "Line 1" + std::string(15, ' ') + "Column 1");
+    EXPECT_EQ(panel(3), caret(" 1", 15, " 1"));
     auto& first = open(file("a.klt", "ab\r\n\xC3\xA4\xC3\xB6x"));
-    EXPECT_EQ(panel(1), "");
-    EXPECT_EQ(panel(2), "7 bytes");
-    QTest::keyClick(first.RichTextBox1, Qt::Key_End, Qt::ControlModifier);
-    EXPECT_EQ(panel(3), "Line 2" + std::string(15, ' ') + "Column 4");
+    EXPECT_EQ(panels(), "|7 bytes|" + caret(" 1", 15, " 1"));
+    key(Qt::Key_End, kCtrl);
     type("y");
-    EXPECT_EQ(panel(1), "Modified");
-    EXPECT_EQ(panel(2), "8 bytes");
+    EXPECT_EQ(panels(), "Modified|8 bytes|" + caret(" 2", 15, " 5"));
     auto& second = open(file("b.klt", ""));
-    EXPECT_EQ(panel(1), "");
-    EXPECT_EQ(panel(2), "0 bytes");
-    second.RichTextBox1->SetText(std::string(99, '\n'));
-    second.RichTextBox1->Select(198, 0);
-    EXPECT_EQ(panel(3), "Line 100" + std::string(11, ' ') + "Column 1");
+    EXPECT_EQ(panels(), "|0 bytes|" + caret(" 1", 15, " 1"));
+    box().SetText(std::string(99, '\n'));
+    box().Select(198, 0);
+    EXPECT_EQ(panel(3), caret(" 100", 11, " 1"));
     answerMessage(QMessageBox::No);
     window().closeDocument(first);
     EXPECT_EQ(panel(2), "198 bytes") << "another one's closing says nothing of this one";
-}
-
-TEST_F(MainWindowTest, TheFirstDocumentIsActivatedThoughItsFileIsMissing) {
-    answerMessage(QMessageBox::Ok);
-    open(home / "missing.klt");
-    EXPECT_EQ(panel(2), "0 bytes");
-    EXPECT_EQ(variables().CurrentFilePath, "Untitled");
-    EXPECT_TRUE(window().Timer1().isActive() || active().RichTextBox1->hasFocus());
-}
-
-TEST_F(MainWindowTest, TheLastClosingClearsThePanels) {
     openNew();
-    auto& second = openNew();
-    QTest::keyClick(second.RichTextBox1, Qt::Key_F4, Qt::ControlModifier);
-    EXPECT_FALSE(window().forms().contains(&second));
-    EXPECT_EQ(panel(2), "82 bytes");
-    action("F3")->trigger();
-    EXPECT_EQ(panel(1), "");
-    EXPECT_EQ(panel(2), "");
-    EXPECT_EQ(panel(3), "Line" + std::string(18, ' ') + "Column");
+    key(Qt::Key_F4, kCtrl);
+    EXPECT_EQ(&active(), &second);
+    EXPECT_EQ(panel(2), "198 bytes");
+    second.Label1->setEnabled(false);
+    run("F3");
+    EXPECT_EQ(panels(), "||" + caret("", 18, ""));
 }
 
 TEST_F(MainWindowTest, AnActivationMakesTheDocumentsPathCurrentAndBringsTheFocus) {
@@ -64,57 +66,52 @@ TEST_F(MainWindowTest, AnActivationMakesTheDocumentsPathCurrentAndBringsTheFocus
     EXPECT_EQ(variables().CurrentFilePath, first.Caption());
     EXPECT_TRUE(window().Timer1().isActive());
     window().menuBar()->setFocus();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return first.RichTextBox1->hasFocus(); }));
+    EXPECT_TRUE(comesBack());
     EXPECT_FALSE(window().Timer1().isActive());
 }
 
 TEST_F(MainWindowTest, TheFocusComesBackWhenTheWindowsActivationChanges) {
-    auto& text = *openNew().RichTextBox1;
+    openNew();
     variables().StartupComplete = true;
     for (const auto change : {QEvent::WindowActivate, QEvent::WindowDeactivate}) {
         window().Timer1().stop();
         window().menuBar()->setFocus();
         QEvent event(change);
         QCoreApplication::sendEvent(&window(), &event);
-        EXPECT_FALSE(text.hasFocus());
-        const bool comesBack = QTest::qWaitFor([&] { return text.hasFocus(); }, 150);
-        EXPECT_EQ(comesBack, change == QEvent::WindowActivate);
+        EXPECT_FALSE(box().hasFocus());
+        EXPECT_EQ(comesBack(150), change == QEvent::WindowActivate);
     }
 }
 
 TEST_F(MainWindowTest, Timer1WaitsForADialogAndForTheActivationsEnd) {
-    auto& document = openNew();
-    QDialog dialog(&window());
-    dialog.setModal(true);
-    dialog.show();
+    openNew();
+    dialog().show();
     window().Timer1().start(1);
     QTest::qWait(20);
     EXPECT_TRUE(window().Timer1().isActive());
-    dialog.close();
+    dialog().close();
     window().activateWindow();
     variables().ActivatingDocument = true;
     QTest::qWait(20);
     EXPECT_TRUE(window().Timer1().isActive());
     variables().ActivatingDocument = false;
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window().Timer1().isActive(); }));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return document.RichTextBox1->hasFocus(); }));
+    EXPECT_TRUE(comesBack());
 }
 
 TEST_F(MainWindowTest, ADocumentStaysActiveWhileTheWindowIsMinimised) {
     openNew();
-    auto& second = openNew();
+    const auto& second = openNew();
     window().showMinimized();
     letEventsRun();
     EXPECT_EQ(window().ActiveForm(), &second);
     window().bringForward();
     EXPECT_FALSE(window().isMinimized());
     EXPECT_EQ(window().ActiveForm(), &second);
-    QDialog dialog(&window());
-    dialog.setModal(true);
-    dialog.show();
+    dialog().show();
     window().bringForward();
     letEventsRun();
-    EXPECT_TRUE(dialog.isActiveWindow()) << "it keeps the keyboard";
+    EXPECT_TRUE(dialog().isActiveWindow()) << "it keeps the keyboard";
 }
 
 TEST_F(MainWindowTest, WhatIsAskedWhileFilesAreOpenedComesAfterwardsInItsOrder) {
@@ -133,26 +130,21 @@ TEST_F(MainWindowTest, WhatIsAskedWhileFilesAreOpenedComesAfterwardsInItsOrder) 
     });
     answerMessage(QMessageBox::No);
     editor().documents.openFiles({a, b});
-    EXPECT_EQ(window().forms().count(), 5);
+    EXPECT_EQ(count(), 4);
     EXPECT_FALSE(first.Modified());
     EXPECT_TRUE(QTest::qWaitFor([&] { return editor().isOver(); }));
     EXPECT_THAT(asked, testing::ElementsAre(testing::HasSubstr("KLT2.klt"))) << "an edit, not a load";
 }
 
 TEST_F(MainWindowTest, DroppedFilesAreOpened) {
-    window();
-    const auto a = file("a.klt", "a"), b = file("b.klt", "b");
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(a)), QUrl("http://example.org/x"),
-                  QUrl::fromLocalFile(QString::fromStdString(b))});
-    dropOnto(window(), data);
-    EXPECT_EQ(window().forms().count(), 3);
-    EXPECT_EQ(active().Caption(), b);
+    dropFiles(window(), {file("a.klt", "a"), "http://example.org/x", file("b.klt", "b")});
+    EXPECT_EQ(count(), 2);
+    EXPECT_EQ(active().Caption(), home / "b.klt");
 }
 
 TEST_F(MainWindowTest, TheStatusBarIsShownBySetting) {
     EXPECT_FALSE(window().statusBar()->isHidden());
-    SaveSetting(store, kSettingsApplication, "Options", "ShowStatusBar", "False");
+    set("Options", "ShowStatusBar", "False");
     restart();
     EXPECT_TRUE(window().statusBar()->isHidden());
 }
@@ -178,36 +170,34 @@ TEST(WindowPlaceTest, APlaceIsBroughtOntoTheScreens) {
 }
 
 TEST_F(MainWindowTest, ThePlaceIsRememberedInTwips) {
+    const auto stored = [this] {
+        std::string all;
+        for (const char* key : {"WindowState", "Left", "Top", "Width", "Height"})
+            all += setting("KLTEditor", key) + " ";
+        return all;
+    };
     window().move(40, 30);
     window().resize(500, 400);
-    action("F6")->trigger();
-    EXPECT_EQ(setting("KLTEditor", "WindowState"), "0");
-    EXPECT_EQ(setting("KLTEditor", "Left"), "600");
-    EXPECT_EQ(setting("KLTEditor", "Top"), "450");
-    EXPECT_EQ(setting("KLTEditor", "Width"), "7500");
-    EXPECT_EQ(setting("KLTEditor", "Height"), "6000");
+    run("F6");
+    EXPECT_EQ(stored(), "0 600 450 7500 6000 ");
     restart();
-    EXPECT_EQ(window().geometry().size(), QSize(500, 400));
-    EXPECT_EQ(window().pos(), QPoint(40, 30));
+    EXPECT_EQ(place(), QRect(40, 30, 500, 400));
     window().showMaximized();
-    action("F6")->trigger();
-    EXPECT_EQ(setting("KLTEditor", "WindowState"), "2");
-    EXPECT_EQ(setting("KLTEditor", "Width"), "7500") << "the earlier place stays";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window().width() != 500; }));
+    run("F6");
+    EXPECT_EQ(stored(), "2 600 450 7500 6000 ") << "the earlier place stays";
     restart();
     EXPECT_TRUE(window().isMaximized());
 }
 
 TEST_F(MainWindowTest, ThePlaceHasDefaultsAlsoForNonsense) {
-    EXPECT_EQ(window().size(), QSize(622, 468));
-    EXPECT_EQ(window().pos(), QPoint(10, 7));
-    for (const char* key : {"Top", "Left", "Height", "Width", "WindowState"})
-        SaveSetting(store, kSettingsApplication, "KLTEditor", key, "wide");
-    restart();
-    EXPECT_EQ(window().size(), QSize(622, 468));
-    for (const char* key : {"Top", "Left", "Height", "Width", "WindowState"})
-        SaveSetting(store, kSettingsApplication, "KLTEditor", key, "2147483647");
-    restart();
-    EXPECT_TRUE(window().screen()->geometry().contains(window().geometry().topLeft()));
+    for (const char* value : {"", "wide", "2147483647"}) {
+        for (const char* key : {"Top", "Left", "Height", "Width", "WindowState"})
+            if (*value) set("KLTEditor", key, value);
+        restart();
+        EXPECT_TRUE(*value == '2' || place() == QRect(10, 7, 622, 468)) << value;
+        EXPECT_TRUE(window().screen()->geometry().contains(window().geometry().topLeft())) << value;
+    }
 }
 
 }  // namespace
