@@ -19,13 +19,6 @@ using namespace klt;
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool kCanBeLimited = false;
-#else
-constexpr bool kCanBeLimited = true;
-#endif
-
-constexpr size_t kSize = size_t{400} << 10;
 constexpr size_t kRungs = 20;
 constexpr size_t kRung = size_t{2560} << 10;
 constexpr std::string_view kOther = "Version=2\r\nother";
@@ -52,9 +45,9 @@ private:
     }
 };
 
-std::string sample() {
+std::string sample(size_t size = size_t{400} << 10) {
     std::string text = "Version=2\r\n[ADS]\r\n<Gifts>\r\n";
-    while (text.size() < kSize) text += "Sea Legs, 5, PAGE(H12), cat(Sea), notes(of the sea)\r\n";
+    while (text.size() < size) text += "Sea Legs, 5, PAGE(H12), cat(Sea), notes(of the sea)\r\n";
     return text;
 }
 
@@ -62,26 +55,22 @@ class MemoryTest : public EditorFixture {
 protected:
     using Step = std::function<void()>;
 
-    MemoryTest() {
-        if (!kCanBeLimited) return;
+    void SetUp() override {
+#ifdef __SANITIZE_ADDRESS__
+        GTEST_SKIP() << "its address space cannot be limited";
+#endif
         // Freed blocks are given back, or a step would live on those of the one before.
         mallopt(M_MMAP_THRESHOLD, 128 << 10);
-        set("AutoSyntaxCheck", "False");
-        set("Show KLT Checker Window", "0");
+        set("Options", "AutoSyntaxCheck", "False");
+        set("Options", "Show KLT Checker Window", "0");
         other_ = &open(file("other.klt", kOther));
         QObject::connect(&closer_, &QTimer::timeout, [] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->accept();
+            if (auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                message->accept();
         });
         closer_.start(1);
     }
 
-    void set(std::string_view key, std::string_view value) {
-        SaveSetting(store, kSettingsApplication, "Options", key, value);
-    }
-    RichTextBox& box() { return *active().RichTextBox1; }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
-        QTest::keyClick(&box(), key, modifiers);
-    }
     void load() {
         const RaisedFlag loading(active().isLoading);
         box().SetText(text_);
@@ -97,16 +86,11 @@ protected:
     }
     /// What a step changes, or must leave as it was.
     std::string state() {
-        std::string all = std::to_string(window().forms().count()) + active().Caption();
+        std::string all = std::to_string(count()) + active().Caption();
         all += box().CanUndo() ? " undo " : " ";
         all += box().CanRedo() ? "redo " : "";
         all += std::to_string(box().ProtectedRuns().size());
         return all.append(box().Text()).append(box().Styles());
-    }
-    static void limited(size_t more, const Step& step) {
-        const MemoryLimit limit(more);
-        step();
-        letEventsRun();
     }
     /// With too little memory the step is told of and changes nothing, and with enough it is done.
     void climb(const char* name, const Step& prepare, const Step& step,
@@ -116,7 +100,11 @@ protected:
             prepare();
             letEventsRun();
             const auto before = seen();
-            limited(rung * kRung, step);
+            {
+                const MemoryLimit limit(rung * kRung);
+                step();
+                letEventsRun();
+            }
             letEventsRun();
             const bool isDone = seen() != before;
             EXPECT_EQ(notice().empty(), isDone) << name << ", rung " << rung << ": " << notice();
@@ -140,23 +128,25 @@ private:
 };
 
 TEST_F(MemoryTest, AnOpeningLeavesNoWindow) {
-    if (!kCanBeLimited) GTEST_SKIP();
-    const auto latin = file("latin.klt", sample() + "\xE4\n"), plain = file("plain.klt", sample());
+    const auto plain = file("plain.klt", sample()), latin = file("latin.klt", sample() + "\xE4\n"),
+               large = file("large.klt", sample(size_t{2} << 20));
     const Step close = [&] {
-        while (window().forms().count() > 2) window().closeDocument(active());
+        while (count() > 1) window().closeDocument(active());
     };
-    climb("open", close, [&] { editor().documents.openFiles({plain}); });
-    climb("open Windows-1252", close, [&] { editor().documents.openFiles({latin}); });
-    climb("new", close, [&] { press(Qt::Key_N); });
+    for (const auto& path : {plain, latin, large})
+        climb(path.c_str(), close, [&] { editor().documents.openFiles({path}); });
+    climb("new", close, [&] { key(Qt::Key_N, kCtrl); });
     close();
 }
 
 TEST_F(MemoryTest, AnyOtherStepLeavesTheTextAsItWas) {
-    if (!kCanBeLimited) GTEST_SKIP();
     open(file("big.klt", sample()));
-    const QString wide = QString::fromStdString(sample());
     QMimeData data;
-    data.setText(wide);
+    data.setText(QString::fromStdString(sample()));
+    const auto setClipboard = [&](const QString& text) {
+        loadAndCheck();
+        QApplication::clipboard()->setText(text);
+    };
     const Step fillUp = [&] {
         loadAndCheck();
         // All that its buffers hold without growing.
@@ -164,56 +154,49 @@ TEST_F(MemoryTest, AnyOtherStepLeavesTheTextAsItWas) {
     };
     const Step deleteAll = [&] {
         load();
-        press(Qt::Key_A);
-        press(Qt::Key_Delete, Qt::NoModifier);
+        key(Qt::Key_A, kCtrl);
+        key(Qt::Key_Delete);
     };
-    const Step deleteAndUndo = [&] {
+    const Step replaceAndUndo = [&] {
         load();
         box().Select(0, box().Length());
         box().SetSelText(sample() + "x");
-        press(Qt::Key_Z);
+        key(Qt::Key_Z, kCtrl);
     };
     const struct {
         const char* name;
         Step prepare, step;
     } rows[] = {
-        {"check", [&] { load(); }, [&] { press(Qt::Key_K); }},
+        {"check", [&] { load(); }, [&] { key(Qt::Key_K, kCtrl); }},
         {"type", fillUp, [&] { type("y"); }},
-        {"Enter", fillUp, [&] { press(Qt::Key_Return, Qt::NoModifier); }},
-        {"delete", [&] { selectMost(); }, [&] { press(Qt::Key_Delete, Qt::NoModifier); }},
-        {"cut", [&] { selectMost(); }, [&] { press(Qt::Key_X); }},
-        {"undo", deleteAll, [&] { press(Qt::Key_Z); }},
-        {"redo", deleteAndUndo, [&] { press(Qt::Key_Y); }},
+        {"Enter", fillUp, [&] { key(Qt::Key_Return); }},
+        {"delete", [&] { selectMost(); }, [&] { key(Qt::Key_Delete); }},
+        {"cut", [&] { selectMost(); }, [&] { key(Qt::Key_X, kCtrl); }},
+        {"undo", deleteAll, [&] { key(Qt::Key_Z, kCtrl); }},
+        {"redo", replaceAndUndo, [&] { key(Qt::Key_Y, kCtrl); }},
         {"drop", [&] { load(); }, [&] { dropOnto(*box().viewport(), data); }},
-        {"paste",
-         [&] {
-             loadAndCheck();
-             QApplication::clipboard()->setText(wide);
-         },
-         [&] { press(Qt::Key_V); }},
-        {"paste over", [&] { selectMost(); }, [&] { press(Qt::Key_V); }},
+        {"paste", [&] { setClipboard(data.text()); }, [&] { key(Qt::Key_V, kCtrl); }},
+        {"paste over", [&] { selectMost(); }, [&] { key(Qt::Key_V, kCtrl); }},
     };
     for (const auto& row : rows) climb(row.name, row.prepare, row.step);
-
+    const Step copyAll = [&] {
+        key(Qt::Key_A, kCtrl);
+        key(Qt::Key_C, kCtrl);
+    };
     climb(
-        "copy", [&] { QApplication::clipboard()->setText("x"), loadAndCheck(); },
-        [&] { press(Qt::Key_A), press(Qt::Key_C); },
+        "copy", [&] { setClipboard("x"); }, copyAll,
         [&] { return QApplication::clipboard()->text().toStdString(); });
-}
 
-TEST_F(MemoryTest, ReplaceAllLeavesTheTextAsItWas) {
-    if (!kCanBeLimited) GTEST_SKIP();
-    open(file("big.klt", sample()));
     editor().openFind(frmFind::Shape::Replace);
     auto* form = window().findChild<frmFind*>("frmFind");
     form->findChild<QComboBox*>("Combo1")->setEditText("sea");
     form->findChild<QComboBox*>("Combo2")->setEditText("ocean");
-    auto* button = form->findChild<QPushButton*>("cmdFindReplace(2)");
-    const Step prepare = [&] {
+    auto* replaceAll = form->findChild<QPushButton*>("cmdFindReplace(2)");
+    const Step toStart = [&] {
         loadAndCheck();
         box().SetSelStart(0);
     };
-    climb("replace all", prepare, [&] { QTest::mouseClick(button, Qt::LeftButton); });
+    climb("replace all", toStart, [&] { QTest::mouseClick(replaceAll, Qt::LeftButton); });
     form->close();
 }
 
