@@ -99,11 +99,7 @@ TEST_F(ColourDocumentTest, SelectionAndScrollStayAndNothingCanBeUndone) {
 }
 
 TEST_F(ColourDocumentTest, TheWindowIsShownBySettingAndNotForANewDocument) {
-    const struct {
-        const char* setting;
-        std::string_view text;
-        bool shown;
-    } rows[] = {
+    const std::tuple<const char*, std::string_view, bool> rows[] = {
         {"1", kText, true},
         {"0", kText, false},
         {"2", kText, false},
@@ -111,12 +107,12 @@ TEST_F(ColourDocumentTest, TheWindowIsShownBySettingAndNotForANewDocument) {
         {"1", "", true},
     };
     setOption("AutoSyntaxCheck", "False");
-    for (const auto& row : rows) {
-        setOption(kWindowSetting, row.setting);
-        open(file("a.klt", row.text));
-        checkDoing([&] {
-            EXPECT_EQ(progress() && progress()->isVisible(), row.shown) << row.setting << ' ' << row.text;
-        });
+    for (const auto& [value, text, isShown] : rows) {
+        setOption(kWindowSetting, value);
+        open(file("a.klt", text));
+        bool seen = false;
+        checkDoing([&] { seen = progress() && progress()->isVisible(); });
+        EXPECT_EQ(seen, isShown) << value << ' ' << text;
     }
 }
 

@@ -91,11 +91,7 @@ TEST_F(CommonDialog1Test, AFolderThatDoesNotExistIsRefused) {
 }
 
 TEST_F(CommonDialog1Test, UnderTheMergersTitleOnlyDataFilesCanBeChosenAndNoBaseFiles) {
-    const struct {
-        const char* title;
-        const char* name;
-        bool enabled;
-    } rows[] = {
+    const std::tuple<const char*, const char*, bool> rows[] = {
         {"Select Data File", "a.klt", true},
         {"Select Data File", "A.KLT", true},
         {"Select Data File", "a.txt", false},
@@ -105,11 +101,11 @@ TEST_F(CommonDialog1Test, UnderTheMergersTitleOnlyDataFilesCanBeChosenAndNoBaseF
         {"Select Data File to Open", "base.klt", true},
         {"Select Data File to Open", "a.txt", true},
     };
-    for (const auto& row : rows) {
-        dialog().DialogTitle = row.title;
+    for (const auto& [title, name, enabled] : rows) {
+        dialog().DialogTitle = title;
         openWith([&](QFileDialog& shown) {
-            QTest::keyClicks(nameEdit(shown), row.name);
-            EXPECT_EQ(okEnabled(shown), row.enabled) << row.title << ' ' << row.name;
+            QTest::keyClicks(nameEdit(shown), name);
+            EXPECT_EQ(okEnabled(shown), enabled) << title << ' ' << name;
         });
     }
 }

@@ -135,21 +135,18 @@ TEST_F(FindTest, TakesLinesAndLongTexts) {
 TEST_F(FindTest, EnterPressesTheButtonWithTheFocus) {
     openForm(Qt::Key_F);
     fill("Combo1", "two");
-    const struct {
-        const char* focus;
-        std::function<bool()> has;
-    } rows[] = {
+    const std::pair<const char*, std::function<bool()>> rows[] = {
         {"chkMatchCase", [this] { return box().SelStart() == 15; }},
         {"cmdFindReplace(1)", [this] { return form().windowTitle() == "Replace"; }},
         {"Combo2", [this] { return box().SelStart() == 31; }},
         {"cmdFindReplace(1)", [this] { return textOf(active()).ends_with("TWO three\r\n"); }},
         {"Command2", [this] { return !isOpen(); }},
     };
-    for (const auto& row : rows) {
-        control<QWidget>(row.focus).setFocus();
-        enter(row.focus);
-        EXPECT_TRUE(row.has()) << row.focus;
-        if (row.focus == rows[0].focus) control<QCheckBox>(row.focus).setChecked(true);
+    for (const auto& [focus, hasWorked] : rows) {
+        control<QWidget>(focus).setFocus();
+        enter(focus);
+        EXPECT_TRUE(hasWorked()) << focus;
+        if (focus == rows[0].first) control<QCheckBox>(focus).setChecked(true);
     }
 }
 

@@ -151,10 +151,7 @@ TEST_F(MainWindowTest, TheStatusBarIsShownBySetting) {
 
 TEST(WindowPlaceTest, APlaceIsBroughtOntoTheScreens) {
     const std::vector<QRect> screens = {{0, 0, 1000, 800}, {1000, 0, 1000, 800}};
-    const struct {
-        const char* name;
-        QRect place, expected;
-    } rows[] = {
+    const std::tuple<const char*, QRect, QRect> rows[] = {
         {"fits", {10, 20, 600, 400}, {10, 20, 600, 400}},
         {"on the second", {1200, 20, 600, 400}, {1200, 20, 600, 400}},
         {"over an edge", {-300, 20, 600, 400}, {-300, 20, 600, 400}},
@@ -165,7 +162,8 @@ TEST(WindowPlaceTest, APlaceIsBroughtOntoTheScreens) {
         {"over two screens", {0, 0, 1900, 700}, {0, 0, 1900, 700}},
         {"too large", {0, 0, 90000, 90000}, {0, 0, 1000, 800}},
     };
-    for (const auto& row : rows) EXPECT_EQ(placeOnScreens(row.place, screens), row.expected) << row.name;
+    for (const auto& [name, stored, expected] : rows)
+        EXPECT_EQ(placeOnScreens(stored, screens), expected) << name;
     EXPECT_EQ(placeOnScreens({1, 2, 3, 4}, {}), QRect(1, 2, 3, 4));
 }
 

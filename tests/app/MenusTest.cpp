@@ -9,7 +9,6 @@
 #include <set>
 
 #include "app/commands/Commands.h"
-#include "app/menus/EditRules.h"
 #include "app/window/ArrangeWindows.h"
 #include "support/EditorFixture.h"
 #include "text/Unicode.h"
@@ -66,10 +65,7 @@ TEST_F(MenusTest, TheTreeIsWhole) {
               "mnuWindowTOP(W1 W2 W3 W4 - W5 W6 - W7 - D1) "
               "mnuHelpTOP(H1 H2 - H3 - H4 H5 H6 H7 H8 H9 - H10)");
     const std::string folder = upperCase(home / "");
-    const struct {
-        const char* key;
-        std::string caption;
-    } rows[] = {
+    const std::pair<const char*, std::string> rows[] = {
         {"F4", "Save b&&c.klt"},
         {"E1", "Can't Undo"},
         {"E5", "&Delete\tDel"},
@@ -79,7 +75,7 @@ TEST_F(MenusTest, TheTreeIsWhole) {
         {"mnuHelpTOP", "&Help"},
         {"T6", "KLT &Syntax Checker..."},
     };
-    for (const auto& row : rows) EXPECT_EQ(caption(row.key), row.caption);
+    for (const auto& [key, text] : rows) EXPECT_EQ(caption(key), text);
     std::set<QKeySequence> shortcuts;
     for (const auto* it : window().findChildren<QAction*>())
         EXPECT_TRUE(it->shortcut().isEmpty() || shortcuts.insert(it->shortcut()).second)
@@ -91,31 +87,6 @@ TEST_F(MenusTest, TheTreeIsWhole) {
     EXPECT_EQ(names(menu("MainRTFPopup")).remove("MainRTFPopup."),
               "E1 - E2 E3 E4 E5 - E6 -Insert Menu I1 I2 I3 I4 I5 I6 I7 - I8 I9 - I10 I11");
     menu("MainRTFPopup").close();
-}
-
-TEST(EditRulesTest, WhatAnItemNeeds) {
-    const struct {
-        const char* name;
-        MenuFacts facts;
-        const char* enabled;  // document, undo, cut or copy, paste, delete
-    } rows[] = {
-        {"no document", {.clipboardHasText = true}, ""},
-        {"caret at the start", {.documentOpen = true, .clipboardHasText = true}, "O"},
-        {"modified", {.documentOpen = true, .modified = true}, "OU"},
-        {"selection from the first line on", {true, false, true, 9, 50, 0}, "O"},
-        {"first line longer than usual, caret", {true, false, true, 10, 0, 0}, "OD"},
-        {"first line longer than usual, selection", {true, false, true, 10, 2, 0}, "O"},
-        {"second line, caret", {true, false, true, 11, 0, 1}, "OPD"},
-        {"second line, selection", {true, false, true, 11, 1, 1}, "OCPD"},
-        {"second line after a short first one", {true, false, true, 9, 1, 1}, "OP"},
-        {"nothing to paste", {true, false, false, 11, 0, 1}, "OD"},
-    };
-    for (const auto& row : rows) {
-        std::string found;
-        for (const Rule rule : {Rule::Document, Rule::Undo, Rule::CutOrCopy, Rule::Paste, Rule::Delete})
-            if (isEnabled(rule, row.facts)) found += "-OUCPD"[static_cast<int>(rule)];
-        EXPECT_EQ(found, row.enabled) << row.name;
-    }
 }
 
 TEST_F(MenusTest, WithoutADocumentLittleIsEnabled) {
@@ -133,24 +104,37 @@ TEST_F(MenusTest, WithoutADocumentLittleIsEnabled) {
 }
 
 TEST_F(MenusTest, StatesFollowCaretEditAndClipboard) {
+    // Of Undo, Cut, Copy, Paste and Delete.
     const std::string keys = "E1 E2 E3 E4 E5";
-    open(file("a.klt", "Version=2\nab\n"));
-    EXPECT_EQ(enabled(keys), "");
-    box().Select(11, 0);
-    EXPECT_EQ(enabled(keys), "E5");
-    box().Select(11, 1);
-    EXPECT_EQ(enabled(keys), "E2 E3 E5");
+    const std::tuple<const char*, Position, Position, const char*, const char*> rows[] = {
+        {"caret at the start", 0, 0, "E1", ""},
+        {"selection from the first line on", 9, 3, "E1", ""},
+        {"first line, one longer than usual, caret", 10, 0, "E1 E5", "E5"},
+        {"first line, one longer than usual, selection", 10, 3, "E1", ""},
+        {"second line, caret", 13, 0, "E1 E4 E5", "E5"},
+        {"second line, selection", 13, 1, "E1 E2 E3 E4 E5", "E2 E3 E5"},
+    };
+    open(file("a.klt", "Version=2x\nab\n"));
+    for (const auto& [name, start, length, enabledItems, enabledItemsAtFirst] : rows) {
+        box().Select(start, length);
+        EXPECT_EQ(enabled(keys), enabledItemsAtFirst) << name;
+    }
     key(Qt::Key_C, kCtrl);
-    EXPECT_EQ(enabled(keys), "E2 E3 E4 E5");
-    EXPECT_TRUE(action("ctbrToolbar(0).8")->isEnabled());
-    type("x");
-    EXPECT_EQ(enabled(keys), "E1 E4 E5");
+    type("a");
     EXPECT_EQ(caption("E1"), "Undo");
+    for (const auto& [name, start, length, enabledItems, enabledItemsAtFirst] : rows) {
+        box().Select(start, length);
+        EXPECT_EQ(enabled(keys), enabledItems) << name;
+    }
+    EXPECT_TRUE(action("ctbrToolbar(0).8")->isEnabled());
     window().showPopup("MainRTFPopup", {});
-    EXPECT_EQ(enabled(keys, "MainRTFPopup."), "E1 E4 E5");
+    EXPECT_EQ(enabled(keys, "MainRTFPopup."), keys);
     menu("MainRTFPopup").close();
     editor().documents.New();
     EXPECT_EQ(enabled(keys), "");
+    open(file("b.klt", "V\nabcdefghij"));
+    box().Select(9, 1);
+    EXPECT_EQ(enabled(keys), "E4") << "second line after a short first one";
 }
 
 TEST_F(MenusTest, AChordWorksInTheTextWhateverItsItemSays) {
@@ -168,29 +152,26 @@ TEST_F(MenusTest, AChordWorksInTheTextWhateverItsItemSays) {
 }
 
 TEST_F(MenusTest, CommandsOnText) {
-    const struct {
-        const char* name;
-        const char* command;
+    struct Selection {
         Position start, length;
-        const char* text;
-        Position caret;
-    } rows[] = {
-        {"delete takes a line end whole", "E5", 13, 0, "Version=2\r\nabcd", 13},
-        {"delete at the end of the text", "E5", 17, 0, "Version=2\r\nab\r\ncd", 17},
-        {"delete a selection", "E5", 12, 4, "Version=2\r\nad", 12},
-        {"delete from the popup", "MainRTFPopup.E5", 11, 0, "Version=2\r\nb\r\ncd", 11},
-        {"cut", "E2", 11, 2, "Version=2\r\n\r\ncd", 11},
-        {"comment line", "I10", 11, 0, "Version=2\r\nab\r\n*\r\ncd", 16},
-        {"comment", "I11", 12, 0, "Version=2\r\nab // \r\ncd", 17},
-        {"comment on the last line", "MainRTFPopup.I11", 15, 0, "Version=2\r\nab\r\ncd // ", 21},
     };
-    for (const auto& row : rows) {
+    const std::tuple<const char*, const char*, Selection, const char*, Position> rows[] = {
+        {"delete takes a line end whole", "E5", {13, 0}, "Version=2\r\nabcd", 13},
+        {"delete at the end of the text", "E5", {17, 0}, "Version=2\r\nab\r\ncd", 17},
+        {"delete a selection", "E5", {12, 4}, "Version=2\r\nad", 12},
+        {"delete from the popup", "MainRTFPopup.E5", {11, 0}, "Version=2\r\nb\r\ncd", 11},
+        {"cut", "E2", {11, 2}, "Version=2\r\n\r\ncd", 11},
+        {"comment line", "I10", {11, 0}, "Version=2\r\nab\r\n*\r\ncd", 16},
+        {"comment", "I11", {12, 0}, "Version=2\r\nab // \r\ncd", 17},
+        {"comment on the last line", "MainRTFPopup.I11", {15, 0}, "Version=2\r\nab\r\ncd // ", 21},
+    };
+    for (const auto& [name, command, selection, text, caret] : rows) {
         auto& document = open(file("a.klt", "Version=2\nab\ncd"));
-        box().Select(row.start, row.length);
+        box().Select(selection.start, selection.length);
         emit menu("MainRTFPopup").aboutToShow();
-        run(row.command);
-        EXPECT_EQ(textOf(document), row.text) << row.name;
-        EXPECT_EQ(box().SelStart(), row.caret) << row.name;
+        run(command);
+        EXPECT_EQ(textOf(document), text) << name;
+        EXPECT_EQ(box().SelStart(), caret) << name;
     }
 }
 
@@ -264,10 +245,8 @@ TEST_F(MenusTest, TilingRestoresWindowsAndLeavesTheActiveOne) {
 
 TEST(ArrangeWindowsTest, Places) {
     const QRect area(0, 10, 100, 80);
-    const struct {
-        const char* name;
-        std::vector<QRect> places, expected;
-    } rows[] = {
+    using Places = std::vector<QRect>;
+    const std::tuple<const char*, Places, Places> rows[] = {
         {"rows",
          windowPlaces(Arrangement::TileHorizontally, area, 3, 20),
          {{0, 10, 100, 26}, {0, 36, 100, 27}, {0, 63, 100, 27}}},
@@ -281,7 +260,7 @@ TEST(ArrangeWindowsTest, Places) {
         {"icons", iconPlaces(area, {40, 10}, 3), {{0, 80, 40, 10}, {40, 80, 40, 10}, {0, 70, 40, 10}}},
         {"icons in little room", iconPlaces({0, 0, 5, 5}, {40, 10}, 2), {{0, -5, 40, 10}, {0, -15, 40, 10}}},
     };
-    for (const auto& row : rows) EXPECT_EQ(row.places, row.expected) << row.name;
+    for (const auto& [name, places, expected] : rows) EXPECT_EQ(places, expected) << name;
 }
 
 TEST_F(MenusTest, HelpOpensSixPages) {

@@ -10,10 +10,7 @@ using namespace klt;
 namespace {
 
 TEST(ModifiedStampTest, TodayGoesBehindTheFirstMarkUpToTheLinesEnd) {
-    const struct {
-        const char* name;
-        std::string_view text, expected;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"no mark", "Version=2\r\n* Modified by me", "Version=2\r\n* Modified by me"},
         {"empty", "", ""},
         {"in a line", "a\r\n* Modified: January 1, 1999\r\nb", "a\r\n* Modified: March 7, 2001\r\nb"},
@@ -26,12 +23,10 @@ TEST(ModifiedStampTest, TodayGoesBehindTheFirstMarkUpToTheLinesEnd) {
         {"beyond ASCII", "\xC3\xA4* Modified: \xC3\xA4\r\n", "\xC3\xA4* Modified: March 7, 2001\r\n"},
     };
     const FixedToday day({2001, 3, 7});
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        MemoryTextArea area;
-        area.SetText(row.text);
+    for (const auto& [name, text, expected] : rows) {
+        MemoryTextArea area(text);
         stampModified(area);
-        EXPECT_EQ(area.Text(), row.expected);
+        EXPECT_EQ(area.Text(), expected) << name;
     }
 }
 

@@ -55,21 +55,18 @@ TEST_F(SaveTest, SaveAsAsksBeforeItReplacesAFile) {
 }
 
 TEST_F(SaveTest, EncodingsComeBackAsTheyWere) {
-    const struct {
-        const char* name;
-        std::string bytes, expected;
-    } rows[] = {
+    const std::tuple<const char*, std::string, std::string> rows[] = {
         {"windows", "caf\xE9\r\n", "xcaf\xE9\r\n"},
         {"utf8", "caf\xC3\xA9 \xE2\x82\xAC\r\n", "xcaf\xC3\xA9 \xE2\x82\xAC\r\n"},
         {"mark", "\xEF\xBB\xBFv\r\n", "\xEF\xBB\xBFxv\r\n"},
         {"utf16", std::string("\xFF\xFEv\0", 4), std::string("\xFF\xFEx\0v\0", 6)},
         {"nul", std::string("a\0b", 3), std::string("xa\0b", 4)},
     };
-    for (const auto& row : rows) {
-        open(file(row.name, row.bytes));
+    for (const auto& [name, bytes, expected] : rows) {
+        open(file(name, bytes));
         type("x");
         run("F4");
-        EXPECT_EQ(readBytes(home / row.name), row.expected) << row.name;
+        EXPECT_EQ(readBytes(home / name), expected) << name;
     }
 }
 

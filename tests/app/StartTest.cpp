@@ -1,14 +1,12 @@
 // The program itself, in processes of its own with folders of their own.
 
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <chrono>
 #include <functional>
 #include <thread>
 
-#include "platform/HandOver.h"
 #include "platform/Instances.h"
 #include "platform/Paths.h"
 #include "settings/GetSetting.h"
@@ -47,9 +45,9 @@ protected:
         });
     }
     /// A program that nobody is in the way of, once its window is there.
-    ChildProcess startFirst(std::vector<std::string> arguments = {}) const {
-        auto program = start(std::move(arguments));
-        EXPECT_TRUE(waitUntil([this] { return windows().size() == 1; }));
+    static ChildProcess startFirst() {
+        auto program = start({});
+        EXPECT_TRUE(waitUntil([] { return windows().size() == 1; }));
         return program;
     }
     std::string file(const std::string& name) const {
@@ -113,31 +111,6 @@ TEST_F(StartTest, ALaterOneHandsItsFilesOverAndEnds) {
     EXPECT_EQ(windows().size(), 1U);
 }
 
-TEST_F(StartTest, ASwitchAloneShowsTheWindowEmpty) {
-    auto program = startFirst({"/d:"});
-    EXPECT_EQ(ActivatePreviousInstance(windows().front(), ""), HandOver::delivered) << "events run";
-    EXPECT_TRUE(program.isRunning());
-    EXPECT_THAT(opened(), testing::IsEmpty());
-}
-
-TEST_F(StartTest, AKilledFirstIsNotInTheWay) {
-    startFirst({file("a.klt")}).kill();
-    auto next = startFirst({file("b.klt")});
-    EXPECT_TRUE(next.isRunning());
-    EXPECT_EQ(readBytes(runtimeFolder() + "/first.lock"), std::to_string(next.pid()) + "\n");
-}
-
-TEST_F(StartTest, AFrozenFirstNeverOpensWhatItDidNotAcknowledge) {
-    const auto first = startFirst();
-    const auto window = windows().front();
-    const auto late = file("late.klt"), next = file("next.klt");
-    first.freeze();
-    EXPECT_EQ(ActivatePreviousInstance(window, "\"" + late + "\"", 200ms), HandOver::notAcknowledged);
-    first.signal(SIGCONT);
-    EXPECT_EQ(ActivatePreviousInstance(window, "\"" + next + "\""), HandOver::delivered);
-    expectOpened({next});
-}
-
 TEST_F(StartTest, AFirstThatDiesUnderAHandOverLeavesTheFilesToTheSender) {
     auto first = startFirst();
     first.freeze();
@@ -148,15 +121,4 @@ TEST_F(StartTest, AFirstThatDiesUnderAHandOverLeavesTheFilesToTheSender) {
     first.kill();
     expectOpened({a});
     EXPECT_TRUE(later.isRunning());
-    EXPECT_EQ(readBytes(runtimeFolder() + "/first.lock"), std::to_string(later.pid()) + "\n");
-}
-
-TEST_F(StartTest, WithoutARuntimeFolderEachRunsAlone) {
-    const ScopedVariable none("XDG_RUNTIME_DIR", std::nullopt);
-    const auto a = file("a.klt"), b = file("b.klt");
-    auto first = start({a});
-    expectOpened({a});
-    auto second = start({b});
-    EXPECT_TRUE(waitUntil([&] { return opened() == std::vector{upperCase(b), upperCase(a)}; }));
-    EXPECT_TRUE(first.isRunning() && second.isRunning());
 }

@@ -81,10 +81,8 @@ TEST_F(ToolbarsTest, TheButtonsThatNeedADocumentFollowTheFirstAndTheLast) {
 }
 
 TEST_F(ToolbarsTest, TheEditingButtonsFollowCaretSelectionEditAndClipboard) {
-    const struct {
-        const char* keys;
-        std::vector<int> on;  // of 4 Undo, 6 Cut, 7 Copy, 8 Paste, 9 Delete
-    } rows[] = {
+    // Of 4 Undo, 6 Cut, 7 Copy, 8 Paste, 9 Delete.
+    const std::pair<const char*, std::vector<int>> rows[] = {
         {"Shift+Right", {}},       {"End", {9}},
         {"Shift+Left", {6, 7, 9}},  // behind the ninth character, though in the first line
         {"Shift+Left", {6, 7, 9}}, {"Shift+Left", {}},
@@ -93,12 +91,11 @@ TEST_F(ToolbarsTest, TheEditingButtonsFollowCaretSelectionEditAndClipboard) {
         {"Ctrl+Shift+End", {4}},
     };
     open(file("a.klt", "Version=2xyz\r\nabcdefghijkl"));
-    for (const auto& row : rows) {
-        QTest::keySequence(&box(), QKeySequence(row.keys));
-        auto on = row.on;
+    for (auto [keys, on] : rows) {
+        QTest::keySequence(&box(), QKeySequence(keys));
         on.insert(on.begin(), {0, 1, 2});
         on.push_back(kFindButton);
-        EXPECT_EQ(enabled(0), on) << row.keys;
+        EXPECT_EQ(enabled(0), on) << keys;
     }
     key(Qt::Key_End, kCtrl);
     QGuiApplication::clipboard()->clear();

@@ -147,11 +147,8 @@ TEST_F(MergerTest, TheOutputsNameEndsInKlt) {
 TEST_F(MergerTest, TheFirstNameIsWhereAFileCanBeMade) {
     const auto program = QCoreApplication::applicationDirPath().toStdString();
     const auto mine = home / "two/a.klt", documents = home / "Documents/MyKLT.klt";
-    const struct {
-        std::string dataFiles;
-        std::string document;  // "" for a new one
-        std::string output;
-    } rows[] = {
+    // The stored folder, the document, "" for a new one, and the name.
+    const std::tuple<std::string, std::string, std::string> rows[] = {
         {home / "two", mine, home / "two/MyKLT.klt"},
         {home / "none", mine, home / "two/MyKLT.klt"},
         {home / "two", "", home / "two/MyKLT.klt"},
@@ -162,11 +159,11 @@ TEST_F(MergerTest, TheFirstNameIsWhereAFileCanBeMade) {
         {"", "", documents},
     };
     file("two/a.klt", "");
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.dataFiles + " " + row.document);
-        writeSetting(store, settings::kDataFilesPath, row.dataFiles);
-        editor().documents.openFiles({row.document});
-        inMerger([&] { EXPECT_EQ(output().Text(), row.output); });
+    for (const auto& [folder, document, name] : rows) {
+        SCOPED_TRACE(folder + " " + document);
+        writeSetting(store, settings::kDataFilesPath, folder);
+        editor().documents.openFiles({document});
+        inMerger([&, &expected = name] { EXPECT_EQ(output().Text(), expected); });
     }
     inMerger([this] {
         drop({"a.klt", "b.klt"});

@@ -140,7 +140,9 @@ protected:
             lastTitle = dialog.windowTitle().toStdString();
             proposed = name->text().toStdString();
             if (path.empty()) return dialog.reject();
-            name->setText(QString::fromStdString(path));
+            // An edit, unlike a text that is set, takes back what is selected in the list.
+            name->selectAll();
+            name->insert(QString::fromStdString(path));
             QTest::keyClick(name, Qt::Key_Enter);
         });
     }
