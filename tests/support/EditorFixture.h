@@ -140,7 +140,9 @@ protected:
             lastTitle = dialog.windowTitle().toStdString();
             proposed = name->text().toStdString();
             if (path.empty()) return dialog.reject();
-            // An edit, unlike a text that is set, takes back what is selected in the list.
+            // An edit where the focus is, unlike a text that is set, takes back what is selected in the list.
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            name->setFocus();
             name->selectAll();
             name->insert(QString::fromStdString(path));
             QTest::keyClick(name, Qt::Key_Enter);
