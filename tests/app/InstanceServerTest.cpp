@@ -28,7 +28,9 @@ constexpr auto kLong = 30'000ms;
 
 class InstanceServerTest : public testing::Test {
 protected:
-    void start(std::chrono::milliseconds silenceLimit = kLong) {
+    void SetUp() override { start(kLong); }
+    void start(std::chrono::milliseconds silenceLimit) {
+        server_.reset();
         const auto received = [this](std::string line, std::function<void()> done) {
             received_.push_back(std::move(line));
             done_.push_back(std::move(done));
@@ -81,7 +83,6 @@ protected:
 }  // namespace
 
 TEST_F(InstanceServerTest, AnEmptyMessageOnlyActivates) {
-    start();
     auto sender = send("");
     EXPECT_EQ(resultOf(sender), HandOver::delivered);
     EXPECT_EQ(activated_, 1);
@@ -89,7 +90,6 @@ TEST_F(InstanceServerTest, AnEmptyMessageOnlyActivates) {
 }
 
 TEST_F(InstanceServerTest, ServesManyAtOnceEachWithItsOwnAnswerWhenItsFilesAreOpen) {
-    start();
     std::vector<std::future<HandOver>> senders;
     for (int i = 0; i < 20; ++i) senders.push_back(send(std::to_string(i) + " \"/\u00E4\xFF\""));
     waitForMessages(20);
@@ -106,7 +106,6 @@ TEST_F(InstanceServerTest, ServesManyAtOnceEachWithItsOwnAnswerWhenItsFilesAreOp
 }
 
 TEST_F(InstanceServerTest, OutlivedByWhatItHasTaken) {
-    start();
     const auto path = window().socketPath;
     auto taken = send("a");
     waitForMessages(1);
@@ -123,7 +122,6 @@ TEST_F(InstanceServerTest, OutlivedByWhatItHasTaken) {
 }
 
 TEST_F(InstanceServerTest, MayBeGoneBehindAMessage) {
-    start();
     endsItself_ = true;
     auto sender = send("a");
     waitForMessages(1);
@@ -132,7 +130,6 @@ TEST_F(InstanceServerTest, MayBeGoneBehindAMessage) {
 }
 
 TEST_F(InstanceServerTest, WhatIsClosedBeforeItsAcknowledgementIsNeverOpened) {
-    start();
     EXPECT_EQ(send("a", 20ms).get(), HandOver::notAcknowledged) << "no events have run";
     sendBytes(connection(), encodeMessage("b"));
     auto sender = send("c");
@@ -174,7 +171,6 @@ TEST_F(InstanceServerTest, TakesAMessageThatCameWhileNoEventsRan) {
 }
 
 TEST_F(InstanceServerTest, TakesAMessageInPiecesAndUpToTheLimit) {
-    start();
     const std::string longest(kLongestMessage / 2, 'x');
     auto sender = send(longest);
     const auto slow = connection();
@@ -200,7 +196,6 @@ TEST_F(InstanceServerTest, ManySilentOnesDoNotKeepOthersOut) {
 }
 
 TEST_F(InstanceServerTest, IsFoundUnderItsTitleAndClosedToOthers) {
-    start();
     EXPECT_EQ(window().title, kTitle);
     server_->setWindowTitle("KLT Editor Beta 1.60 - [Untitled1]");
     EXPECT_EQ(window().title, "KLT Editor Beta 1.60 - [Untitled1]");
@@ -216,7 +211,6 @@ TEST_F(InstanceServerTest, IsFoundUnderItsTitleAndClosedToOthers) {
 
 TEST_F(InstanceServerTest, AnotherUsersMessageIsDropped) {
     if (geteuid() != 0) GTEST_SKIP() << "only root can be two users";
-    start();
     const auto path = window().socketPath;
     // What the modes would refuse comes through, so that the peer's user alone decides.
     for (const auto& open : {scratch_.path(), scratch_ / "klt-editor", path})
