@@ -116,7 +116,7 @@ TEST_F(InstanceServerTest, OutlivedByWhatItHasTaken) {
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_EQ(resultOf(waiting), HandOver::notAcknowledged);
     EXPECT_TRUE(isDropped(half));
-    done_.front()();
+    done_.at(0)();
     EXPECT_EQ(resultOf(taken), HandOver::delivered);
     EXPECT_THAT(received_, ElementsAre("a"));
 }
@@ -125,7 +125,7 @@ TEST_F(InstanceServerTest, MayBeGoneBehindAMessage) {
     endsItself_ = true;
     auto sender = send("a");
     waitForMessages(1);
-    done_.front()();
+    done_.at(0)();
     EXPECT_EQ(resultOf(sender), HandOver::delivered);
 }
 
@@ -166,7 +166,7 @@ TEST_F(InstanceServerTest, TakesAMessageThatCameWhileNoEventsRan) {
     sendBytes(socket, message.substr(2));
     std::this_thread::sleep_for(150ms);
     waitForMessages(1);
-    done_.front()();
+    done_.at(0)();
     EXPECT_EQ(receiveBytes(socket, 2), std::string({kAcknowledged, kFilesAreOpen}));
 }
 
@@ -191,7 +191,7 @@ TEST_F(InstanceServerTest, ManySilentOnesDoNotKeepOthersOut) {
     ASSERT_TRUE(silent.back());
     auto sender = send("a");
     waitForMessages(1);
-    done_.front()();
+    done_.at(0)();
     EXPECT_EQ(resultOf(sender), HandOver::delivered);
 }
 

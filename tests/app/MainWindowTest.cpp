@@ -14,13 +14,11 @@ namespace {
 
 class MainWindowTest : public EditorFixture {
 protected:
-    MainWindowTest() { dialog_.setModal(true); }
-    ~MainWindowTest() override { dialog_.setParent(nullptr); }
-
-    /// A dialog over the main window.
-    QDialog& dialog() {
-        if (!dialog_.parent()) dialog_.setParent(&window(), Qt::Dialog);
-        return dialog_;
+    std::unique_ptr<QDialog> showDialog() {
+        auto dialog = std::make_unique<QDialog>(&window());
+        dialog->setModal(true);
+        dialog->show();
+        return dialog;
     }
     std::string panels() { return panel(1) + "|" + panel(2) + "|" + panel(3); }
     static std::string caret(const std::string& line, size_t blanks, const std::string& column) {
@@ -30,9 +28,6 @@ protected:
     bool comesBack(int limit = 5000) {
         return QTest::qWaitFor([this] { return box().hasFocus(); }, limit);
     }
-
-private:
-    QDialog dialog_;
 };
 
 TEST_F(MainWindowTest, PanelsTellOfTheActiveDocument) {
@@ -85,11 +80,11 @@ TEST_F(MainWindowTest, TheFocusComesBackWhenTheWindowsActivationChanges) {
 
 TEST_F(MainWindowTest, Timer1WaitsForADialogAndForTheActivationsEnd) {
     openNew();
-    dialog().show();
+    auto dialog = showDialog();
     window().Timer1().start(1);
     QTest::qWait(20);
     EXPECT_TRUE(window().Timer1().isActive());
-    dialog().close();
+    dialog.reset();
     window().activateWindow();
     variables().ActivatingDocument = true;
     QTest::qWait(20);
@@ -108,10 +103,10 @@ TEST_F(MainWindowTest, ADocumentStaysActiveWhileTheWindowIsMinimised) {
     window().bringForward();
     EXPECT_FALSE(window().isMinimized());
     EXPECT_EQ(window().ActiveForm(), &second);
-    dialog().show();
+    const auto dialog = showDialog();
     window().bringForward();
     letEventsRun();
-    EXPECT_TRUE(dialog().isActiveWindow()) << "it keeps the keyboard";
+    EXPECT_TRUE(dialog->isActiveWindow()) << "it keeps the keyboard";
 }
 
 TEST_F(MainWindowTest, WhatIsAskedWhileFilesAreOpenedComesAfterwardsInItsOrder) {
