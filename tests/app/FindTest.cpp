@@ -105,6 +105,18 @@ TEST_F(FindTest, AllGoesFromMatchToMatch) {
     EXPECT_EQ(asked.size(), 1U);
 }
 
+TEST_F(FindTest, ReplacesNothingTwice) {
+    openForm(Qt::Key_R);
+    access(Qt::Key_A);
+    fill("Combo2", "two by two");
+    fill("Combo1", "two");
+    QTest::keyClick(&combo("Combo1"), Qt::Key_Enter);
+    access(Qt::Key_R);
+    EXPECT_EQ(textOf(active()), "Version=2\r\none two by two\r\nTWO three\r\ntwo");
+    press("cmdFindReplace(1)");
+    EXPECT_EQ(textOf(active()), "Version=2\r\none two by two\r\ntwo by two three\r\ntwo");
+}
+
 TEST_F(FindTest, TakesLinesAndLongTexts) {
     const QString line(20'000, 'x');
     const QString lines = line + "\r\n" + line;
