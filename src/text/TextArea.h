@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,13 @@ struct TextRange {
     Position start = 0;
     Position end = 0;
     bool operator==(const TextRange&) const = default;
+};
+
+/// A stretch of a text that stays with its bytes while the text is edited.
+struct TrackedRange {
+    TextRange range;
+    /// Whether an edit came into it or reached over one of its ends.
+    bool isTouched = false;
 };
 
 /// The caret operations in which much of the logic is told. Text is UTF-8 with CR LF line ends; positions are
@@ -109,6 +117,10 @@ public:
     virtual void RewriteRun(Position start, std::string_view text) = 0;
     /// The protected runs in ascending order; those that touch are one.
     virtual std::vector<TextRange> ProtectedRuns() const = 0;
+
+    /// From now on the stretch moves with the edits of the text, as long as the result lives. What comes in
+    /// at its start stands in front of it, what comes in at its end behind.
+    virtual std::shared_ptr<const TrackedRange> Track(TextRange range) = 0;
 
     virtual bool CanUndo() const = 0;
     virtual bool CanRedo() const = 0;

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "text/TextArea.h"
+#include "text/TrackedRanges.h"
 #include "ui/CharacterTally.h"
 #include "ui/InsertedText.h"
 #include "ui/Protection.h"
@@ -68,6 +69,8 @@ public:
     void SetStyles(std::string_view styles, const std::vector<TextRange>& runs = {}) override;
     void RewriteRun(Position start, std::string_view text) override;
     std::vector<TextRange> ProtectedRuns() const override { return protection_.all(); }
+
+    std::shared_ptr<const TrackedRange> Track(TextRange range) override { return tracked_.track(range); }
 
     bool CanUndo() const override;
     bool CanRedo() const override;
@@ -216,6 +219,7 @@ private:
 
     const Kind kind_;
     Protection protection_;
+    TrackedRanges tracked_;
     TextBuffers buffers_;
     mutable CharacterTally tally_;
     TextFont font_;

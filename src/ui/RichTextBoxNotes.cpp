@@ -11,12 +11,14 @@ void RichTextBox::noteModification(int place, int kind, int length) {
         tally_.textDeleted(*this, place, length);
         buffers_.textDeleted(size(), length);
         protection_.textDeleted(place, length);
+        tracked_.textDeleted(place, length);
         inserted_.textDeleted(place, length);
     } else {
         const StyleByte style = styleForInsertion(place);
         tally_.textInserted(*this, place, length);
         buffers_.textInserted(size(), length);
         protection_.textInserted(place, length);
+        tracked_.textInserted(place, length);
         inserted_.textInserted(place, length, style);
     }
     edited_ = true;

@@ -24,6 +24,7 @@ void RichTextBox::replaceAll(std::string_view text) {
     {
         const Unrecorded unrecorded(*this);
         protection_.clear();
+        tracked_.textDeleted(0, Length());
         send(SCI_CLEARALL);
         send(SCI_ALLOCATE, capacity);
         sendText(SCI_APPENDTEXT, text);

@@ -77,13 +77,17 @@ std::string_view subsectionAbove(const TextArea& document, Position place, bool 
     return name.substr(0, end > 0 ? end - 1 : 0);
 }
 
+EditedItem takeItem(TextArea& document, TextRange range) {
+    document.Select(range.start, range.end - range.start);
+    return {.place = document.Track(range), .oldText = document.SelText()};
+}
+
 EditedItem LoadSingleLine(TextArea& document, Position place) {
     auto logical = GetLogicalLine(document.Text(), place);
-    document.Select(logical.range.start, logical.range.end - logical.range.start);
-    if (document.SelText().ends_with(kLineEnd))
-        document.SetSelLength(document.SelLength() - static_cast<Position>(kLineEnd.size()));
+    if (document.Slice(logical.range.start, logical.range.end).ends_with(kLineEnd))
+        logical.range.end -= static_cast<Position>(kLineEnd.size());
 
-    EditedItem item{.start = document.SelStart(), .oldText = document.SelText()};
+    EditedItem item = takeItem(document, logical.range);
     const auto comment = commentStart(logical.text);
     item.comment = logical.text.substr(comment);
     logical.text.resize(comment);

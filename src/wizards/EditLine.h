@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -45,15 +46,20 @@ std::string_view subsectionAbove(const TextArea& document, Position place, bool 
 
 /// An item taken out for its wizard.
 struct EditedItem {
-    /// In one line, without its comment.
+    /// In one line, without its comment; of a package the header.
     std::string line = {};
+    /// The lines under the heading of a group or bonus, or under a package's header, as they stand.
+    std::string block = {};
     /// A "//" comment in front of which the parentheses balance, with the blanks in front of it: it is put
     /// back behind the line that replaces the item. Else empty.
     std::string comment = {};
     /// Where the item stands, and what it is there. The line end behind it stays out.
-    Position start = 0;
+    std::shared_ptr<const TrackedRange> place = {};
     std::string oldText = {};
 };
+
+/// Selects [start, end) as the item.
+EditedItem takeItem(TextArea& document, TextRange range);
 
 /// Takes the item whose first line holds `place`, and selects it.
 EditedItem LoadSingleLine(TextArea& document, Position place);

@@ -31,9 +31,13 @@ public:
     bool write(const TargetText& line);
 
 protected:
-    /// Selects what the line replaces, and gives what is written in front of it; nothing where it has no
-    /// place.
-    virtual std::optional<std::string_view> select(TextArea& area) = 0;
+    /// What is written around the line.
+    struct Joints {
+        std::string_view before = {};
+        std::string_view behind = {};
+    };
+    /// Selects what the line replaces; nothing where it has no place.
+    virtual std::optional<Joints> select(TextArea& area) = 0;
 
 private:
     AreaLookup area_;
@@ -48,7 +52,7 @@ public:
                std::vector<std::string> categories, int index);
 
 protected:
-    std::optional<std::string_view> select(TextArea& area) override;
+    std::optional<Joints> select(TextArea& area) override;
 
 private:
     std::string_view section_;
@@ -57,18 +61,21 @@ private:
     int index_ = -1;
 };
 
-/// The item that is edited, as long as it stands where it stood.
+/// The item that is edited, as long as it is what it was. It goes with the edits of the text around it; where
+/// all of the text came anew, it is found again if it stands there once.
 class ReplacedLine : public LineTarget {
 public:
+    /// The item must outlive this.
     ReplacedLine(AreaLookup document, const EditedItem& item)
-        : LineTarget(std::move(document)), start_(item.start), oldText_(item.oldText) {}
+        : LineTarget(std::move(document)), item_(item) {}
 
 protected:
-    std::optional<std::string_view> select(TextArea& area) override;
+    std::optional<Joints> select(TextArea& area) override;
 
 private:
-    Position start_;
-    std::string oldText_;
+    std::optional<TextRange> find(const TextArea& area) const;
+
+    const EditedItem& item_;
 };
 
 /// The whole of a box that holds one line.
@@ -77,7 +84,7 @@ public:
     using LineTarget::LineTarget;
 
 protected:
-    std::optional<std::string_view> select(TextArea& area) override;
+    std::optional<Joints> select(TextArea& area) override;
 };
 
 /// The end of a field, wherever its caret is; behind a joiner where the field holds text.
@@ -86,7 +93,7 @@ public:
     FieldEnd(AreaLookup field, std::string_view joiner) : LineTarget(std::move(field)), joiner_(joiner) {}
 
 protected:
-    std::optional<std::string_view> select(TextArea& area) override;
+    std::optional<Joints> select(TextArea& area) override;
 
 private:
     std::string_view joiner_;

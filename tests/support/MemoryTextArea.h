@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "text/TextArea.h"
+#include "text/TrackedRanges.h"
 #include "text/Unicode.h"
 
 namespace klt {
@@ -86,6 +87,7 @@ public:
         }
         return runs;
     }
+    std::shared_ptr<const TrackedRange> Track(TextRange range) override { return tracked_.track(range); }
     bool CanUndo() const override { return !undo_.empty(); }
     bool CanRedo() const override { return !redo_.empty(); }
     void Undo() override { replay(undo_, redo_); }
@@ -98,6 +100,7 @@ public:
 
 protected:
     void replaceAll(std::string_view text) override {
+        tracked_.textDeleted(0, Length());
         text_ = std::string(text);
         styles_.assign(text_.size(), '\0');
         marks_ = styles_;
@@ -169,6 +172,8 @@ private:
     Edit apply(const Edit& edit) {
         const Position before = edit.place - 1;
         const StyleByte style = isProtected(before) ? 0 : StyleAt(std::max<Position>(before, 0));
+        tracked_.textDeleted(edit.place, static_cast<Position>(edit.out.size()));
+        tracked_.textInserted(edit.place, static_cast<Position>(edit.in.size()));
         text_.replace(at(edit.place), edit.out.size(), edit.in);
         styles_.replace(at(edit.place), edit.out.size(),
                         std::string(edit.in.size(), static_cast<char>(style)));
@@ -194,6 +199,7 @@ private:
     std::string text_;
     std::string styles_;
     std::string marks_;  // 1 for each protected byte
+    TrackedRanges tracked_;
     TextRange selection_;
     std::vector<Step> undo_;
     std::vector<Step> redo_;

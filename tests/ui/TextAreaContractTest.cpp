@@ -100,6 +100,32 @@ TEST_P(TextAreaContract, Slices) {
     for (const auto& [from, to, slice] : rows) EXPECT_EQ(area.Slice(from, to), slice);
 }
 
+TEST_P(TextAreaContract, TracksAStretchThroughEdits) {
+    // The stretch is "cd".
+    const std::tuple<const char*, Position, Position, const char*, const char*> rows[] = {
+        {"in front", 0, 1, "xyz", "cd"},  {"at its start", 2, 0, "x", "cd"},
+        {"at its end", 4, 0, "x", "cd"},  {"behind", 5, 1, "", "cd"},
+        {"inside", 3, 0, "x", "cxd!"},    {"a part of it", 2, 1, "x", "d!"},
+        {"over its end", 3, 2, "", "c!"}, {"over all", 1, 4, "", "!"}};
+    for (const auto& [name, from, length, in, wanted] : rows) {
+        start("abcdef");
+        const auto tracked = area.Track({2, 4});
+        area.Select(from, length);
+        area.SetSelText(in);
+        const auto [begin, end] = tracked->range;
+        EXPECT_EQ(std::string(area.Slice(begin, end)) + (tracked->isTouched ? "!" : ""), wanted) << name;
+        area.Undo();
+        const std::string_view after = area.Slice(tracked->range.start, tracked->range.end);
+        EXPECT_TRUE(tracked->isTouched || after == "cd") << name;
+    }
+    start("abcdef");
+    const auto tracked = area.Track({2, 4});
+    area.RewriteRun(0, "ABCDEF");
+    EXPECT_TRUE(area.Slice(2, 4) == "CD" && !tracked->isTouched) << "letters that are put right are no edit";
+    area.SetText("other");
+    EXPECT_TRUE(tracked->isTouched);
+}
+
 TEST_P(TextAreaContract, WritesOverTheSelectionInTheStyleAtTheCaret) {
     const std::tuple<Position, Position, std::string, std::string> rows[] = {
         {3, 0, "", "abc<>DEF|000111"},

@@ -4,6 +4,7 @@
 
 #include "language/StyleCategory.h"
 #include "support/MemoryTextArea.h"
+#include "wizards/EditedBlock.h"
 #include "wizards/LineTarget.h"
 
 using namespace klt;
@@ -98,6 +99,58 @@ TEST(LoadSingleLine, TakesTheItemAndItsComment) {
     }
 }
 
+TEST(EditLine, TakesBlocksAndPackages) {
+    const struct {
+        const char *name, *text, *selected;
+        /// Of a package; nothing else has one.
+        std::optional<const char*> line = {};
+        const char* comment = "";
+    } rows[] = {
+        {"up to the next heading", "[BONUS]\r\n<a>\r\n+1 x\r\n+^2 y\r\n\r\n<b>", "+1 x\r\n+2 y\r\n"},
+        {"up to the next section", "[GROUPS]\r\n<a>\r\nx^\r\n\t [B]", "x"},
+        {"under a section's header", "[GROUPS]\r\nx^\r\n[B]\r\ny", "x"},
+        {"the heading is the block's", "[GROUPS]\r\n<a>\r\nx\r\n <^b>\r\ny", "y"},
+        {"marks amid a line are none", "[GROUPS]\r\n<a>\r\nx {b}\r\n {c}\r\nd <e>^[f]",
+         "x {b}\r\n {c}\r\nd <e>[f]"},
+        {"an empty one", "[GROUPS]\r\n<a^>\r\n<b>", ""},
+        {"one without lines", "[GROUPS]\r\n<a^>", ""},
+        {"a package", "[PACKAGES]\r\n<a>\r\n{P=d}\r\nX^\r\nneeds(ST>=12)\r\n{Q}",
+         "{P=d}\r\nX\r\nneeds(ST>=12)", "P=d"},
+        {"at its header", "[PACKAGES]\r\n{P}\r\nX\r\n{Q^} // q\r\nY", "{Q} // q\r\nY", "Q", " // q"},
+        {"at a continued header", "[PACKAGES]\r\n{P=a _\r\n\tb^}\r\nX", "{P=a _\r\n\tb}\r\nX", "P=a b"},
+        {"a header alone", "[PACKAGES]\r\n{P^\r\n<a>", "{P", "P"},
+        {"a subsection's heading belongs to the package above", "[PACKAGES]\r\n{P}\r\nX\r\n<a^>", "{P}\r\nX",
+         "P"},
+        {"none in this section", "[x]\r\n{P}\r\n[PACKAGES]\r\n<a>\r\nX^", ""},
+    };
+    for (const auto& row : rows) {
+        const auto document = marked(row.text);
+        const auto place = document->SelStart();
+        const bool isPackage = std::string_view(row.text).find("[PACKAGES]") != std::string_view::npos;
+        const auto item = isPackage ? LoadPackage(*document, place) : LoadBlock(*document, place);
+        ASSERT_EQ(item.has_value(), !isPackage || row.line.has_value()) << row.name;
+        if (!item) continue;
+        EXPECT_EQ(item->oldText, row.selected) << row.name;
+        EXPECT_EQ(document->SelText(), row.selected) << row.name;
+        EXPECT_EQ(item->line, row.line.value_or("")) << row.name;
+        EXPECT_EQ(item->comment, row.comment) << row.name;
+        EXPECT_TRUE(item->oldText.ends_with(item->block)) << row.name;
+    }
+}
+
+TEST(ReplacedLine, GivesLinesTheirOwnWhereNoneStood) {
+    const struct {
+        const char *text, *written;
+    } rows[] = {
+        {"<a^>\r\n<b>", "<a>\r\nx\r\n<b>"}, {"<a^>", "<a>\r\nx"}, {"<a^>\r\n\r\n<b>", "<a>\r\nx\r\n<b>"}};
+    for (const auto& row : rows) {
+        const auto document = marked(row.text);
+        const auto item = LoadBlock(*document, document->SelStart());
+        EXPECT_TRUE(ReplacedLine([&] { return document.get(); }, item).write({"x"}));
+        EXPECT_EQ(document->Text(), row.written);
+    }
+}
+
 TEST(ReplacedLine, WritesOnlyWhereTheItemStillStands) {
     MemoryTextArea document("[ADS]\r\nI, 5\r\nJ, 6");
     TextArea* area = &document;
@@ -111,11 +164,25 @@ TEST(ReplacedLine, WritesOnlyWhereTheItemStillStands) {
     EXPECT_EQ(document.Text(), "[ADS]\r\nLonger, 7\r\nJ, 6");
     document.Undo();
     EXPECT_EQ(document.Text(), "[ADS]\r\nI, 5\r\nJ, 6");
+}
 
-    document.SetSelStart(0);
+TEST(ReplacedLine, GoesWithTheTextAroundIt) {
+    MemoryTextArea document("[ADS]\r\nI, 5\r\nJ, 6");
+    TextArea* area = &document;
+    const auto item = LoadSingleLine(document, 7);
+    ReplacedLine target([&area] { return area; }, item);
+    document.Select(8, 1);
     document.SetSelText("x");
-    EXPECT_FALSE(target.write({"K, 7"})) << "it has moved";
-    EXPECT_EQ(document.Text(), "x[ADS]\r\nI, 5\r\nJ, 6");
+    EXPECT_FALSE(target.write({"K, 7"})) << "it has changed";
+    document.Undo();
+    document.SetSelStart(0);
+    document.SetSelText("[X]\r\nI, 5\r\n");
+    EXPECT_TRUE(target.write({"K, 7"})) << "it has moved, and another like it has come";
+    EXPECT_EQ(document.Text(), "[X]\r\nI, 5\r\n[ADS]\r\nK, 7\r\nJ, 6");
+    document.SetText("J, 6\r\nI, 5");
+    EXPECT_TRUE(target.write({"K, 7"})) << "it stands there once";
+    document.SetText("I, 5\r\nI, 5");
+    EXPECT_FALSE(target.write({"K, 7"})) << "it stands there twice";
     area = nullptr;
     EXPECT_FALSE(target.write({"K, 7"})) << "the document is closed";
 }
