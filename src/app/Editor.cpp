@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/commands/Commands.h"
+#include "app/commands/WizardCommands.h"
 #include "app/dialogs/MergeFolder.h"
 #include "app/dialogs/frmKLTMerger.h"
 #include "app/documents/ErrorWalk.h"
@@ -59,6 +60,7 @@ frmMDIKLTEditor& Editor::mainWindow() {
 
 void Editor::wireWindow() {
     window_->setCloseCheck([this](frmKLTEditor& document) { return documents.CloseCheck(&document); });
+    window_->setFormsCheck([this] { return closeForms(*window_); });
     connect(&*window_, &frmMDIKLTEditor::MenuClick, this,
             [this](const QString& key) { queue.submit(Origin::User, [this, key] { MenuClick(key); }); });
     connect(&*window_, &frmMDIKLTEditor::filesDropped, this, [this](const std::vector<std::string>& paths) {

@@ -18,6 +18,10 @@ namespace {
 
 constexpr std::string_view kNoMoreNesting = "Cannot nest any more @Functions!";
 
+AreaLookup lookupOf(RichTextBox& field) {
+    return [target = QPointer(&field)]() -> TextArea* { return target; };
+}
+
 }  // namespace
 
 /// The place of an @Function wizard's field in `FunctionTargets`, as long as the wizard is open.
@@ -45,6 +49,7 @@ WizardAids::WizardAids(WizardServices services) : services_(std::move(services))
     services_.showGivesWizard = [this](WizardForm& form, RichTextBox& field) {
         ShowGivesWizard(form, field);
     };
+    services_.showItemWizard = [this](WizardForm& form, const ItemCall& call) { ShowItemWizard(form, call); };
 }
 
 std::string WizardAids::AskFor(std::string_view prompt, QWidget& owner) {
@@ -67,6 +72,9 @@ void WizardAids::SyntaxAid(std::string_view kind, RichTextBox& field, WizardForm
         case AidOutcome::OpensFunctions:
             ShowFunctionsWizard(form, field, form.wizard().opening().level);
             break;
+        case AidOutcome::OpensMods:
+            ShowOver(form, makeWizard(kModWizard, {OpeningMode::Package, lookupOf(field)}));
+            break;
     }
 }
 
@@ -85,10 +93,20 @@ void WizardAids::ShowFunctionsWizard(QWidget& owner, RichTextBox& field, int lev
 }
 
 void WizardAids::ShowGivesWizard(QWidget& owner, RichTextBox& field) {
-    const QPointer<RichTextBox> GivesTarget(&field);
-    WizardForm form(
-        makeWizard(kGivesWizard, {.target = [GivesTarget]() -> TextArea* { return GivesTarget; }}), services_,
-        &owner);
+    ShowOver(owner, makeWizard(kGivesWizard, {.target = lookupOf(field)}));
+}
+
+void WizardAids::ShowItemWizard(WizardForm& form, const ItemCall& call) {
+    RichTextBox& field = form.field(call.field);
+    const auto [table, place] = wizardOfSection(call.section);
+    auto wizard = makeWizard(*table, {OpeningMode::Package, lookupOf(field)});
+    wizard->SelectSubsection(*place, {});
+    if (call.isFilled) wizard->load(field.Text());
+    ShowOver(form, std::move(wizard));
+}
+
+void WizardAids::ShowOver(QWidget& owner, std::unique_ptr<Wizard> wizard) {
+    WizardForm form(std::move(wizard), services_, &owner);
     form.exec();
     owner.activateWindow();
 }

@@ -2,12 +2,14 @@
 
 #include <QPoint>
 #include <QPointer>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "forms/WizardServices.h"
 #include "ui/RichTextBox.h"
+#include "wizards/Wizard.h"
 
 namespace klt {
 
@@ -38,8 +40,13 @@ public:
     /// Shows a Gives wizard over `owner`, to write into `field`, and returns when it has closed.
     void ShowGivesWizard(QWidget& owner, RichTextBox& field);
 
+    /// Shows the wizard of an item over `form`, to write into a field of it, and returns when it has closed.
+    void ShowItemWizard(WizardForm& form, const ItemCall& call);
+
 private:
     class OpenFunction;
+
+    void ShowOver(QWidget& owner, std::unique_ptr<Wizard> wizard);
 
     WizardServices services_;
     /// The field of each open @Function wizard, the outermost first.

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "forms/CheckWizardField.h"
+#include "forms/LineColours.h"
 #include "forms/WizardCombo.h"
 #include "forms/WizardServices.h"
 #include "ui/CloseParenthesis.h"
@@ -27,8 +28,8 @@ constexpr int kFieldWidth = 160;
 /// Makes the widget of one row.
 class Maker {
 public:
-    Maker(QWidget& form, WizardState& state, const WizardServices& services)
-        : form_(form), state_(state), services_(services) {}
+    Maker(QWidget& form, const WizardTable& table, WizardState& state, const WizardServices& services)
+        : form_(form), table_(table), state_(state), services_(services) {}
 
     QWidget& widget(const ControlRow& row, QWidget& parent) {
         QWidget& made = bare(row, parent);
@@ -40,6 +41,7 @@ private:
     QWidget& bare(const ControlRow& row, QWidget& parent) {
         switch (row.kind) {
             case ControlKind::TextField:
+            case ControlKind::PlainField:
                 return field(row, parent);
             case ControlKind::TextBox:
                 return box(row, parent);
@@ -62,15 +64,31 @@ private:
         auto& made = *new RichTextBox(RichTextBox::Kind::Field, &parent);
         made.setMinimumWidth(kFieldWidth);
         made.setWhatsThis(toQString(fieldHelp(row)));
-        makeWizardField(made, std::string(row.tag), services_.highlighter, services_.store);
         addFieldPopup(made);
+        if (!row.sections.empty()) return lines(made, row);
+        if (row.kind == ControlKind::TextField) {
+            makeWizardField(made, std::string(row.tag), services_.highlighter, services_.store);
+        } else {
+            services_.highlighter.SetFieldFormat(made);
+        }
         return keepText(made, row);
     }
 
     QWidget& box(const ControlRow& row, QWidget& parent) {
         auto& made = *new RichTextBox(RichTextBox::Kind::Preview, &parent);
+        made.setWhatsThis(toQString(fieldHelp(row)));
+        // The box of collected lines has the form's own.
+        if (row.name != table_.box) addFieldPopup(made);
+        if (!row.sections.empty()) return lines(made, row);
+        services_.highlighter.SetFieldFormat(made);
+        return keepText(made, row);
+    }
+
+    QWidget& lines(RichTextBox& made, const ControlRow& row) {
         services_.highlighter.SetPreviewFormat(made);
         pairTypedParentheses(made, services_.store);
+        keepColoured(made, row, table_, state_, services_.highlighter);
+        made.setLocked(row.isReadOnly);
         return keepText(made, row);
     }
 
@@ -95,6 +113,7 @@ private:
     }
 
     QWidget& form_;
+    const WizardTable& table_;
     WizardState& state_;
     const WizardServices& services_;
 };
@@ -110,15 +129,21 @@ bool takesLabel(ControlKind kind) {
     return kind != ControlKind::Option && kind != ControlKind::Check && kind != ControlKind::Button;
 }
 
-/// What a screen reader calls it: the caption of its frame, and its label unless that says no more.
-QString spokenName(const ControlRow& row, const FrameState& frame, std::string_view label) {
+/// What a screen reader calls it: the caption of its frame, else its tab, and its label unless that says no
+/// more.
+QString spokenName(const ControlRow& row, const FrameRow& frame, std::string_view caption,
+                   std::string_view label) {
     const QString words = toQString(std::string(label).append(labelBehind(row))).simplified();
-    const QString caption = toQString(frame.caption);
-    return words.isEmpty() ? caption : caption + ": " + words;
+    const QString place = toQString(caption.empty() ? frame.tab : caption);
+    return words.isEmpty() ? place : place + ": " + words;
 }
 
-void showText(RichTextBox& box, const std::string& text) {
-    if (box.Text() != text) box.SetText(text);
+/// What takes no typing is shown all the same.
+void showText(RichTextBox& box, const std::string& text, bool isReadOnly) {
+    if (box.Text() == text) return;
+    box.setLocked(false);
+    box.SetText(text);
+    box.setLocked(isReadOnly);
 }
 
 /// An option is turned off as well: by itself one of a group stays on.
@@ -131,18 +156,19 @@ void showMark(QAbstractButton& button, bool isOn) {
     button.setAutoExclusive(isExclusive);
 }
 
-void showValue(QWidget& widget, const ControlState& state) {
-    if (auto* box = qobject_cast<RichTextBox*>(&widget)) return showText(*box, state.text);
+void showValue(const WizardControl& control, const ControlState& state) {
+    QWidget& widget = control.widget;
+    if (auto* box = qobject_cast<RichTextBox*>(&widget))
+        return showText(*box, state.text, control.row.isReadOnly);
     if (auto* combo = qobject_cast<WizardCombo*>(&widget)) return combo->showState();
     auto* button = qobject_cast<QAbstractButton*>(&widget);
     if (button != nullptr && button->isCheckable()) showMark(*button, state.state == kOn);
 }
 
-void showControl(const WizardControl& control, const ControlState& state, const FrameState* frame) {
-    showValue(control.widget, state);
+void showControl(const WizardControl& control, const ControlState& state) {
+    showValue(control, state);
     control.widget.setEnabled(state.isEnabled);
     control.widget.setVisible(state.isVisible);
-    if (frame != nullptr) control.widget.setAccessibleName(spokenName(control.row, *frame, state.label));
     if (control.before == nullptr) return;
     const bool hasLabel = state.isVisible && !state.label.empty();
     control.before->setText(literally(state.label));
@@ -160,19 +186,21 @@ WizardControls makeControls(QWidget& form, const WizardTable& table, WizardState
         box.setObjectName(toQString(row.name));
         made.frames.push_back({row, box});
     }
-    Maker maker(form, state, services);
+    Maker maker(form, table, state, services);
     for (const ControlRow& row : table.controls) {
         const auto frame = std::ranges::find_if(
             made.frames, [&row](const WizardFrame& each) { return each.row.name == row.frame; });
-        QWidget& parent = frame == made.frames.end() ? form : frame->box;
+        const bool isInFrame = frame != made.frames.end();
+        QWidget& parent = isInFrame ? frame->box : form;
+        const FrameRow* const frameRow = isInFrame ? &frame->row : nullptr;
         if (takesLabel(row.kind)) {
             QLabel& before = makeLabel(row.label, parent);
             QWidget& widget = maker.widget(row, parent);
             before.setBuddy(&widget);
             before.setObjectName(toQString(row.labelName));
-            made.controls.push_back({row, widget, &before, &makeLabel(labelBehind(row), parent)});
+            made.controls.push_back({row, widget, frameRow, &before, &makeLabel(labelBehind(row), parent)});
         } else {
-            made.controls.push_back({row, maker.widget(row, parent)});
+            made.controls.push_back({row, maker.widget(row, parent), frameRow});
         }
     }
     return made;
@@ -183,9 +211,12 @@ void showState(const WizardControls& controls, const WizardState& state) {
     for (size_t i = 0; i < controls.controls.size(); ++i)
         if (!state.controls()[i].isVisible) controls.controls[i].widget.hide();
     for (size_t i = 0; i < controls.controls.size(); ++i) {
-        const auto& control = controls.controls[i];
-        const FrameState* frame = control.row.frame.empty() ? nullptr : &state.frame(control.row.frame);
-        showControl(control, state.controls()[i], frame);
+        const WizardControl& control = controls.controls[i];
+        showControl(control, state.controls()[i]);
+        if (control.frame == nullptr) continue;
+        const auto& caption = state.frame(control.row.frame).caption;
+        control.widget.setAccessibleName(
+            spokenName(control.row, *control.frame, caption, state.controls()[i].label));
     }
     // A frame that appears is as large as what it shows by then.
     for (size_t i = 0; i < controls.frames.size(); ++i) {

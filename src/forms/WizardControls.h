@@ -17,6 +17,8 @@ struct WizardServices;
 struct WizardControl {
     const ControlRow& row;
     QWidget& widget;
+    /// Null for the form's own row of buttons.
+    const FrameRow* frame = nullptr;
     QLabel* before = nullptr;
     QLabel* behind = nullptr;
 };

@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QShortcut>
+#include <QTabWidget>
 #include <algorithm>
 #include <utility>
 
@@ -12,6 +14,7 @@
 #include "forms/WizardLayout.h"
 #include "platform/ProgramNames.h"
 #include "settings/Catalogue.h"
+#include "ui/FieldPopup.h"
 #include "ui/FormPlace.h"
 #include "ui/MessageBox.h"
 #include "ui/QtStrings.h"
@@ -21,6 +24,8 @@
 
 namespace klt {
 namespace {
+
+constexpr char kUnwritten[] = " have not been written!\nSave changes?";
 
 /// Where a menu opens: at the mouse; below the button where the keyboard pressed it.
 QPoint menuPlace(const QWidget& button) {
@@ -38,11 +43,17 @@ WizardForm::WizardForm(std::unique_ptr<Wizard> wizard, WizardServices services, 
       controls_(makeControls(*this, wizard_->table(), wizard_->state, services_)) {
     setObjectName(toQString(wizard_->table().form));
     setWindowTitle(toQString(wizard_->table().title));
-    setWindowModality(Qt::ApplicationModal);
+    setWindowModality(isModeless() ? Qt::NonModal : Qt::ApplicationModal);
     layOut(*this, *wizard_, controls_);
     if (wizard_->opening().mode == OpeningMode::Insert) fillLists();
+    const auto box = wizard_->table().box;
+    if (!box.empty()) wizard_->attach(field(box));
     wire();
     showState();
+}
+
+bool WizardForm::isModeless() const {
+    return !wizard_->table().box.empty() && wizard_->opening().mode == OpeningMode::Edit;
 }
 
 void WizardForm::fillLists() {
@@ -65,8 +76,18 @@ void WizardForm::wire() {
         } else if (auto* mark = qobject_cast<QAbstractButton*>(&control.widget)) {
             connect(mark, &QAbstractButton::clicked, this,
                     [this, name](bool isOn) { click(name, isOn ? kOn : kOff); });
+        } else if (auto* text = qobject_cast<RichTextBox*>(&control.widget)) {
+            connect(text, &RichTextBox::Change, this, [this, name] { changed(name); });
         }
     }
+    if (!wizard_->table().box.empty()) wireBox(field(wizard_->table().box));
+}
+
+void WizardForm::wireBox(RichTextBox& box) {
+    addBoxPopup(box, [this] { takeBack(); });
+    auto* key = new QShortcut(Qt::CTRL | Qt::Key_L, &box);
+    key->setContext(Qt::WidgetShortcut);
+    connect(key, &QShortcut::activated, this, [this] { takeBack(); });
 }
 
 void WizardForm::wireButton(const WizardControl& control) {
@@ -87,11 +108,12 @@ void WizardForm::wireButton(const WizardControl& control) {
         case ButtonUse::GivesWizard:
             return onClick([this, &row] { services_.showGivesWizard(*this, field(row.field)); });
         case ButtonUse::Own:
-            return;
+            return onClick([this, &row] { press(row.name); });
     }
 }
 
 void WizardForm::showState() {
+    const QScopedValueRollback showing(isShowing_, true);
     klt::showState(controls_, wizard_->state);
     const auto lacks = [this](ButtonUse use) {
         return (use == ButtonUse::Help && !services_.showHelp) ||
@@ -115,7 +137,8 @@ RichTextBox& WizardForm::field(std::string_view name) const {
 void WizardForm::setVisible(bool visible) {
     const bool isFirst = visible && !std::exchange(isPlaced_, true);
     if (isFirst) {
-        adjustSize();
+        // The base class would make it no larger than two thirds of the screen.
+        resize(sizeHint());
         focusFirst();
         if (const auto* position = settings::windowPosition(wizard_->table().form))
             restorePosition(*this, services_.store, *position);
@@ -135,8 +158,69 @@ void WizardForm::done(int result) {
 void WizardForm::click(std::string_view control, int state) {
     wizard_->click(control, state);
     showState();
+    for (const WizardControl& each : controls_.controls)
+        if (each.row.sectionChosenBy == control) emit field(each.row.name).Change();
     const PlaceRow* const place = wizard_->place();
     if (place != nullptr && place->option == control) scrollToPlace();
+}
+
+void WizardForm::changed(std::string_view control) {
+    // What the wizard itself has set is no change by the user.
+    if (isShowing_) return;
+    const auto result = wizard_->changed(control);
+    if (result.isFollowed) showState();
+    if (result.complaint) complain(*result.complaint);
+}
+
+void WizardForm::press(std::string_view button) {
+    const auto result = wizard_->press(button, readLineBreakLimits(services_.store));
+    showState();
+    for (const Complaint& complaint : result.complaints) complain(complaint);
+    if (result.preview)
+        MessageBox(this, result.preview->text, MessageIcon::Information, result.preview->title);
+    if (result.call) services_.showItemWizard(*this, *result.call);
+    focusOn(result.focus);
+}
+
+void WizardForm::takeBack() {
+    const LineTab* const tab = wizard_->takeBack();
+    if (tab == nullptr) return;
+    showState();
+    QWidget& page = showPage(widget(tab->add));
+    for (const WizardControl& control : controls_.controls)
+        if (page.isAncestorOf(&control.widget) && takesFocus(control.widget))
+            return control.widget.setFocus();
+}
+
+QWidget& WizardForm::showPage(QWidget& widget) {
+    auto* tabs = findChild<QTabWidget*>();
+    for (int i = 0; tabs != nullptr && i < tabs->count(); ++i) {
+        if (!tabs->widget(i)->isAncestorOf(&widget)) continue;
+        tabs->setCurrentIndex(i);
+        return *tabs->widget(i);
+    }
+    return *this;
+}
+
+void WizardForm::focusOn(std::string_view control) {
+    if (control.empty()) return;
+    showPage(widget(control));
+    widget(control).setFocus();
+}
+
+bool WizardForm::takesFocus(const QWidget& widget) const {
+    return widget.isEnabled() && widget.isVisibleTo(this);
+}
+
+bool WizardForm::mayClose() {
+    if (!isModeless() || !wizard_->hasUnwritten()) return true;
+    showNormal();
+    activateWindow();
+    const auto answer = MessageBox(
+        this, "The lines of the " + std::string(wizard_->table().title) + kUnwritten,
+        MessageIcon::Exclamation, kTitle, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (answer == QMessageBox::Yes) finish();
+    return answer == QMessageBox::No || !isVisible();
 }
 
 void WizardForm::scrollToPlace() const {
@@ -159,7 +243,9 @@ void WizardForm::finish() {
         case DoneResult::Kind::Refused:
             return complain(result.complaint);
         case DoneResult::Kind::StaysOpen:
-            return result.focus.empty() ? focusFirst() : widget(result.focus).setFocus();
+            // Where lines are collected, the next ones get a heading first.
+            return result.focus.empty() || !wizard_->table().box.empty() ? focusFirst()
+                                                                         : focusOn(result.focus);
         case DoneResult::Kind::Closes:
             return accept();
     }
@@ -167,13 +253,12 @@ void WizardForm::finish() {
 
 void WizardForm::complain(const Complaint& complaint) {
     MessageBox(this, complaint.message, MessageIcon::Exclamation, kTitle);
-    if (!complaint.focus.empty()) widget(complaint.focus).setFocus();
+    focusOn(complaint.focus);
 }
 
 void WizardForm::focusFirst() {
     for (const WizardControl& control : controls_.controls) {
-        if (!control.widget.isEnabled() || !control.widget.isVisibleTo(this)) continue;
-        return control.widget.setFocus();
+        if (takesFocus(control.widget)) return control.widget.setFocus();
     }
 }
 

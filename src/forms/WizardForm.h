@@ -24,6 +24,12 @@ public:
     Wizard& wizard() { return *wizard_; }
     /// The field of that name, which must be one of the table's.
     RichTextBox& field(std::string_view name) const;
+    /// Whether other windows can be used beside it: one that collects lines and edits those of a document.
+    bool isModeless() const;
+    /// Where lines are not written yet, comes to the front and asks whether they are to be. False where the
+    /// user goes back, or they can't be written.
+    bool mayClose();
+
     /// Brings the controls up to date with the wizard's state, after that was changed by others.
     void showState();
 
@@ -36,7 +42,14 @@ private:
     void fillLists();
     void wire();
     void wireButton(const WizardControl& control);
+    void wireBox(RichTextBox& box);
     void click(std::string_view control, int state);
+    void changed(std::string_view control);
+    void press(std::string_view button);
+    void takeBack();
+    QWidget& showPage(QWidget& widget);
+    void focusOn(std::string_view control);
+    bool takesFocus(const QWidget& widget) const;
     void finish();
     void complain(const Complaint& complaint);
     void focusFirst();
@@ -47,6 +60,7 @@ private:
     const WizardServices services_;
     WizardControls controls_;
     bool isPlaced_ = false;
+    bool isShowing_ = false;
 };
 
 }  // namespace klt

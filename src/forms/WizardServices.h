@@ -10,6 +10,7 @@ class RichTextBox;
 class Store;
 class WizardForm;
 class modKLTSyntaxHighlighter;
+struct ItemCall;
 
 /// What the forms need of the program. All of it must outlive them. A function that is empty leaves the
 /// buttons that ask for it disabled.
@@ -23,6 +24,8 @@ struct WizardServices {
         showSyntaxAid = {};
     /// Shows the Gives wizard over `form`, to write into `field`.
     std::function<void(WizardForm& form, RichTextBox& field)> showGivesWizard = {};
+    /// Shows the wizard of an item over `form`, for one of its fields.
+    std::function<void(WizardForm& form, const ItemCall& call)> showItemWizard = {};
     /// Shows the help on the form of that name.
     std::function<void(std::string_view form)> showHelp = {};
 };

@@ -19,7 +19,8 @@
 namespace klt {
 namespace {
 
-constexpr char kPopup[] = "SingleItemRTFPopup";
+constexpr char kFieldPopup[] = "SingleItemRTFPopup";
+constexpr char kBoxPopup[] = "MultiItemRTFPopup";
 
 /// What the popup asks of a field, and does to it.
 struct Face {
@@ -27,6 +28,8 @@ struct Face {
     bool canUndo;
     bool hasSelection;
     std::function<void()> undo, cut, copy, paste, remove, selectAll;
+    /// Puts the line at the caret back on its tab; empty where the field holds no collected lines.
+    std::function<void()> editLine = {};
 };
 
 Face faceOf(RichTextBox& box) {
@@ -74,7 +77,7 @@ void showHelp(QWidget& widget, QPoint global) {
     if (!text.isEmpty()) QWhatsThis::showText(global, text, &widget);
 }
 
-/// One without a caption is a separator.
+/// One that does nothing is a separator.
 struct Row {
     const char* key = "";
     const char* caption = "";
@@ -90,7 +93,7 @@ constexpr std::array kRows = {
     Row{commands::kCopy, "C&opy", "Ctrl+C", hasSelection, &Face::copy},
     Row{commands::kPaste, "&Paste", "Ctrl+V", canPaste, &Face::paste},
     Row{commands::kDelete, "&Delete", "Del", always, &Face::remove},
-    Row{},
+    Row{commands::kEditLine, "Edit &Line", "Ctrl+L", always, &Face::editLine},
     Row{commands::kSelectAll, "&Select All", "Ctrl+A", always, &Face::selectAll},
     Row{},
 };
@@ -98,16 +101,16 @@ constexpr std::array kRows = {
 QAction& addItem(QMenu& menu, const char* key, const char* caption, const char* keys) {
     // The keys are told only: they act in the field itself.
     QAction& item = *menu.addAction(QString(caption) + '\t' + keys);
-    item.setObjectName(QString(kPopup) + '.' + key);
+    item.setObjectName(menu.objectName() + '.' + key);
     return item;
 }
 
 void ShowFieldPopup(const Face& face, QPoint global) {
     auto* menu = new QMenu(face.widget);
-    menu->setObjectName(kPopup);
+    menu->setObjectName(face.editLine ? kBoxPopup : kFieldPopup);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const Row& row : kRows) {
-        if (row.run == nullptr) {
+        if (row.run == nullptr || !(face.*row.run)) {
             menu->addSeparator();
             continue;
         }
@@ -163,9 +166,17 @@ private:
 }  // namespace
 
 void addFieldPopup(RichTextBox& field) {
-    QObject::connect(&field, &RichTextBox::popupWanted, &field,
-                     [&field](QPoint global) { ShowFieldPopup(faceOf(field), global); });
-    addHelpKey(field);
+    addBoxPopup(field, {});
+}
+
+void addBoxPopup(RichTextBox& box, std::function<void()> editLine) {
+    QObject::connect(&box, &RichTextBox::popupWanted, &box,
+                     [&box, editLine = std::move(editLine)](QPoint global) {
+                         Face face = faceOf(box);
+                         face.editLine = editLine;
+                         ShowFieldPopup(face, global);
+                     });
+    addHelpKey(box);
 }
 
 void addFieldPopup(QComboBox& combo) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 class QComboBox;
 
 namespace klt {
@@ -10,6 +12,8 @@ class RichTextBox;
 /// the field: what the Edit menu does to a text, for one line. Its help, which F1 shows too, is the field's
 /// own text for "What's This?", or that of what it stands in.
 void addFieldPopup(RichTextBox& field);
+/// The same for a box of collected lines, with "MultiItemRTFPopup", whose "Edit Line" calls `editLine`.
+void addBoxPopup(RichTextBox& box, std::function<void()> editLine);
 /// The same for the text of a combo.
 void addFieldPopup(QComboBox& combo);
 

@@ -159,8 +159,8 @@ constexpr std::array kFunctions = {
 };
 
 constexpr std::array kPackMods = {
-    AidItem{"&More than one mod"},
-    AidItem{"Mod &Wizard..."},
+    AidItem{"&More than one mod", AidAct::Append, " .AND. "},
+    AidItem{"Mod &Wizard...", AidAct::OpenMods},
 };
 
 constexpr bool kJoined = false;

@@ -6,8 +6,6 @@
 namespace klt {
 
 enum class AidAct : unsigned char {
-    /// The form that shows the menu does it itself.
-    Own,
     Heading,
     /// Opens the sub-menu of the items below it.
     SubMenu,
@@ -17,14 +15,17 @@ enum class AidAct : unsigned char {
     AskNumber,
     /// Inserts the tag.
     Insert,
+    /// Puts the tag at the field's end.
+    Append,
     OpenFunctions,
+    OpenMods,
 };
 
 /// One item of a Syntax Aid menu.
 struct AidItem {
     /// With its access key.
     std::string_view caption = {};
-    AidAct act = AidAct::Own;
+    AidAct act = AidAct::Heading;
     /// What it stands for in a line.
     std::string_view tag = {};
     /// Whether it belongs to the sub-menu of the item above it that does not.

@@ -22,6 +22,12 @@ std::optional<size_t> startOf(std::string_view text, std::string_view prefix) {
     return at;
 }
 
+int findWhole(std::span<const std::string> list, std::string_view text) {
+    const auto found =
+        std::ranges::find_if(list, [text](const std::string& item) { return equalIgnoringCase(item, text); });
+    return found == list.end() ? -1 : static_cast<int>(found - list.begin());
+}
+
 void choose(ControlState& combo, int item) {
     combo.state = item;
     combo.text = combo.list[static_cast<size_t>(item)];
@@ -58,9 +64,10 @@ bool AutoComplete(ControlState& combo, ComboSelection& selection, bool keepsPare
     return true;
 }
 
-void CommitComboEntry(ControlState& combo) {
+void CommitComboEntry(ControlState& combo, EntryMatch match) {
     if (combo.text.empty() || combo.state >= 0) return;
-    const int known = FindPrefix(combo.list, combo.text);
+    const int known =
+        match == EntryMatch::Prefix ? FindPrefix(combo.list, combo.text) : findWhole(combo.list, combo.text);
     if (known >= 0) return choose(combo, known);
     const auto upper = upperCase(combo.text);
     const auto greater = std::ranges::find_if(

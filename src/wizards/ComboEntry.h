@@ -23,9 +23,12 @@ struct ComboSelection {
 /// as it is: with all of the text selected, with the caret at the start.
 bool AutoComplete(ControlState& combo, ComboSelection& selection, bool keepsParenthesis = false);
 
+/// What of an item a text must be to stand for it, in any case.
+enum class EntryMatch : unsigned char { Prefix, Whole };
+
 /// When the combo loses the focus: a text that is no item becomes the first item that starts with it, or a
 /// new one in front of the first that is greater, letters compared in upper case. Nothing with an empty text
 /// or a chosen item.
-void CommitComboEntry(ControlState& combo);
+void CommitComboEntry(ControlState& combo, EntryMatch match = EntryMatch::Prefix);
 
 }  // namespace klt

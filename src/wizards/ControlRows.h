@@ -15,6 +15,11 @@ constexpr ControlRow tagField(std::string_view frame, std::string_view name, std
     return field(frame, name, tag, tag);
 }
 
+/// A field whose text is no part of the language.
+constexpr ControlRow plainField(std::string_view frame, std::string_view name, std::string_view label) {
+    return {.frame = frame, .name = name, .kind = ControlKind::PlainField, .label = label};
+}
+
 constexpr ControlRow option(std::string_view frame, std::string_view name, std::string_view label) {
     return {.frame = frame, .name = name, .kind = ControlKind::Option, .label = label};
 }
@@ -26,6 +31,45 @@ constexpr ControlRow check(std::string_view frame, std::string_view name, std::s
 constexpr ControlRow combo(std::string_view frame, std::string_view name, ControlKind kind,
                            std::string_view label, std::span<const std::string_view> items) {
     return {.frame = frame, .name = name, .kind = kind, .label = label, .items = items};
+}
+
+constexpr ControlRow list(std::string_view frame, std::string_view name, std::string_view label,
+                          std::span<const std::string_view> items) {
+    return combo(frame, name, ControlKind::List, label, items);
+}
+
+/// A field that holds a line of a section.
+constexpr ControlRow lineField(std::string_view frame, std::string_view name,
+                               std::span<const std::string_view> sections) {
+    return {.frame = frame, .name = name, .sections = sections};
+}
+
+/// A box of such lines.
+constexpr ControlRow lineBox(std::string_view frame, std::string_view name,
+                             std::span<const std::string_view> sections) {
+    return {.frame = frame, .name = name, .kind = ControlKind::TextBox, .sections = sections};
+}
+
+/// A box that is coloured when it gets the focus.
+constexpr ControlRow atFocus(ControlRow row) {
+    row.isColouredAtFocus = true;
+    return row;
+}
+
+/// One whose section is chosen by a list.
+constexpr ControlRow chosenBy(std::string_view list, ControlRow row) {
+    row.sectionChosenBy = list;
+    return row;
+}
+
+constexpr ControlRow labelled(std::string_view label, ControlRow row) {
+    row.label = label;
+    return row;
+}
+
+constexpr ControlRow readOnly(ControlRow row) {
+    row.isReadOnly = true;
+    return row;
 }
 
 /// A combo to which a typed "(" brings its ")".
@@ -58,7 +102,12 @@ constexpr ControlRow givesButton(std::string_view frame, std::string_view name, 
             .field = field};
 }
 
-/// One of the form's own buttons.
+/// A button in a frame whose press the wizard itself answers.
+constexpr ControlRow ownButton(std::string_view frame, std::string_view name, std::string_view label) {
+    return {.frame = frame, .name = name, .kind = ControlKind::Button, .label = label};
+}
+
+/// One of the buttons below all.
 constexpr ControlRow formButton(std::string_view name, std::string_view label, ButtonUse use) {
     return {.name = name, .kind = ControlKind::Button, .label = label, .use = use};
 }

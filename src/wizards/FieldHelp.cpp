@@ -7,8 +7,8 @@ namespace klt {
 namespace {
 
 struct Row {
-    /// Or a label.
-    std::string_view tag;
+    /// Or the control's name.
+    std::string_view of;
     std::string_view help;
 };
 
@@ -47,11 +47,53 @@ constexpr std::array kRows = {
     Row{"value(", "What the modifier adds to the cost: points, as 5, or a percentage, as -10%."},
 };
 
-// What a combo is for, by the label in front of it where that is no tag.
-constexpr std::array kCombos = {
-    Row{"Type:", "The type of the skill, as P/A. Its letters say how it is learned and how hard it is."},
-    Row{"Name:", "The name of the stat. Other names than those of the list may be typed."},
-    Row{"", "The @function that is called. What its arguments are stands in front of the fields."},
+constexpr std::string_view kArgument =
+    "An argument of the @function: a number, an item with its prefix, or another @function.";
+
+// What is checked as no tag, by its name.
+constexpr std::array kNamed = {
+    Row{"cmbItemType",
+        "The type of the skill, as P/A. Its letters say how it is learned and how hard it is."},
+    Row{"StatName", "The name of the stat. Other names than those of the list may be typed."},
+    Row{"Combo1", "The @function that is called. What its arguments are stands in front of the fields."},
+    Row{"Text(0)", kArgument},
+    Row{"Text(1)", kArgument},
+    Row{"Text(2)", kArgument},
+    Row{"GivesValue", "How much is given: a number, or an item whose level counts, as SK:Knife."},
+    Row{"GivesTarget", "What gets it: an item with its prefix, as SK:Knife, a stat, or a keyword as Skills."},
+    Row{"MaximumGives", "What the bonus never exceeds: a number, or an item whose level counts."},
+    Row{"ItemType", "What the item is. The line gets the prefix of the type, as SK: of a skill."},
+    Row{"ItemName", "The name of the item, as it is called where it is made."},
+    Row{"FullGroup",
+        "The members of the group, one a line, as SK:Climbing. Ctrl+L puts a line back on its tab."},
+    Row{"BonusItemType", "What the item is on which the bonus depends."},
+    Row{"BonusItemName", "The name of the item on which the bonus depends."},
+    Row{"Evaluation", "How the item's level is compared with the score."},
+    Row{"Score", "The score with which the item's level is compared, as 12."},
+    Row{"FullBonusLine", "When the bonus holds, as SK:Climbing>=12. Preview makes it from the fields."},
+    Row{"BonusAmount", "How much the item gains or loses: a number."},
+    Row{"FullItemLine", "The line as it is added."},
+    Row{"FullBonus", "The bonuses, one a line, as +1 SK:Climbing. Ctrl+L puts a line back on its tab."},
+    Row{"PackName", "The name of the package."},
+    Row{"PackDescription", "What the package is, in free text. It stands behind the name in the header."},
+    Row{"AddItemType",
+        "What the package adds: an item that there is, another package, or a change of an attribute."},
+    Row{"AddLevel", "The level that the item gets, as 12, or the points that go into it."},
+    Row{"AddMods(0)", "The modifiers that the item gets, with .AND. between them."},
+    Row{"AddMods(1)", "The modifiers that the item gets, with .AND. between them."},
+    Row{"CreateItemType", "What the package makes: an item that there was not before."},
+    Row{"CreateLevel", "The level that the new item gets, as 12, or the points that go into it."},
+    Row{"RichTextBox1",
+        "The line of the new item. Create New and Edit Current make it in the item's own wizard."},
+    Row{"FullCreateItem", "The line as it is added."},
+    Row{"Message", "A message that the host shows when the package is chosen, in one line."},
+    Row{"FullMessageLine", "The line as it is added."},
+    Row{"DialogCaption", "The caption of the box in which the host shows the message."},
+    Row{"EMessage", "A message of several lines, which the host shows when the package is chosen."},
+    Row{"FullEMessage", "The line as it is added."},
+    Row{"RaceName", "The race that the character gets."},
+    Row{"FullRaceLine", "The line as it is added."},
+    Row{"FullPackage", "The lines of the package. Ctrl+L puts a line back on its tab."},
 };
 
 constexpr std::string_view kCategoryHelp =
@@ -60,12 +102,12 @@ constexpr std::string_view kCategoryHelp =
 }  // namespace
 
 std::string_view fieldHelp(const ControlRow& row) {
+    const auto named = std::ranges::find(kNamed, row.name, &Row::of);
+    if (named != kNamed.end()) return named->help;
     if (row.kind == ControlKind::CategoryCombo) return kCategoryHelp;
     const auto tag = row.tag.empty() && row.label.ends_with('(') ? row.label : row.tag;
-    const bool isByLabel = tag.empty() && isCombo(row.kind);
-    const std::span<const Row> rows = isByLabel ? std::span<const Row>(kCombos) : kRows;
-    const auto found = std::ranges::find(rows, isByLabel ? row.label : tag, &Row::tag);
-    return found == rows.end() ? std::string_view() : found->help;
+    const auto found = std::ranges::find(kRows, tag, &Row::of);
+    return found == kRows.end() ? std::string_view() : found->help;
 }
 
 }  // namespace klt

@@ -9,9 +9,11 @@ void InsertAid(TextArea& field, std::string_view text, bool isSeparated) {
 
 AidOutcome SyntaxAid(const AidMenu& menu, int position, TextArea& field, const AskFor& askFor) {
     const AidItem* const item = choosableItem(menu, position);
-    if (item == nullptr || item->act == AidAct::Own) return AidOutcome::Nothing;
+    if (item == nullptr) return AidOutcome::Nothing;
     if (item->act == AidAct::OpenFunctions) return AidOutcome::OpensFunctions;
-    if (item->act == AidAct::Insert) {
+    if (item->act == AidAct::OpenMods) return AidOutcome::OpensMods;
+    if (item->act == AidAct::Insert || item->act == AidAct::Append) {
+        if (item->act == AidAct::Append) field.SetSelStart(field.Length());
         InsertAid(field, item->tag, false);
         return AidOutcome::Inserted;
     }

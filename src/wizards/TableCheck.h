@@ -35,6 +35,9 @@ public:
         for (const Effect& row : table_.effects) checkEffect(row);
         for (const CheckRule& row : table_.rules) checkRule(row);
         for (const PlaceRow& row : table_.places) checkPlace(row);
+        checkKind(table_.box, ControlKind::TextBox);
+        require(table_.box.empty() == table_.tabs.empty(), "a box has the tabs that make its lines");
+        for (const LineTab& row : table_.tabs) checkTab(row);
         checkShape(table_.line);
     }
 
@@ -64,6 +67,10 @@ private:
         const bool isAid = row.use == ButtonUse::SyntaxAid || row.use == ButtonUse::GivesWizard;
         require(isAid == !row.field.empty(), "an aid has the field that it fills");
         checkKind(row.field, ControlKind::TextField);
+        for (const auto section : row.sections)
+            require(sectionOf(section) != Section::Other, "a line is coloured as one of a section");
+        require((row.sections.size() > 1) == !row.sectionChosenBy.empty(), "a list chooses among sections");
+        checkKind(row.sectionChosenBy, ControlKind::List);
         require((row.use == ButtonUse::SyntaxAid) == !row.menu.empty(), "Syntax Aid has its menu");
     }
 
@@ -96,7 +103,26 @@ private:
             control(name);
         });
         checkControls(row.focus);
+        checkButtons(row.of);
         checkCondition(row.when);
+    }
+
+    constexpr void checkButtons(Names names) const {
+        forEachName(names, [this](std::string_view name) {
+            const ControlRow& row = control(name);
+            require(row.kind == ControlKind::Button && row.use == ButtonUse::Own,
+                    "a name is one of a button");
+        });
+    }
+
+    constexpr void checkTab(const LineTab& row) const {
+        require(!row.add.empty(), "a tab has the button that adds its line");
+        checkButtons(row.add);
+        checkButtons(row.compose);
+        for (const Names names : {row.source, row.full, row.emptied, row.turnedOff, row.focus})
+            checkControls(names);
+        require(row.source.empty() || (!row.full.empty() && !row.none.empty()),
+                "what is composed at each change stands somewhere, and a line that is none is told");
     }
 
     constexpr void checkPlace(const PlaceRow& row) const {

@@ -38,11 +38,31 @@ void Wizard::click(std::string_view control, int newState) {
 
 void Wizard::applyEffects(Names of, int newState) {
     for (const Effect& effect : table_.effects) {
-        const bool isMeant = holdsName(effect.of, of) &&
-                             (effect.state == kAnyState || effect.state == newState) &&
+        const bool isMeant = holdsName(effect.of, of) && effect.states.hold(newState) &&
                              isCalledFor(effect.modes) && state.holds(effect.when);
         if (isMeant) state.apply(effect);
     }
+}
+
+PressResult Wizard::press(std::string_view, const LineBreakLimits&) {
+    return {};
+}
+
+ChangeResult Wizard::changed(std::string_view) {
+    return {};
+}
+
+void Wizard::attach(TextArea& box) {
+    box_ = &box;
+    box.SetText(state.text(table_.box));
+}
+
+void Wizard::empty(Names controls) {
+    forEachName(controls, [this](std::string_view name) { state.setText(name, ""); });
+}
+
+void Wizard::turnOff(Names controls) {
+    forEachName(controls, [this](std::string_view name) { state.setState(name, kOff); });
 }
 
 bool Wizard::canShow(std::string_view frame) const {
@@ -60,18 +80,20 @@ const PlaceRow* Wizard::place() const {
 }
 
 std::optional<Complaint> Wizard::check() const {
-    return firstFailing(table_.rules);
+    return firstFailing({});
 }
 
-std::optional<Complaint> Wizard::firstFailing(std::span<const CheckRule> rules) const {
-    for (const CheckRule& rule : rules) {
-        if (!isCalledFor(rule.modes) || !state.holds(rule.when)) continue;
+std::optional<Complaint> Wizard::firstFailing(std::string_view button) const {
+    for (const CheckRule& rule : table_.rules) {
+        const bool isMeant = button.empty() ? rule.of.empty() : holdsName(rule.of, button);
+        if (!isMeant || !isCalledFor(rule.modes) || !state.holds(rule.when)) continue;
         const bool isGroup = rule.control.find(' ') != rule.control.npos;
         const bool isMet = anyName(rule.control, [&](std::string_view name) {
             const ControlState& control = state.control(name);
             return isGroup ? control.state == kOn : !control.text.empty();
         });
-        if (!isMet) return Complaint{rule.message, isGroup ? rule.focus : rule.control};
+        if (!isMet)
+            return Complaint{rule.message, isGroup || !rule.focus.empty() ? rule.focus : rule.control};
     }
     return std::nullopt;
 }
@@ -96,16 +118,17 @@ std::unique_ptr<LineTarget> Wizard::target() const {
                                         combo.state);
 }
 
-std::string Wizard::finishedText(const LineBreakLimits& limits) const {
+FinishedText Wizard::finished(const LineBreakLimits& limits) const {
     auto whole = text() + opening_.item.comment;
-    if (!table_.line.isBroken || opening_.mode == OpeningMode::Package) return whole;
+    if (!table_.line.isBroken || opening_.mode == OpeningMode::Package) return {std::move(whole)};
     const PlaceRow* const row = place();
-    return BreakLongLine(whole, row == nullptr ? Section::Other : sectionOf(row->section), limits);
+    return {BreakLongLine(whole, row == nullptr ? Section::Other : sectionOf(row->section), limits)};
 }
 
 DoneResult Wizard::finish(const LineBreakLimits& limits) {
     if (const auto complaint = check()) return {DoneResult::Kind::Refused, *complaint};
-    if (!target()->write({finishedText(limits)})) return {DoneResult::Kind::Refused, {kTextHasChanged}};
+    const auto line = finished(limits);
+    if (!target()->write({line.text, line.styles})) return {DoneResult::Kind::Refused, {kTextHasChanged}};
     if (table_.closesAfterDone || opening_.mode != OpeningMode::Insert) return {DoneResult::Kind::Closes};
     applyEffects(kAfterDone);
     return {DoneResult::Kind::StaysOpen, {}, firstEmptied()};

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "wizards/EditLine.h"
 #include "wizards/LineBreaker.h"
@@ -49,6 +50,42 @@ struct DoneResult {
     bool operator==(const DoneResult&) const = default;
 };
 
+/// A wizard that a button opens over the form, for one line of a section in a field of the form.
+struct ItemCall {
+    Section section = Section::Other;
+    std::string_view field = {};
+    /// Whether it is filled from what the field holds.
+    bool isFilled = false;
+};
+
+/// A message as the host will show it.
+struct MessagePreview {
+    std::string text;
+    std::string title;
+};
+
+/// What the form does after one of its own buttons was pressed, in this order.
+struct PressResult {
+    std::vector<Complaint> complaints = {};
+    std::optional<MessagePreview> preview = {};
+    std::optional<ItemCall> call = {};
+    std::string_view focus = {};
+};
+
+/// What a change of a field by the user brought on.
+struct ChangeResult {
+    /// Whether other fields are to be shown anew.
+    bool isFollowed = false;
+    std::optional<Complaint> complaint = {};
+};
+
+/// What "&Done!" writes.
+struct FinishedText {
+    std::string text = {};
+    /// A style for each byte, where it brings its colours along.
+    std::optional<std::string> styles = {};
+};
+
 /// A wizard without its window: a table, the state of its fields and how it was opened. What is special to a
 /// wizard is overridden.
 class Wizard {
@@ -75,6 +112,17 @@ public:
     /// whatever follows from it.
     virtual void click(std::string_view control, int newState);
 
+    /// A press of one of the form's own buttons; lines that are added are broken by `limits`.
+    virtual PressResult press(std::string_view button, const LineBreakLimits& limits);
+    /// A field whose text, which the state holds already, was changed.
+    virtual ChangeResult changed(std::string_view control);
+
+    /// The box in which lines are collected takes what the state holds for it. It must outlive the wizard.
+    void attach(TextArea& box);
+    /// Puts the line at the caret of that box back on its tab. The tab; null, with nothing changed, where
+    /// none takes it.
+    virtual const LineTab* takeBack() { return nullptr; }
+
     /// Whether the frame is shown, or a click could show it.
     bool canShow(std::string_view frame) const;
 
@@ -88,7 +136,9 @@ public:
     /// Fills the fields from a line. Any text is taken.
     void load(std::string_view line);
     /// The same from the item that is edited.
-    void load() { load(opening_.item.line); }
+    virtual void load() { load(opening_.item.line); }
+    /// Whether lines that were collected are not in the document yet.
+    virtual bool hasUnwritten() const { return false; }
     /// What of the line loaded last the form would not keep; empty where it keeps all.
     const std::string& loss() const { return loss_; }
 
@@ -99,20 +149,26 @@ public:
 protected:
     /// Where the line is written in each mode.
     virtual std::unique_ptr<LineTarget> target() const;
-    /// The first of the rules that fails.
-    std::optional<Complaint> firstFailing(std::span<const CheckRule> rules) const;
+    virtual FinishedText finished(const LineBreakLimits& limits) const;
+    /// The first that fails of the rules that an own button asks; of those of "&Done!" without one.
+    std::optional<Complaint> firstFailing(std::string_view button) const;
     /// Does all that follows from a click on `of` that brought it to `newState`, or from an occasion.
-    void applyEffects(Names of, int newState = kAnyState);
+    void applyEffects(Names of, int newState = kOff);
+    /// Sets texts and states by their names.
+    void empty(Names controls);
+    void turnOff(Names controls);
+    TextArea& box() const { return *box_; }
+    void setLoss(std::string loss) { loss_ = std::move(loss); }
 
 private:
     bool isCalledFor(Modes modes) const { return (modes & static_cast<Modes>(opening_.mode)) != 0; }
-    std::string finishedText(const LineBreakLimits& limits) const;
 
     std::string_view firstEmptied() const;
 
     const WizardTable& table_;
     Opening opening_;
     std::string loss_;
+    TextArea* box_ = nullptr;
 };
 
 /// What a table names that its wizard is made as.

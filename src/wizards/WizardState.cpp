@@ -70,7 +70,7 @@ bool WizardState::holds(const Condition& condition) const {
         case Condition::Asks::IsFrameShown:
             return frame(condition.of).isVisible;
         case Condition::Asks::IsCaption:
-            return frame(condition.of).caption == condition.caption;
+            return frame(condition.of).isVisible && frame(condition.of).caption == condition.caption;
         case Condition::Asks::IsHostOld:
             return isHostOld_;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -25,10 +26,24 @@ using Names = std::string_view;
 /// A control's state in a row: on and off of an option or check, the place of a combo's item from 0.
 inline constexpr int kOff = 0;
 inline constexpr int kOn = 1;
-inline constexpr int kAnyState = -2;
+
+/// Some of the states of a control; of a combo the items from 0 to 30. Without any it stands for all.
+class States {
+public:
+    constexpr States() = default;
+    constexpr States(std::same_as<int> auto... states) : bits_((bitOf(states) | ...)) {}
+    constexpr bool hold(int state) const { return bits_ == 0 || (bits_ & bitOf(state)) != 0; }
+
+private:
+    static constexpr unsigned bitOf(int state) { return 1U << static_cast<unsigned>(state + 1); }
+    unsigned bits_ = 0;
+};
+inline constexpr States kAnyState;
 
 enum class ControlKind : unsigned char {
     TextField,
+    /// Takes any text, unchecked.
+    PlainField,
     /// A box of several lines, as those in which lines are collected.
     TextBox,
     /// Filled from the document; completes what is typed and keeps it.
@@ -75,6 +90,13 @@ struct ControlRow {
     std::string_view behind = {};
     /// What the label in front is called, where it has a name.
     std::string_view labelName = {};
+    /// The section as whose lines its text is coloured; several where a list chooses among them.
+    std::span<const std::string_view> sections = {};
+    std::string_view sectionChosenBy = {};
+    /// Whether it is coloured when it gets the focus, and not at each change.
+    bool isColouredAtFocus = false;
+    /// Whether it takes no typing.
+    bool isReadOnly = false;
 };
 
 /// The label behind a control; empty for none.
@@ -97,6 +119,7 @@ struct Condition {
         StateIs,
         IsEnabled,
         IsFrameShown,
+        /// Of a frame that is shown.
         IsCaption,
         /// Of the host's version, as the wizard was opened with it; `of` names nothing.
         IsHostOld
@@ -157,7 +180,7 @@ constexpr bool isForFrames(Act act) {
 /// further ones.
 struct Effect {
     Names of = {};
-    int state = kAnyState;
+    States states = {};
     Act act = Act::Enable;
     Names on = {};
     std::string_view text = {};
@@ -167,16 +190,18 @@ struct Effect {
 
 inline constexpr std::string_view kInvalidEntry = "Invalid Entry!";
 
-/// One test of "&Done!": that a field holds text (a single blank does), or that one of several options is on.
-/// The first test that fails ends it.
+/// One test of "&Done!" or of a form's own button: that a field holds text (a single blank does), or that one
+/// of several options is on. The first test that fails ends it.
 struct CheckRule {
     /// One field; or several options.
     Names control = {};
     std::string_view message = kInvalidEntry;
     Modes modes = kEveryMode;
     Condition when = {};
-    /// What gets the focus where it is no single field.
+    /// What gets the focus where it is not the field itself.
     std::string_view focus = {};
+    /// The own buttons that ask it; empty for "&Done!".
+    Names of = {};
 };
 
 /// What a control's state reads as in a line. Written is the first row whose control is in that state, unless
@@ -210,6 +235,27 @@ struct ItemShape {
     std::string_view secondField = {};
     /// Whether a line that is too long is broken.
     bool isBroken = true;
+};
+
+/// What one tab makes for the box in which lines are collected.
+struct LineTab {
+    /// The own button that puts the line into the box.
+    std::string_view add = {};
+    /// The own button that composes the line, whose rules ask for it; empty where `add` asks.
+    std::string_view compose = {};
+    /// The field of which each change composes the line, behind its beginning.
+    std::string_view source = {};
+    /// Where the line stands; empty where it goes to the box at once.
+    std::string_view full = {};
+    /// How it begins: a line that is no more than that is none, and what is told then of the source.
+    std::string_view beginning = {};
+    std::string_view none = {};
+    /// What adding empties and turns off, and what has the focus then.
+    Names emptied = {};
+    Names turnedOff = {};
+    std::string_view focus = {};
+    /// Whether a line that is too long is broken.
+    bool isBroken = false;
 };
 
 /// How an item of a section is taken out of the document for its form.
@@ -247,6 +293,9 @@ struct WizardTable {
     std::span<const CheckRule> rules = {};
     std::span<const PlaceRow> places = {};
     ItemShape line = {};
+    /// Where lines are collected, the box and the tabs that make them. In edit mode such a form is not modal.
+    std::string_view box = {};
+    std::span<const LineTab> tabs = {};
     /// Whether it closes in every mode, and not only where it had one line to make.
     bool closesAfterDone = false;
     /// Null where the table says it all.

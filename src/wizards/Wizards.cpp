@@ -2,12 +2,28 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+
+#include "wizards/EditedBlock.h"
 
 namespace klt {
 namespace {
 
-constexpr std::array kWizards = {&kAdWizard,  &kSkillWizard, &kSpellWizard,    &kStatWizard,
-                                 &kModWizard, &kGivesWizard, &kFunctionsWizard};
+constexpr std::array kWizards = {&kAdWizard,    &kSkillWizard,    &kSpellWizard, &kStatWizard,
+                                 &kModWizard,   &kGroupWizard,    &kBonusWizard, &kPackWizard,
+                                 &kGivesWizard, &kFunctionsWizard};
+
+std::optional<EditedItem> takenOut(TextArea& document, Position place, ItemStep step) {
+    switch (step) {
+        case ItemStep::SingleLine:
+            return LoadSingleLine(document, place);
+        case ItemStep::BlockIntoBox:
+            return LoadBlock(document, place);
+        case ItemStep::Package:
+            return LoadPackage(document, place);
+    }
+    return std::nullopt;
+}
 
 }  // namespace
 
@@ -33,9 +49,10 @@ std::unique_ptr<Wizard> wizardOfItem(TextArea& document, AreaLookup lookup, cons
                                      bool isHostOld) {
     const auto [table, place] = wizardOfSection(found.section);
     if (table == nullptr) return nullptr;
-    const std::string subsection(subsectionAbove(document, found.EditLineStart, place->isWholeHeading));
-    auto item = LoadSingleLine(document, found.EditLineStart);
-    auto wizard = makeWizard(*table, {OpeningMode::Edit, std::move(lookup), std::move(item), isHostOld});
+    auto item = takenOut(document, found.EditLineStart, place->step);
+    if (!item) return nullptr;
+    const std::string subsection(subsectionAbove(document, document.SelStart(), place->isWholeHeading));
+    auto wizard = makeWizard(*table, {OpeningMode::Edit, std::move(lookup), std::move(*item), isHostOld});
     wizard->fillCombos(document.Text());
     wizard->SelectSubsection(*place, subsection);
     wizard->load();

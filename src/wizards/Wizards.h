@@ -16,6 +16,9 @@ extern const WizardTable kSkillWizard;
 extern const WizardTable kSpellWizard;
 extern const WizardTable kStatWizard;
 extern const WizardTable kModWizard;
+extern const WizardTable kGroupWizard;
+extern const WizardTable kBonusWizard;
+extern const WizardTable kPackWizard;
 /// One bonus of a "gives(" field.
 extern const WizardTable kGivesWizard;
 /// One call of an @function.
@@ -27,7 +30,7 @@ std::span<const WizardTable* const> allWizards();
 /// The wizard that a menu command opens; null for another command's key.
 const WizardTable* wizardOfCommand(std::string_view key);
 
-/// What edits the items of a section: a wizard and its row of the section. Both null where there is none.
+/// What edits the items of a section: a wizard and its row of the section. Both null for the Author section.
 struct SectionWizard {
     const WizardTable* table = nullptr;
     const PlaceRow* place = nullptr;
@@ -35,7 +38,7 @@ struct SectionWizard {
 SectionWizard wizardOfSection(Section section);
 
 /// The wizard of the item that was found at the caret, filled from it; the item is selected in `document`,
-/// which `lookup` finds later. Null where nothing edits such an item.
+/// which `lookup` finds later. Null where no item stands there: outside the packages of their section.
 std::unique_ptr<Wizard> wizardOfItem(TextArea& document, AreaLookup lookup, const EditLineResult& found,
                                      bool isHostOld = false);
 

@@ -10,52 +10,16 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "forms/WizardForm.h"
 #include "language/EditedLine.h"
 #include "language/LogicalLine.h"
-#include "support/EditorFixture.h"
+#include "support/WizardFixture.h"
 #include "wizards/Wizards.h"
 
 using namespace klt;
 
 namespace {
 
-class WizardFormsTest : public EditorFixture {
-protected:
-    /// Opens the wizard, by default for a new line, lets `work` press keys in it and leaves it.
-    void inWizard(const std::function<void()>& work, const char* command = "I1") {
-        answerNext<WizardForm>([&](WizardForm& form) {
-            form_ = &form;
-            activate(form);
-            work();
-            if (form.isVisible()) key(Qt::Key_Escape);
-            form_ = nullptr;
-        });
-        action(command)->trigger();
-    }
-    /// Offscreen nobody does it, and without it the focus tells nothing.
-    static void activate(QWidget& window) {
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window.isActiveWindow(); }));
-    }
-    void key(Qt::Key which) { QTest::keyClick(form_->focusWidget(), which); }
-    /// Types into the fields one after another, from the one that has the focus; "" leaves a field as it is.
-    void tabThrough(const std::vector<const char*>& texts) {
-        for (const char* const& text : texts) {
-            if (&text != &texts.front()) key(Qt::Key_Tab);
-            QTest::keyClicks(form_->focusWidget(), text);
-        }
-    }
-    template <typename Widget>
-    Widget& the(const char* name) {
-        return *form_->findChild<Widget*>(name);
-    }
-    void choose(const char* option) { QTest::mouseClick(&the<QRadioButton>(option), Qt::LeftButton); }
-    void done() { QTest::mouseClick(&the<QPushButton>("cmdOK"), Qt::LeftButton); }
-    std::string text(const char* field) { return std::string(the<RichTextBox>(field).Text()); }
-
-    WizardForm* form_ = nullptr;
-};
+class WizardFormsTest : public WizardFixture {};
 
 constexpr char kHead[] = "Version=2\r\n[ADS]\r\n<Alpha>\r\nOld, 1\r\n<Mental>\r\nOdd, 2\r\n[MODS]\r\n";
 
@@ -148,7 +112,8 @@ TEST_F(WizardFormsTest, LeaveEveryItemOfAFileAsItIs) {
         const auto before = GetLogicalLine(document.Text(), place);
         const auto kind = classifyLine(before.text, section);
         if (kind == LineKind::SectionHeader) section = sectionOf(before.text);
-        if (kind == LineKind::Item && wizardOfSection(section).table != nullptr) {
+        const PlaceRow* const row = wizardOfSection(section).place;
+        if (kind == LineKind::Item && row != nullptr && row->step == ItemStep::SingleLine) {
             ++items;
             document.SetSelStart(place);
             inWizard(
@@ -318,7 +283,7 @@ TEST_F(WizardFormsTest, TellsWhatIsMissing) {
 }
 
 TEST_F(WizardFormsTest, TellsWhereNoLineCanBeEdited) {
-    RichTextBox& document = *open(file("a.klt", "Version=2\n[Author]\n* x\n[GROUPS]\ny, 1\n")).RichTextBox1;
+    RichTextBox& document = *open(file("a.klt", "Version=2\n[Author]\n* x\n[PACKAGES]\n<y>\n")).RichTextBox1;
     const struct {
         const char* at;
         const char* message;
@@ -326,7 +291,7 @@ TEST_F(WizardFormsTest, TellsWhereNoLineCanBeEdited) {
     } rows[] = {
         {"Version", "This section CANNOT be edited!!!", QMessageBox::Warning},
         {"* x", "Sorry, the Author section", QMessageBox::Information},
-        {"y, 1", "There is no wizard", QMessageBox::Information},
+        {"<y>", "No package stands here", QMessageBox::Information},
     };
     for (const auto& row : rows) {
         document.SetSelStart(document.Find(row.at, 0));

@@ -208,7 +208,8 @@ std::vector<Position> itemPlaces(std::string_view text) {
         if (kind == LineKind::SectionHeader) section = sectionOf(line);
         const auto place = static_cast<Position>(start);
         start += line.size() + 2;
-        if (kind != LineKind::Item || wizardOfSection(section).table == nullptr) continue;
+        const PlaceRow* const row = wizardOfSection(section).place;
+        if (kind != LineKind::Item || row == nullptr || row->step != ItemStep::SingleLine) continue;
         places.push_back(place);
         start = static_cast<size_t>(GetLogicalLine(text, place).range.end);
     }

@@ -44,7 +44,7 @@ TEST(SyntaxAid, DoesWhatTheItemStandsFor) {
         {"Default", 1, "a", "", "", "a"},
         {"Upto", 0, "a", "", "", "a"},
         {"Upto", 13, "a", "", "", "a"},
-        {"PackMods", 1, "a", "", "", "a"},
+        {"PackMods", 1, "^a", "", "", "a .AND. "},
     };
     for (const auto& row : rows) {
         auto text = row.field;

@@ -1,5 +1,6 @@
 #include "app/commands/WizardCommands.h"
 
+#include <QList>
 #include <QPointer>
 #include <memory>
 
@@ -10,13 +11,11 @@
 #include "settings/Catalogue.h"
 #include "settings/Conversions.h"
 #include "ui/MessageBox.h"
+#include "wizards/EditedBlock.h"
 #include "wizards/Wizards.h"
 
 namespace klt {
 namespace {
-
-constexpr std::string_view kNoWizard =
-    "There is no wizard for the lines of this section yet. Please change the line in the text itself.";
 
 /// Any number above 0 stands for a later host, a fraction too.
 bool isHostOld(Store& store) {
@@ -32,14 +31,42 @@ void showCaret(RichTextBox& text) {
     emit text.SelChange();
 }
 
-void show(Editor& editor, RichTextBox& document, std::unique_ptr<Wizard> wizard) {
-    const QPointer<RichTextBox> text(&document);
+/// Gives the text the keyboard again after a wizard.
+void comeBack(Editor& editor, const QPointer<RichTextBox>& text) {
     frmMDIKLTEditor& window = editor.mainWindow();
-    WizardForm(std::move(wizard), editor.aids.services(), &window).exec();
     window.activateWindow();
     window.Timer1().start();
     if (text) showCaret(*text);
     window.updateMenus();
+}
+
+/// The wizards that are open beside the main window.
+QList<WizardForm*> openForms(frmMDIKLTEditor& window) {
+    return window.findChildren<WizardForm*>(Qt::FindDirectChildrenOnly);
+}
+
+/// Brings the wizard of that kind to the front; false where none is open.
+bool bringToFront(frmMDIKLTEditor& window, const WizardTable& table) {
+    for (WizardForm* form : openForms(window)) {
+        if (&form->wizard().table() != &table) continue;
+        form->showNormal();
+        form->raise();
+        form->activateWindow();
+        return true;
+    }
+    return false;
+}
+
+void show(Editor& editor, RichTextBox& document, std::unique_ptr<Wizard> wizard) {
+    const QPointer<RichTextBox> text(&document);
+    auto form = std::make_unique<WizardForm>(std::move(wizard), editor.aids.services(), &editor.mainWindow());
+    if (!form->isModeless()) {
+        form->exec();
+        return comeBack(editor, text);
+    }
+    QObject::connect(form.get(), &QDialog::finished, &editor, [&editor, text] { comeBack(editor, text); });
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form.release()->show();
 }
 
 void tell(Editor& editor, std::string_view message, MessageIcon icon) {
@@ -50,7 +77,7 @@ void tell(Editor& editor, std::string_view message, MessageIcon icon) {
 
 void openWizard(Editor& editor, const WizardTable& table) {
     auto* const document = editor.mainWindow().ActiveForm();
-    if (document == nullptr) return;
+    if (document == nullptr || bringToFront(editor.mainWindow(), table)) return;
     RichTextBox& text = *document->RichTextBox1;
     Opening opening;
     opening.target = lookupOf(text);
@@ -68,6 +95,8 @@ void EditLine(Editor& editor) {
     {
         const RaisedFlag suppress(editor.variables.SuppressCaretUpdate);
         found = EditLine(text);
+        const WizardTable* const table = wizardOfSection(found.section).table;
+        if (table != nullptr && bringToFront(editor.mainWindow(), *table)) return text.Select(start, length);
         wizard = wizardOfItem(text, lookupOf(text), found, isHostOld(editor.store()));
     }
     showCaret(text);
@@ -79,8 +108,16 @@ void EditLine(Editor& editor) {
             return tell(editor, kHeadNotEdited, MessageIcon::Exclamation);
         case EditLineResult::Kind::Item:
             text.Select(start, length);
-            return tell(editor, kNoWizard, MessageIcon::Information);
+            return tell(editor, kNoPackage, MessageIcon::Information);
     }
+}
+
+bool closeForms(frmMDIKLTEditor& window) {
+    for (WizardForm* form : openForms(window)) {
+        if (!form->mayClose()) return false;
+        form->close();
+    }
+    return true;
 }
 
 }  // namespace klt

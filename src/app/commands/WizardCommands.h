@@ -3,14 +3,18 @@
 namespace klt {
 
 class Editor;
+class frmMDIKLTEditor;
 struct WizardTable;
 
-/// Opens a wizard for new lines of the active document, and comes back when it has closed. Nothing happens
-/// without a document.
+/// Opens a wizard for new lines of the active document, and comes back when it has closed. One of its kind
+/// that is open already comes to the front instead. Nothing happens without a document.
 void openWizard(Editor& editor, const WizardTable& table);
 
 /// Opens the item at the active document's caret in its wizard, whose "&Done!" replaces it; comes back when
-/// that has closed. Where there is nothing to edit, or no wizard for it, tells so.
+/// that has closed, or at once where the wizard is not modal. Where nothing can be edited, tells so.
 void EditLine(Editor& editor);
+
+/// Closes the wizards that stand open beside the main window. False where the user keeps one.
+bool closeForms(frmMDIKLTEditor& window);
 
 }  // namespace klt

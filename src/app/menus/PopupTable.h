@@ -65,19 +65,11 @@ inline constexpr auto kMailTo = std::to_array<PopupRow>({
     command("MailTo", "&Mail to"),
 });
 
-inline constexpr auto kMultiItem = std::to_array<PopupRow>({
-    command(commands::kEditLine, "Edit &Line"),
-    command(commands::kSelectAll, "&Select All"),
-    kSeparator,
-    command(commands::kContents, "&Help"),
-});
-
 }  // namespace popups
 
 inline constexpr auto kPopups = std::to_array<PopupTable>({
     {"MainRTFPopup", popups::kMain},
     {"MailToRTFPopup", popups::kMailTo},
-    {"MultiItemRTFPopup", popups::kMultiItem},
 });
 
 }  // namespace klt

@@ -210,6 +210,7 @@ void frmMDIKLTEditor::closeEvent(QCloseEvent* event) {
 }
 
 bool frmMDIKLTEditor::queryUnload() {
+    if (formsCheck_ && !formsCheck_()) return false;
     // Each is asked, whatever has become of the others meanwhile.
     for (auto* form : std::vector(forms_.documents())) {
         if (!forms_.contains(form)) continue;

@@ -38,6 +38,8 @@ public:
     /// The window was closed, and the program is to end.
     bool isUnloaded() const { return unloaded_; }
 
+    /// Asked before any document closes at a shutdown; false stops it.
+    void setFormsCheck(std::function<bool()> check) { formsCheck_ = std::move(check); }
     /// Asked before a changed document closes; true keeps it, and stops a shutdown.
     void setCloseCheck(std::function<bool(frmKLTEditor&)> check) { closeCheck_ = std::move(check); }
 
@@ -102,6 +104,7 @@ private:
     modVariables& variables_;
     Store& store_;
     CommandQueue& queue_;
+    std::function<bool()> formsCheck_;
     std::function<bool(frmKLTEditor&)> closeCheck_;
     OpenForms forms_;
     NoticeBar* notices_;

@@ -1,0 +1,298 @@
+// The wizards that collect lines, in the running program: by keys, beside their document, back from it.
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTabWidget>
+
+#include "language/StyleCategory.h"
+#include "support/WizardFixture.h"
+
+using namespace klt;
+
+namespace {
+
+constexpr char kHead[] =
+    "Version=2\r\n[GROUPS]\r\n<A>\r\nSK:a\r\nSK:b\r\n<B>\r\nSK:a\r\nSK:b\r\n[PACKAGES]\r\n<C>\r\n{P=d}\r\n"
+    "ADD=QU:q\r\nMESSAGE=m\r\n[ADS]\r\n";
+
+class CollectingFormsTest : public WizardFixture {
+protected:
+    /// The end of a program before has told all loops to end.
+    CollectingFormsTest() {
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
+    }
+    /// Opens what stands at `text`, and leaves the form open.
+    WizardForm& edit(std::string_view text) {
+        RichTextBox& document = *active().RichTextBox1;
+        document.SetSelStart(document.Find(text, 0));
+        action("E6")->trigger();
+        form_ = window().findChild<WizardForm*>();
+        if (form_ == nullptr) throw std::logic_error("no form is open");
+        activate(*form_);
+        return *form_;
+    }
+    std::string page() {
+        return the<QTabWidget>("vbTabControl1").currentWidget()->objectName().toStdString();
+    }
+    std::string focus() { return form_->focusWidget()->objectName().toStdString(); }
+    void keys(const char* text) { QTest::keyClicks(form_->focusWidget(), text); }
+    void chord(Qt::Key which, Qt::KeyboardModifier with) {
+        QTest::keyClick(form_->focusWidget(), which, with);
+    }
+    /// Goes on with Tab until that control has the focus.
+    void tabTo(const char* name) {
+        for (int i = 0; i < 40 && focus() != name; ++i) key(Qt::Key_Tab);
+        EXPECT_EQ(focus(), name);
+    }
+};
+
+TEST_F(CollectingFormsTest, AGroupIsCollectedAndWritten) {
+    open(file("a.klt", kHead));
+    inWizard(
+        [&] {
+            keys("New");
+            tabTo("ItemType");
+            keys("S");
+            EXPECT_EQ(the<QComboBox>("ItemType").currentText(), "Skill");
+            tabTo("ItemName");
+            keys("x");
+            tabTo("Command2");
+            key(Qt::Key_Space);
+            EXPECT_EQ(focus(), "ItemName");
+            keys("(y");
+            press("Command2");
+            EXPECT_EQ(text("FullGroup"), "SK:x\r\nSK:(y)");
+            answerMessage(QMessageBox::Ok);
+            press("Command2");
+            EXPECT_EQ(asked.back() + lastTitle, "MUST type a name!" + std::string(kTitle));
+            activate(*form_);
+
+            the<QTabWidget>("vbTabControl1").setCurrentIndex(1);
+            RichTextBox& box = the<RichTextBox>("FullGroup");
+            box.setFocus();
+            EXPECT_NE(box.StyleRuns(), "");
+            key(Qt::Key_Return);
+            EXPECT_EQ(text("FullGroup"), "\r\nSK:x\r\nSK:(y)") << "no press of a button";
+            box.Undo();
+            QTest::keyClick(&box, Qt::Key_L, Qt::ControlModifier);
+            EXPECT_EQ(text("FullGroup") + page() + focus(), "SK:(y)Picture1(0)ItemType");
+            EXPECT_EQ(text("ItemName"), "x");
+            press("Command3");
+            EXPECT_EQ(text("FullGroup") + focus(), "GroupName");
+        },
+        "I6");
+    EXPECT_NE(textOf(active()).find("<B>\r\nSK:a\r\nSK:b\r\n<New>\r\nSK:(y)\r\n\r\n[PACKAGES]"),
+              std::string::npos)
+        << textOf(active());
+}
+
+TEST_F(CollectingFormsTest, ABoxHasItsOwnPopup) {
+    open(file("a.klt", kHead));
+    WizardForm& form = edit("SK:a");
+    the<QTabWidget>("vbTabControl1").setCurrentIndex(1);
+    RichTextBox& box = the<RichTextBox>("FullGroup");
+    QTest::mouseClick(box.viewport(), Qt::RightButton, {}, QPoint(2, 2));
+    auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(popup, nullptr);
+    EXPECT_EQ(popup->objectName(), "MultiItemRTFPopup");
+    QString items;
+    for (const auto* item : popup->actions())
+        items += (item->isSeparator() ? "-" : item->objectName().section('.', 1)) + ' ';
+    EXPECT_EQ(items, "E1 - E2 E3 E4 E5 E6 E7 - H1 ");
+    QTest::keyClick(popup, Qt::Key_L);
+    EXPECT_EQ(text("FullGroup") + text("ItemName"), "SK:ba");
+    form.close();
+}
+
+TEST_F(CollectingFormsTest, APackageIsBuiltByKeysAlone) {
+    SaveSetting(store, kSettingsApplication, "Options", "AutoComplete", "False");
+    open(file("a.klt", "Version=2\r\n[MODS]\r\n"));
+    const auto item = [this](WizardForm& wizard) {
+        WizardForm* const package = std::exchange(form_, &wizard);
+        activate(wizard);
+        EXPECT_FALSE(the<QGroupBox>("fraType").isVisible());
+        keys("Keel");
+        tabTo("rtbItemCost");
+        keys("5");
+        key(Qt::Key_Return);
+        form_ = package;
+    };
+    const auto modifier = [this](WizardForm& wizard) {
+        WizardForm* const package = std::exchange(form_, &wizard);
+        activate(wizard);
+        EXPECT_EQ(wizard.objectName(), "frmModWizard");
+        keys("Mild");
+        tabTo("ModValue");
+        keys("-10%");
+        key(Qt::Key_Return);
+        form_ = package;
+    };
+    inWizard(
+        [&] {
+            keys("Crew");
+            tabTo("PackDescription");
+            keys("Of any boat");
+            tabTo("PackCat");
+            keys("Trades");
+            // The tabs have the keys left and right.
+            for (int i = 0; i < 40 && !form_->focusWidget()->inherits("QTabBar"); ++i) key(Qt::Key_Tab);
+            key(Qt::Key_Right);
+            EXPECT_EQ(page(), "Picture1(1)");
+            tabTo("CreateItemType");
+            keys("A");
+            tabTo("Command6");
+            answerNext<WizardForm>(item);
+            key(Qt::Key_Space);
+            EXPECT_EQ(text("RichTextBox1"), "Keel, 5");
+            activate(*form_);
+            form_->field("AddMods(1)").setFocus();
+            tabTo("Command5(1)");
+            answerNext<WizardForm>(modifier);
+            QTimer::singleShot(0, form_,
+                               [] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_W); });
+            key(Qt::Key_Space);
+            EXPECT_EQ(text("AddMods(1)"), "Mild, -10%");
+            activate(*form_);
+            tabTo("Command10");
+            key(Qt::Key_Space);
+            EXPECT_EQ(text("FullPackage"), "CREATE=AD:Keel, 5 .WITH. Mild, -10%");
+            EXPECT_EQ(text("FullCreateItem") + focus(), "CREATE=Command10");
+
+            form_->field("Message").setFocus();
+            the<QTabWidget>("vbTabControl1").setCurrentIndex(2);
+            tabTo("Message");
+            keys("Hello :-)");
+            EXPECT_EQ(text("FullMessageLine"), "MESSAGE=Hello :-)");
+            answerMessage(QMessageBox::Ok);
+            press("Command12");
+            EXPECT_EQ(asked.back() + '|' + lastTitle, "Hello :-)|Crew");
+            EXPECT_EQ(lastIcon, QMessageBox::Information);
+            press("Command13");
+            press("Command3");
+        },
+        "I9");
+    EXPECT_TRUE(
+        textOf(active()).ends_with("[Packages]\r\n\r\n\r\n<Trades>\r\n{Crew=Of any boat}\r\n"
+                                   "CREATE=AD:Keel, 5 .WITH. Mild, -10%\r\nMESSAGE=Hello :-)\r\n"))
+        << textOf(active());
+    const RichTextBox& document = *active().RichTextBox1;
+    EXPECT_NE(document.StyleAt(static_cast<Position>(document.Text().find("CREATE="))), 0)
+        << "colours come along";
+}
+
+TEST_F(CollectingFormsTest, ComplaintsShowTheirTab) {
+    open(file("a.klt", kHead));
+    inWizard(
+        [&] {
+            the<QTabWidget>("vbTabControl1").setCurrentIndex(4);
+            answerMessage(QMessageBox::Ok);
+            press("Command3");
+            EXPECT_EQ(asked.back() + page() + focus(),
+                      "You must create a Package first!Picture1(5)FullPackage");
+            EXPECT_FALSE(the<QGroupBox>("Frame14").isVisibleTo(form_) ||
+                         the<QGroupBox>("Frame13").isVisibleTo(form_));
+            QTest::keyClicks(&the<RichTextBox>("FullItemLine"), "x");
+            EXPECT_EQ(text("FullItemLine"), "ADD=") << "it takes no typing";
+        },
+        "I9");
+}
+
+TEST_F(CollectingFormsTest, EditsBesideItsDocument) {
+    open(file("a.klt", kHead));
+    RichTextBox& document = *active().RichTextBox1;
+    const QPointer<WizardForm> form = &edit("SK:b");
+    EXPECT_FALSE(form->isModal());
+    EXPECT_EQ(document.SelText(), "SK:a\r\nSK:b");
+    document.Select(11, 0);
+    document.SetSelText("* a comment\r\n");
+    form->field("FullGroup").SetText("PO:c");
+    press("Command3");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form == nullptr; }));
+    std::string expected = kHead;
+    expected.replace(expected.find("SK:a\r\nSK:b"), 10, "PO:c").insert(11, "* a comment\r\n");
+    EXPECT_EQ(textOf(active()), expected) << "the first of two equal blocks, which has moved";
+    document.Undo();
+    EXPECT_NE(textOf(active()).find("<A>\r\nSK:a\r\nSK:b"), std::string::npos) << "it is one step";
+}
+
+TEST_F(CollectingFormsTest, RefusesWhatHasChangedUnderIt) {
+    open(file("a.klt", kHead));
+    RichTextBox& document = *active().RichTextBox1;
+    WizardForm& form = edit("ADD=QU:q");
+    EXPECT_FALSE(the<QComboBox>("PackCat").isVisible());
+    EXPECT_EQ(text("PackName") + text("PackDescription"), "Pd");
+    document.SetSelStart(document.Find("QU:q", 0) + 3);
+    document.SetSelText("x");
+    form.field("FullPackage").SetText("MESSAGE=n");
+    for (int tries = 0; tries < 2; ++tries) {
+        const std::string before = textOf(active());
+        answerMessage(QMessageBox::Ok);
+        press("Command3");
+        EXPECT_TRUE(asked.back().find("has changed") != std::string::npos) << asked.back();
+        EXPECT_EQ(text("FullPackage"), "MESSAGE=n");
+        EXPECT_EQ(textOf(active()), before);
+        openNew();
+    }
+    form.close();
+}
+
+TEST_F(CollectingFormsTest, OneOfAKindStandsOpen) {
+    open(file("a.klt", kHead));
+    WizardForm& form = edit("SK:b");
+    RichTextBox& document = *active().RichTextBox1;
+    document.SetSelStart(document.Find("<B>", 0));
+    for (const char* command : {"E6", "I6"}) {
+        activate(window());
+        action(command)->trigger();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.isActiveWindow(); })) << command;
+        EXPECT_EQ(window().findChildren<WizardForm*>().size(), 1);
+        EXPECT_EQ(document.SelStart(), document.Find("<B>", 0));
+        document.SetSelStart(document.SelStart());
+    }
+    form.close();
+    letEventsRun();
+    EXPECT_EQ(window().findChildren<WizardForm*>().size(), 0);
+}
+
+constexpr char kNotWritten[] = "The lines of the Group Wizard have not been written!\nSave changes?";
+
+TEST_F(CollectingFormsTest, TheEndOfTheProgramAsksForLinesNotWritten) {
+    auto& document = open(file("a.klt", kHead));
+    edit("SK:b").field("FullGroup").SetText("PO:c");
+    answerMessage(QMessageBox::Cancel);
+    window().close();
+    EXPECT_EQ(asked.back(), kNotWritten);
+    EXPECT_FALSE(window().isUnloaded());
+    EXPECT_EQ(textOf(document) + text("FullGroup"), std::string(kHead) + "PO:c");
+    answerMessage(QMessageBox::No);
+    window().close();
+    EXPECT_TRUE(window().isUnloaded());
+    EXPECT_EQ(asked.size(), 2) << "the document was not changed";
+}
+
+TEST_F(CollectingFormsTest, TheEndOfTheProgramWritesThem) {
+    const auto path = file("a.klt", kHead);
+    open(path);
+    edit("SK:b").field("FullGroup").SetText("PO:c");
+    answerMessage(QMessageBox::Yes);
+    answerMessage(QMessageBox::Yes);
+    window().close();
+    EXPECT_EQ(asked.front(), kNotWritten);
+    EXPECT_EQ(asked.back(), "The data file a.klt has been changed!\nSave changes?");
+    EXPECT_TRUE(window().isUnloaded());
+    EXPECT_NE(readBytes(path).find("<A>\r\nPO:c\r\n<B>"), std::string::npos);
+}
+
+TEST_F(CollectingFormsTest, TheEndOfTheProgramAsksNothingWhereNothingWasChanged) {
+    open(file("a.klt", kHead));
+    edit("SK:b");
+    window().close();
+    EXPECT_TRUE(window().isUnloaded());
+}
+
+}  // namespace

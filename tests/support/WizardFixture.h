@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/WizardForm.h"
+#include "support/EditorFixture.h"
+
+namespace klt {
+
+/// Wizards in the running program.
+class WizardFixture : public EditorFixture {
+protected:
+    /// Opens the wizard, by default for a new line, lets `work` press keys in it and leaves it.
+    void inWizard(const std::function<void()>& work, const char* command = "I1") {
+        answerNext<WizardForm>([&](WizardForm& form) {
+            form_ = &form;
+            activate(form);
+            work();
+            if (form.isVisible()) key(Qt::Key_Escape);
+            form_ = nullptr;
+        });
+        action(command)->trigger();
+    }
+    /// Offscreen nobody does it, and without it the focus tells nothing.
+    static void activate(QWidget& window) {
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.isActiveWindow(); }));
+    }
+    void key(Qt::Key which) { QTest::keyClick(form_->focusWidget(), which); }
+    /// Types into the fields one after another, from the one that has the focus; "" leaves a field as it is.
+    void tabThrough(const std::vector<const char*>& texts) {
+        for (const char* const& text : texts) {
+            if (&text != &texts.front()) key(Qt::Key_Tab);
+            QTest::keyClicks(form_->focusWidget(), text);
+        }
+    }
+    template <typename Widget>
+    Widget& the(const char* name) {
+        return *form_->findChild<Widget*>(name);
+    }
+    void press(const char* button) { QTest::mouseClick(&the<QAbstractButton>(button), Qt::LeftButton); }
+    void choose(const char* option) { press(option); }
+    void done() { press("cmdOK"); }
+    std::string text(const char* field) { return std::string(the<RichTextBox>(field).Text()); }
+
+    WizardForm* form_ = nullptr;
+};
+
+}  // namespace klt

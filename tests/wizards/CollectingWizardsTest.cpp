@@ -1,0 +1,471 @@
+// Groups, bonuses and packages: lines made on tabs, collected in a box, written as a block and taken back.
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <random>
+#include <sstream>
+
+#include "support/MemoryTextArea.h"
+#include "wizards/LineLoss.h"
+#include "wizards/Wizards.h"
+
+using namespace klt;
+
+namespace {
+
+/// A wizard with its box. What is done to it stands in words: "name=text" types, "name" clicks or presses,
+/// "name#n" chooses an item.
+struct Form {
+    explicit Form(std::unique_ptr<Wizard> made) : wizard(std::move(made)) { wizard->attach(box); }
+    Form(const WizardTable& table, MemoryTextArea& document)
+        : Form(makeWizard(table, {.target = [&document] { return &document; }})) {}
+
+    /// What the last press came to.
+    PressResult work(const std::vector<std::string>& steps) {
+        PressResult result;
+        for (const auto& step : steps) {
+            const auto equals = step.find('='), hash = step.find('#');
+            if (equals != step.npos) {
+                const auto name = step.substr(0, equals);
+                wizard->state.setText(name, step.substr(equals + 1));
+                wizard->changed(name);
+            } else if (hash != step.npos) {
+                wizard->click(step.substr(0, hash), std::stoi(step.substr(hash + 1)));
+            } else if (isButton(step)) {
+                result = wizard->press(step, {.maximum = 40, .tolerance = 5});
+            } else {
+                wizard->click(step, kOn);
+            }
+        }
+        return result;
+    }
+    /// Puts the caret into the first line that holds the text, and takes that back.
+    bool takeBack(std::string_view text) {
+        box.SetSelStart(static_cast<Position>(box.Text().find(text)));
+        return wizard->takeBack() != nullptr;
+    }
+    bool isButton(std::string_view name) const {
+        const auto controls = wizard->table().controls;
+        return std::ranges::find(controls, name, &ControlRow::name)->kind == ControlKind::Button;
+    }
+
+    MemoryTextArea box;
+    std::unique_ptr<Wizard> wizard;
+};
+
+std::string told(const PressResult& result) {
+    std::string all;
+    for (const auto& [message, focus] : result.complaints)
+        all.append(message).append("@").append(focus).append("|");
+    return all;
+}
+
+struct Adding {
+    const char* name;
+    std::vector<std::string> steps;
+    /// What stands in the box then, or what is told.
+    const char *box, *told = "";
+    const char* focus = "";
+};
+
+void expectEach(const WizardTable& table, const std::vector<Adding>& rows) {
+    for (const auto& row : rows) {
+        MemoryTextArea document;
+        Form form(table, document);
+        const auto result = form.work(row.steps);
+        EXPECT_EQ(form.box.Text(), row.box) << row.name;
+        EXPECT_EQ(told(result), row.told) << row.name;
+        EXPECT_EQ(result.focus, row.focus) << row.name;
+    }
+}
+
+TEST(GroupWizard, AddsMembers) {
+    expectEach(kGroupWizard, {
+                                 {"no type", {"ItemName=a", "Command2"}, "", "Invalid Entry!@ItemType|"},
+                                 {"no name", {"ItemType#4", "Command2"}, "", "MUST type a name!@ItemName|"},
+                                 {"two, the type stays",
+                                  {"ItemType#4", "ItemName=a", "Command2", "ItemName=b", "Command2"},
+                                  "SK:a\r\nSK:b",
+                                  "",
+                                  "ItemName"},
+                             });
+    MemoryTextArea document;
+    Form form(kGroupWizard, document);
+    form.box.SetText("by hand\r\n");
+    form.wizard->state.setText("FullGroup", form.box.Text());
+    form.work({"ItemType#0", "ItemName=a", "Command2"});
+    EXPECT_EQ(form.box.Text(), "by hand\r\nAD:a") << "without a blank line between";
+    form.box.Undo();
+    EXPECT_EQ(form.box.Text(), "by hand\r\n");
+}
+
+TEST(BonusWizard, ComposesHeadingAndLines) {
+    const std::vector<std::string> whole = {"Penalty", "BonusAmount=2", "ItemType#9", "ItemName=Strength"};
+    const auto with = [&whole](std::vector<std::string> more) {
+        more.insert(more.begin(), whole.begin(), whole.end());
+        return more;
+    };
+    expectEach(
+        kBonusWizard,
+        {
+            {"no sign", {"Command1"}, "", "MUST choose whether it is a bonus or a penalty!@Bonus|"},
+            {"no amount", {"Bonus", "Command1"}, "", "MUST enter a value!@BonusAmount|"},
+            {"half a number", {"Bonus", "BonusAmount=-", "Command1"}, "", "Must be a number!@BonusAmount|"},
+            {"no type", {"Bonus", "BonusAmount=.5", "Command1"}, "", "MUST select an Item Type!@ItemType|"},
+            {"no name",
+             {"Bonus", "BonusAmount=1", "ItemType#0", "Command1"},
+             "",
+             "MUST type a name!@ItemName|"},
+            {"nothing at all",
+             {"Command2"},
+             "",
+             "MUST choose whether it is a bonus or a penalty!@Bonus|MUST create the item "
+             "first!@FullItemLine|"},
+            {"a stat", with({"Command2"}), "-2 Strength", "", "ItemName"},
+            {"a sign of its own",
+             {"Bonus", "BonusAmount=-3", "ItemType#1", "ItemName=x", "Command2"},
+             "+-3 DI:x",
+             "",
+             "ItemName"},
+            {"an earlier preview passes", with({"Command1", "ItemName=", "Command2"}), "-2 Strength",
+             "MUST type a name!@ItemName|", "ItemName"},
+            {"no type of the heading", {"Command6"}, "", "MUST choose a type for the bonus!@BonusItemType|"},
+            {"no evaluation",
+             {"BonusItemType#0", "BonusItemName=x", "Command6"},
+             "",
+             "Invalid Entry!@Evaluation|"},
+        });
+    MemoryTextArea document;
+    Form form(kBonusWizard, document);
+    form.wizard->fillCombos("[BONUS]\r\n<SK:A>=12>\r\n<ST>=120>\r\n");
+    form.work({"BonusItemType#5", "BonusItemName=st", "Evaluation#0", "Score=12", "Command6"});
+    EXPECT_EQ(form.wizard->state.text("FullBonusLine"), "st>=12") << "the beginning of another is none";
+    EXPECT_EQ(form.wizard->state.control("FullBonusLine").state, 1);
+    form.work({"Score=120", "Command6"});
+    EXPECT_EQ(form.wizard->state.text("FullBonusLine"), "ST>=120") << "an equal one is it";
+}
+
+TEST(BonusWizard, TakesNumbersAsTheyAreTyped) {
+    for (const auto& [text, passes] : std::vector<std::pair<std::string, bool>>{{"", true},
+                                                                                {"+", true},
+                                                                                {"-1.", true},
+                                                                                {".5", true},
+                                                                                {"x", false},
+                                                                                {"1-", false},
+                                                                                {"1.2.3", false}}) {
+        MemoryTextArea document;
+        Form form(kBonusWizard, document);
+        form.wizard->state.setText("BonusAmount", text);
+        const auto result = form.wizard->changed("BonusAmount");
+        EXPECT_EQ(result.complaint.has_value(), !passes) << text;
+        EXPECT_EQ(form.wizard->state.text("BonusAmount"), passes ? text : "");
+    }
+}
+
+TEST(PackageWizard, ComposesAndAddsLines) {
+    const auto add = [](const char* name, std::vector<std::string> steps, const char* line) {
+        steps.emplace_back("Command9");
+        return Adding{name, std::move(steps), line, "", "Command9"};
+    };
+    const auto create = [](const char* name, std::vector<std::string> steps, const char* line) {
+        steps.emplace_back("Command10");
+        return Adding{name, std::move(steps), line, "", "Command10"};
+    };
+    expectEach(
+        kPackWizard,
+        {
+            add("points", {"AddItemType#4", "ItemName=Name", "AddLevel=12", "Check1"},
+                "ADD=SK:Name .AT. 12pts"),
+            add("level and modifiers", {"AddItemType#0", "ItemName=Name", "AddLevel=2", "AddMods(0)=mod"},
+                "ADD=AD:Name .AT. 2 .WITH. mod"),
+            add("modifiers", {"AddItemType#2", "ItemName=Name", "AddMods(0)=mod"}, "ADD=PO:Name .WITH. mod"),
+            add("a package loses what it can't have",
+                {"AddItemType#0", "AddLevel=2", "Check1", "AddMods(0)=m", "AddItemType#6", "ItemName=P"},
+                "ADD=PA:P"),
+            add("adjusted", {"AddItemType#7", "AddLevel=1", "AtrDX"}, "ADD=DXAdj .AT. 1"),
+            add("increased", {"AddItemType#8", "AddLevel=1", "AtrHT"}, "ADD=HT .AT. 1"),
+            add("broken",
+                {"AddItemType#0", "ItemName=A long name, and more of it, (a, b)", "AddMods(0)=mod, -10%"},
+                "ADD=AD:A long name, and more of it,\r\n\t(a, b) .WITH. mod, -10%"),
+            create("a stat without a level", {"CreateItemType#6", "RichTextBox1=S, step(1)"},
+                   "CREATE=ST:S, step(1)"),
+            create("a quirk loses its level",
+                   {"CreateItemType#4", "CreateLevel=1", "CreateItemType#3", "RichTextBox1=Q, -1"},
+                   "CREATE=QU:Q, -1"),
+            {"a message", {"Message=hi", "Command13"}, "MESSAGE=hi", "", "Command13"},
+            {"a race", {"RaceName=Elf", "Command11"}, "ADD=Race .AT. Elf", "", "Command11"},
+            {"lines of a message",
+             {"DialogCaption=Cap", "EMessage=one\r\ntwo\r\nthree\r\n", "Command14"},
+             "EMESSAGE=Cap .WITH. one ~P two ~P three",
+             "",
+             "Command14"},
+            {"no type", {"Command9"}, "", "MUST select an Item Type!@AddItemType|"},
+            {"no name", {"AddItemType#0", "Command9"}, "", "MUST select an Item Name!@ItemName|"},
+            {"no level", {"AddItemType#5", "ItemName=x", "Command9"}, "", "MUST select a level!@AddLevel|"},
+            {"a caption counts only where it shows",
+             {"AddItemType#5", "AddItemType#3", "ItemName=x", "Command9"},
+             "ADD=QU:x",
+             "",
+             "Command9"},
+            {"no attribute",
+             {"AddItemType#7", "AddLevel=1", "Command9"},
+             "",
+             "MUST select an Attribute!@AddItemType|"},
+            {"what was composed earlier is not added",
+             {"AddItemType#3", "ItemName=x", "Command7", "ItemName=", "Command9"},
+             "",
+             "MUST select an Item Name!@ItemName|"},
+            {"no item", {"Command10"}, "", "MUST create item first!@Command6|"},
+            {"no type of the item",
+             {"RichTextBox1=x", "Command10"},
+             "",
+             "MUST select an Item Type!@CreateItemType|"},
+            {"no level of the item",
+             {"RichTextBox1=x", "CreateItemType#4", "Command10"},
+             "",
+             "Invalid Entry!@CreateLevel|"},
+            {"no type to create", {"Command6"}, "", "MUST select an Item Type!@CreateItemType|"},
+            {"no message", {"Command13"}, "", "Invalid Message!@Message|"},
+            {"no race", {"Command11"}, "", "Invalid Race!@RaceName|"},
+            {"no caption", {"Command14"}, "", "Invalid caption!@DialogCaption|"},
+            {"no text to preview", {"DialogCaption=x", "Command15"}, "", "Invalid message!@EMessage|"},
+            {"no name to preview under", {"Command12"}, "", "MUST enter a name for the package!@PackName|"},
+            {"nothing to preview", {"PackName=x", "Command12"}, "", "Invalid Message!@Message|"},
+        });
+}
+
+TEST(PackageWizard, AsksForPreviewsAndItems) {
+    MemoryTextArea document;
+    Form form(kPackWizard, document);
+    auto preview = form.work({"PackName=P", "Message=hi", "Command12"}).preview;
+    ASSERT_TRUE(preview.has_value());
+    EXPECT_EQ(preview->text + '|' + preview->title, "hi|P");
+    preview = form.work({"DialogCaption=Cap", "EMessage=a\r\nb", "Command15"}).preview;
+    ASSERT_TRUE(preview.has_value());
+    EXPECT_EQ(preview->text + '|' + preview->title, "a\r\nb|Cap");
+    EXPECT_EQ(form.wizard->state.text("FullEMessage"), "EMESSAGE=Cap .WITH. a ~P b");
+    const auto call = form.work({"CreateItemType#5", "Command1"}).call;
+    ASSERT_TRUE(call.has_value());
+    EXPECT_TRUE(call->section == Section::Spells && call->field == "RichTextBox1" && call->isFilled);
+    EXPECT_FALSE(form.work({"Command6"}).call->isFilled);
+}
+
+TEST(CollectingWizards, PutALineBackOnItsTab) {
+    const struct {
+        const WizardTable& table;
+        const char* line;
+        /// What adds it again; null where no tab takes it.
+        const char* button;
+        std::vector<std::pair<const char*, const char*>> fields = {};
+    } rows[] = {
+        {kGroupWizard, "sk:a: b", "Command2", {{"ItemType", "Skill"}, {"ItemName", "a: b"}}},
+        {kGroupWizard, "no colon", nullptr},
+        {kBonusWizard,
+         " +1 GR:Rope Work",
+         "Command2",
+         {{"BonusAmount", "1"}, {"ItemType", "Group"}, {"ItemName", "Rope Work"}}},
+        {kBonusWizard,
+         "-2 Hit Points",
+         "Command2",
+         {{"BonusAmount", "2"}, {"ItemType", "Stat"}, {"ItemName", "Hit Points"}}},
+        {kBonusWizard, "x +1 AD:y", nullptr},
+        {kBonusWizard, "+1", nullptr},
+        {kPackWizard, "ADD=SK:Name .AT. 12PTS", "Command9", {{"ItemName", "Name"}, {"AddLevel", "12"}}},
+        {kPackWizard,
+         "add=powers:Lamp .with. Needs Salt",
+         "Command9",
+         {{"AddItemType", "Power"}, {"AddMods(0)", "Needs Salt"}}},
+        {kPackWizard, "ADD=SK:Scripts", nullptr},
+        {kPackWizard, "ADD=QU:Scripts", "Command9", {{"ItemName", "Scripts"}}},
+        {kPackWizard,
+         "ADD=STAdj .AT. 1",
+         "Command9",
+         {{"AddItemType", "Attribute Adjust"}, {"AddLevel", "1"}}},
+        {kPackWizard, "ADD=AdjST .AT. 1", nullptr},
+        {kPackWizard, "ADD=race .at. Elf", "Command11", {{"RaceName", "Elf"}}},
+        {kPackWizard, "ADD=Racer .AT. 1", nullptr},
+        {kPackWizard,
+         "CREATE=AD:A, 10,\r\n\tnotes(b) .AT. 1 .WITH. m",
+         "Command10",
+         {{"RichTextBox1", "A, 10, notes(b)"}, {"CreateLevel", "1"}, {"AddMods(1)", "m"}}},
+        {kPackWizard,
+         "CREATE=STAT:Glow, step(1) .AT. 3",
+         "Command10",
+         {{"CreateItemType", "Stat"}, {"CreateLevel", "3"}}},
+        {kPackWizard, "MESSAGE=hi = ho", "Command13", {{"Message", "hi = ho"}}},
+        {kPackWizard,
+         "EMESSAGE=Cap .WITH. a ~P b~Pc",
+         "Command14",
+         {{"DialogCaption", "Cap"}, {"EMessage", "a\r\nb\r\nc"}}},
+        {kPackWizard, "EMESSAGE=no text", nullptr},
+        {kPackWizard, "OTHER=x", nullptr},
+        {kPackWizard, "* a comment", nullptr},
+    };
+    for (const auto& row : rows) {
+        MemoryTextArea document;
+        Form form(row.table, document);
+        form.box.SetText("first\r\n" + std::string(row.line) + "\r\nlast");
+        form.work({"ItemName=old"});
+        EXPECT_EQ(form.takeBack(row.line), row.button != nullptr) << row.line;
+        if (row.button == nullptr) {
+            EXPECT_EQ(form.box.Text(), "first\r\n" + std::string(row.line) + "\r\nlast");
+            EXPECT_EQ(form.wizard->state.text("ItemName"), "old") << "nothing is changed";
+            continue;
+        }
+        EXPECT_EQ(form.box.Text(), "first\r\nlast");
+        EXPECT_EQ(form.box.SelStart(), 7) << "at the start of what was taken";
+        for (const auto& [name, text] : row.fields)
+            EXPECT_EQ(form.wizard->state.text(name), text) << row.line;
+        EXPECT_EQ(told(form.work({row.button})), "");
+        EXPECT_TRUE(form.box.Text().starts_with("first\r\nlast\r\n")) << form.box.Text();
+    }
+}
+
+/// The wizard that Edit Line opens at `place`.
+std::unique_ptr<Wizard> edited(MemoryTextArea& document, Position place) {
+    document.SetSelStart(place);
+    const auto found = EditLine(document);
+    return wizardOfItem(
+        document, [&document] { return &document; }, found);
+}
+
+std::string squeezed(std::string_view text) {
+    std::string rest;
+    for (const char c : text)
+        if (std::string_view(" \t\r\n_").find(c) == std::string_view::npos) rest += c;
+    return rest;
+}
+
+/// Edits what stands at each line of those sections, writes it back at once, and looks at what was changed.
+int expectUntouched(const MemoryTextArea& original) {
+    int blocks = 0;
+    for (Position line = 0; line < original.LineCount(); ++line) {
+        MemoryTextArea document(original.Text());
+        document.SetSelStart(original.LineIndex(line));
+        const auto section = EditLine(document).section;
+        const auto* const place = wizardOfSection(section).place;
+        if (place == nullptr || place->step == ItemStep::SingleLine) continue;
+        auto wizard = edited(document, original.LineIndex(line));
+        if (wizard == nullptr || wizard->opening().item.block.empty()) continue;
+        ++blocks;
+        const Position start = document.SelStart(), behind = document.Length() - start - document.SelLength();
+        const auto old = document.SelText();
+        Form form(std::move(wizard));
+        EXPECT_EQ(form.wizard->loss(), "");
+        EXPECT_FALSE(form.wizard->hasUnwritten());
+        EXPECT_EQ(form.wizard->finish({}).kind, DoneResult::Kind::Closes);
+        EXPECT_EQ(document.Slice(0, start), original.Slice(0, start));
+        EXPECT_EQ(document.Slice(document.Length() - behind, document.Length()),
+                  original.Slice(original.Length() - behind, original.Length()));
+        EXPECT_EQ(squeezed(document.Slice(start, document.Length() - behind)), squeezed(old));
+    }
+    return blocks;
+}
+
+TEST(CollectingWizards, LeaveABlockOfAFileAsItIs) {
+    for (const auto& [name, blocks] : std::vector<std::pair<std::string, int>>{
+             {"harbor", 80}, {"coast", 0}, {"errors", 0}, {"inland", 0}, {"legacy", 0}, {"case", 0}}) {
+        std::ifstream file(KLT_TEST_DATA "/golden/" + name + ".klt", std::ios::binary);
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        EXPECT_GE(expectUntouched(MemoryTextArea(bytes.str())), blocks) << name;
+    }
+}
+
+TEST(CollectingWizards, WriteWhereTheirHeadingIs) {
+    const struct {
+        const WizardTable& table;
+        std::vector<std::string> steps;
+        const char *before, *after;
+    } rows[] = {
+        {kGroupWizard,
+         {"GroupName=B", "ItemType#0", "ItemName=x", "Command2"},
+         "[GROUPS]\r\n<A>\r\n<B>\r\nSK:y\r\n",
+         "[GROUPS]\r\n<A>\r\n<B>\r\nAD:x\r\nSK:y\r\n"},
+        {kBonusWizard,
+         {"FullBonusLine=ST>=1", "Bonus", "BonusAmount=1", "ItemType#4", "ItemName=x", "Command2"},
+         "",
+         "[Bonus]\r\n\r\n\r\n<ST>=1>\r\n+1 SK:x\r\n"},
+        {kPackWizard,
+         {"PackName=P", "PackDescription=d=e", "PackCat=C", "RaceName=x", "Command11"},
+         "",
+         "[Packages]\r\n\r\n\r\n<C>\r\n{P=d=e}\r\nADD=Race .AT. x\r\n"},
+        {kPackWizard,
+         {"PackName=P", "PackCat=C", "Message=x", "Command13"},
+         "",
+         "[Packages]\r\n\r\n\r\n<C>\r\n{P}\r\nMESSAGE=x\r\n"},
+    };
+    for (const auto& row : rows) {
+        MemoryTextArea document(row.before);
+        Form form(row.table, document);
+        form.wizard->fillCombos(document.Text());
+        const auto rules = form.wizard->check();
+        EXPECT_TRUE(rules.has_value());
+        form.work(row.steps);
+        form.box.ColourRun(0, 3, 7);
+        const auto first = std::string(form.box.Text().substr(0, 3));
+        EXPECT_EQ(form.wizard->finish({}).kind, DoneResult::Kind::StaysOpen);
+        EXPECT_EQ(document.Text(), row.after);
+        EXPECT_EQ(document.StyleAt(static_cast<Position>(document.Text().find(first))), 7)
+            << "its colours come along";
+        EXPECT_EQ(form.wizard->text(), "");
+        EXPECT_EQ(form.wizard->state.text(row.table.places[0].combo).empty(), false) << "the heading stays";
+    }
+}
+
+TEST(PackageWizard, EditsItsHeader) {
+    MemoryTextArea document("[PACKAGES]\r\n{P=a=b} // c\r\nMESSAGE=x\r\n{Q=}\r\nMESSAGE=y\r\n<A>");
+    Form form(edited(document, 14));
+    EXPECT_EQ(form.wizard->state.text("PackName") + '|' + form.wizard->state.text("PackDescription"),
+              "P|a=b");
+    form.work({"PackName=N", "PackDescription="});
+    EXPECT_TRUE(form.wizard->hasUnwritten());
+    EXPECT_EQ(form.wizard->finish({}).kind, DoneResult::Kind::Closes);
+    EXPECT_EQ(document.Text(), "[PACKAGES]\r\n{N} // c\r\nMESSAGE=x\r\n{Q=}\r\nMESSAGE=y\r\n<A>");
+    EXPECT_EQ(edited(document, document.Length() - 8)->loss(), "") << "a sign that says nothing";
+}
+
+/// A line of a package, of words that mean something to it.
+class RandomLines {
+public:
+    std::string line() {
+        constexpr const char* kStarts[] = {"ADD=SK:",        "ADD=AD:",    "ADD=PA:",    "ADD=ST",
+                                           "ADD=Race .AT. ", "CREATE=QU:", "CREATE=ST:", "MESSAGE=",
+                                           "EMESSAGE=",      "* ",         "+1 "};
+        constexpr const char* kWords[] = {" .AT. ", " .WITH. ", "pts",     " ~P ", "Adj",
+                                          "a (b)",  "c, d",     "grün",    "=",    "12",
+                                          ":",      ",\r\n\t",  "_\r\n\t", "//",   "\"q\""};
+        std::string text = kStarts[random_() % std::size(kStarts)];
+        for (auto left = random_() % 6; left > 0; --left) text += kWords[random_() % std::size(kWords)];
+        return text;
+    }
+
+private:
+    std::mt19937 random_{1};
+};
+
+TEST(PackageWizard, LosesNoLineOnTheWayBack) {
+    RandomLines random;
+    int taken = 0;
+    for (int run = 0; run < 3'000; ++run) {
+        MemoryTextArea document;
+        Form form(kPackWizard, document);
+        const auto line = random.line();
+        form.box.SetText(line);
+        form.box.SetSelStart(0);
+        const LineTab* const tab = form.wizard->takeBack();
+        if (tab == nullptr) {
+            EXPECT_EQ(form.box.Text(), line);
+            continue;
+        }
+        ++taken;
+        const std::string left(form.box.Text());
+        EXPECT_EQ(told(form.wizard->press(tab->add, {})), "") << line;
+        const auto whole = squeezed(std::string(form.box.Text().substr(left.size())) + left);
+        EXPECT_TRUE(equalIgnoringAsciiCase(whole, squeezed(line))) << line << " -> " << form.box.Text();
+    }
+    EXPECT_GT(taken, 800);
+}
+
+}  // namespace
