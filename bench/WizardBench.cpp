@@ -39,6 +39,9 @@ BENCHMARK_CAPTURE(openAndCancelWizard, Skill, "I2")->Arg(10)->Unit(benchmark::kM
 BENCHMARK_CAPTURE(openAndCancelWizard, Spell, "I3")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Stat, "I4")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Mod, "I7")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Group, "I6")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Bonus, "I5")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Package, "I9")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Edit, "E6")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// A wizard over the document, not modal.
@@ -54,9 +57,10 @@ public:
     Wizard& wizard() { return form_.wizard(); }
     void showState() { form_.showState(); }
     RichTextBox& field(const char* name) { return form_.field(name); }
-    QPushButton& button(const char* caption) {
+    QPushButton& button(const char* name) { return *form_.findChild<QPushButton*>(name); }
+    QPushButton& done() {
         const auto buttons = form_.findChildren<QPushButton*>();
-        return **std::ranges::find(buttons, caption, &QPushButton::text);
+        return **std::ranges::find(buttons, "&Done!", &QPushButton::text);
     }
 
 private:
@@ -100,6 +104,37 @@ BENCHMARK_CAPTURE(typeInAField, Mod, kModWizard, "ItemUpto")
     ->Arg(1)
     ->Unit(benchmark::kMicrosecond)
     ->UseRealTime();
+BENCHMARK_CAPTURE(typeInAField, Group, kGroupWizard, "ItemName")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(typeInAField, Bonus, kBonusWizard, "FullItemLine")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(typeInAField, Package, kPackWizard, "Message")
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
+
+/// One more line in a package's box of as many, coloured and painted.
+void addToPackage(benchmark::State& state) {
+    OpenEditor open(state);
+    OpenForm form(open, kPackWizard);
+    std::string lines;
+    for (int i = 0; i < state.range(1); ++i) lines += "ADD=SK:Rowing (Guild) .AT. 12pts\r\n";
+    RichTextBox& box = form.field("FullPackage");
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        box.SetText(lines);
+        form.field("Message").SetText("Welcome aboard.");
+        state.ResumeTiming();
+        form.button("Command13").click();
+        box.viewport()->repaint();
+    }
+    if (box.Length() <= static_cast<Position>(lines.size())) state.SkipWithError("no line was added");
+}
+BENCHMARK(addToPackage)->Args({1, 1'000})->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// A new line written by the button; `fields` are the required ones, filled each time.
 void pressDone(benchmark::State& state, const WizardTable& table, const std::vector<const char*>& fields) {
@@ -111,7 +146,7 @@ void pressDone(benchmark::State& state, const WizardTable& table, const std::vec
     for ([[maybe_unused]] auto _ : state) {
         for (const char* name : fields) wizard.state.setText(name, "Mental 5");
         form.showState();
-        form.button("&Done!").click();
+        form.done().click();
         QApplication::processEvents();
     }
     if (open.box().Length() < length + 10 * state.iterations()) state.SkipWithError("no line was written");
@@ -130,6 +165,18 @@ BENCHMARK_CAPTURE(pressDone, Spell, kSpellWizard, Fields{"SpellName", "SpellColl
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK_CAPTURE(pressDone, Stat, kStatWizard, Fields{"StatName"})
+    ->Arg(50)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(pressDone, Group, kGroupWizard, Fields{"GroupName", "FullGroup"})
+    ->Arg(50)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(pressDone, Bonus, kBonusWizard, Fields{"FullBonusLine", "FullBonus"})
+    ->Arg(50)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(pressDone, Package, kPackWizard, Fields{"PackName", "PackCat", "FullPackage"})
     ->Arg(50)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
