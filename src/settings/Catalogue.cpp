@@ -44,7 +44,7 @@ bool writeSetting(Store& store, const NumberSetting& setting, std::int32_t value
 }
 
 bool writeSetting(Store& store, const TruthSetting& setting, bool value) {
-    return SaveSetting(store, setting.application, setting.section, setting.key, value ? "True" : "False");
+    return SaveSetting(store, setting.application, setting.section, setting.key, truthText(value));
 }
 
 bool writeSetting(Store& store, const TextSetting& setting, std::string_view value) {

@@ -31,8 +31,8 @@ std::optional<std::int32_t> numberFrom(std::string_view text) {
 
 std::optional<bool> truthFrom(std::string_view text) {
     text = trimBlanks(text);
-    if (equalIgnoringCase(text, "True")) return true;
-    if (equalIgnoringCase(text, "False")) return false;
+    if (equalIgnoringCase(text, truthText(true))) return true;
+    if (equalIgnoringCase(text, truthText(false))) return false;
     const auto number = realFrom(text);
     return number ? std::optional(*number != 0) : std::nullopt;
 }

@@ -14,6 +14,11 @@ std::optional<double> realFrom(std::string_view text);
 /// kept within 32 bits. Nothing for any other text.
 std::optional<std::int32_t> numberFrom(std::string_view text);
 
+/// How a truth is stored.
+constexpr std::string_view truthText(bool truth) {
+    return truth ? "True" : "False";
+}
+
 /// "True" or "False" in any case, or any number, 0 being false. Nothing for any other text.
 std::optional<bool> truthFrom(std::string_view text);
 

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "settings/Conversions.h"
 #include "settings/Store.h"
 
 namespace klt {
@@ -17,7 +18,7 @@ public:
     SettingDefault(std::string_view text) : text_(text) {}
     SettingDefault(const std::string& text) : text_(text) {}
     SettingDefault(const char* text) : text_(text) {}
-    SettingDefault(std::same_as<bool> auto truth) : text_(truth ? "True" : "False") {}
+    SettingDefault(std::same_as<bool> auto truth) : text_(truthText(truth)) {}
     SettingDefault(std::integral auto number) requires(!std::same_as<decltype(number), bool> &&
                                                        !std::same_as<decltype(number), char>)
         : text_(std::to_string(number)) {}

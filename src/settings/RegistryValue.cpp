@@ -68,7 +68,7 @@ Bytes bytesOf(const StoredValue& stored) {
 std::string asText(const RegistryValue& value) {
     return std::visit(Overloaded{
                           [](std::monostate) { return std::string(); },
-                          [](bool truth) { return std::string(truth ? "True" : "False"); },
+                          [](bool truth) { return std::string(truthText(truth)); },
                           [](double number) { return realText(number); },
                           [](const std::string& text) { return text; },
                           [](const Bytes& bytes) {
