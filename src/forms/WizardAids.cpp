@@ -18,8 +18,12 @@ namespace {
 
 constexpr std::string_view kNoMoreNesting = "Cannot nest any more @Functions!";
 
-AreaLookup lookupOf(RichTextBox& field) {
-    return [target = QPointer(&field)]() -> TextArea* { return target; };
+/// A wizard that writes into a field of another form.
+std::unique_ptr<Wizard> wizardFor(RichTextBox& field, const WizardTable& table, OpeningMode mode) {
+    Opening opening;
+    opening.mode = mode;
+    opening.target = lookupOf(field);
+    return makeWizard(table, std::move(opening));
 }
 
 }  // namespace
@@ -73,7 +77,7 @@ void WizardAids::SyntaxAid(std::string_view kind, RichTextBox& field, WizardForm
             ShowFunctionsWizard(form, field, form.wizard().opening().level);
             break;
         case AidOutcome::OpensMods:
-            ShowOver(form, makeWizard(kModWizard, {OpeningMode::Package, lookupOf(field)}));
+            ShowOver(form, wizardFor(field, kModWizard, OpeningMode::Package));
             break;
     }
 }
@@ -93,13 +97,13 @@ void WizardAids::ShowFunctionsWizard(QWidget& owner, RichTextBox& field, int lev
 }
 
 void WizardAids::ShowGivesWizard(QWidget& owner, RichTextBox& field) {
-    ShowOver(owner, makeWizard(kGivesWizard, {.target = lookupOf(field)}));
+    ShowOver(owner, wizardFor(field, kGivesWizard, OpeningMode::Insert));
 }
 
 void WizardAids::ShowItemWizard(WizardForm& form, const ItemCall& call) {
     RichTextBox& field = form.field(call.field);
     const auto [table, place] = wizardOfSection(call.section);
-    auto wizard = makeWizard(*table, {OpeningMode::Package, lookupOf(field)});
+    auto wizard = wizardFor(field, *table, OpeningMode::Package);
     wizard->SelectSubsection(*place, {});
     if (call.isFilled) wizard->load(field.Text());
     ShowOver(form, std::move(wizard));

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QCursor>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QShortcut>
@@ -260,6 +261,10 @@ void WizardForm::focusFirst() {
     for (const WizardControl& control : controls_.controls) {
         if (takesFocus(control.widget)) return control.widget.setFocus();
     }
+}
+
+AreaLookup lookupOf(RichTextBox& box) {
+    return [found = QPointer(&box)]() -> TextArea* { return found; };
 }
 
 }  // namespace klt

@@ -63,4 +63,7 @@ private:
     bool isShowing_ = false;
 };
 
+/// Finds the box as long as it is there.
+AreaLookup lookupOf(RichTextBox& box);
+
 }  // namespace klt

@@ -6,7 +6,7 @@ namespace klt {
 
 std::shared_ptr<const TrackedRange> TrackedRanges::track(TextRange range) {
     std::erase_if(ranges_, [](const auto& each) { return each.expired(); });
-    auto tracked = std::make_shared<TrackedRange>(range);
+    auto tracked = std::make_shared<TrackedRange>(TrackedRange{range});
     ranges_.push_back(tracked);
     return tracked;
 }

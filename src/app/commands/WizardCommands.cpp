@@ -22,10 +22,6 @@ bool isHostOld(Store& store) {
     return realFrom(readSetting(store, settings::kTvmVersionChosen)).value_or(0) <= 0;
 }
 
-AreaLookup lookupOf(RichTextBox& text) {
-    return [box = QPointer(&text)]() -> TextArea* { return box; };
-}
-
 /// Shows the moves of the caret that were made under `SuppressCaretUpdate`.
 void showCaret(RichTextBox& text) {
     emit text.SelChange();
