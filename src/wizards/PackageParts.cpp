@@ -1,4 +1,4 @@
-#include "wizards/PackageLine.h"
+#include "wizards/PackageParts.h"
 
 #include "text/Ascii.h"
 #include "text/TextOperations.h"
