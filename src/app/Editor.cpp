@@ -60,7 +60,7 @@ frmMDIKLTEditor& Editor::mainWindow() {
 
 void Editor::wireWindow() {
     window_->setCloseCheck([this](frmKLTEditor& document) { return documents.CloseCheck(&document); });
-    window_->setFormsCheck([this] { return closeForms(*window_); });
+    window_->setFormsCheck([this] { return mayCloseForms(*window_); });
     connect(&*window_, &frmMDIKLTEditor::MenuClick, this,
             [this](const QString& key) { queue.submit(Origin::User, [this, key] { MenuClick(key); }); });
     connect(&*window_, &frmMDIKLTEditor::filesDropped, this, [this](const std::vector<std::string>& paths) {

@@ -8,7 +8,7 @@ namespace klt {
 namespace {
 
 // What a form has around it: its own buttons, margins and the window's frame.
-constexpr QSize kAround(60, 150);
+constexpr QSize kAround(60, 110);
 
 }  // namespace
 

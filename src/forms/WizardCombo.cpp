@@ -105,6 +105,9 @@ void WizardCombo::wheelEvent(QWheelEvent* event) {
 }
 
 void WizardCombo::keyPressEvent(QKeyEvent* event) {
+    // The window's, which turns a tab's page; a list would look for an item of that letter.
+    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if (isTab && event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
     if (isItemKey(event->key())) leaveOldItem();
     const QString before = currentText();
     // The key itself then goes in front of it.

@@ -181,6 +181,7 @@ void WizardForm::press(std::string_view button) {
         MessageBox(this, result.preview->text, MessageIcon::Information, result.preview->title);
     if (result.call) services_.showItemWizard(*this, *result.call);
     focusOn(result.focus);
+    if (auto* text = qobject_cast<RichTextBox*>(focusWidget())) text->SetSelStart(0);
 }
 
 void WizardForm::takeBack() {

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "forms/FittingArea.h"
 #include "ui/QtStrings.h"
@@ -173,6 +174,21 @@ QTabWidget* makeTabs(QDialog& form, const Wizard& wizard, const WizardControls& 
     return tabs;
 }
 
+/// The bar of the tabs comes in front of what stands on them.
+void orderTabs(const WizardControls& controls, QTabWidget& tabs) {
+    QWidget* last = nullptr;
+    bool isBarPlaced = false;
+    const auto follow = [&last](QWidget& next) {
+        if (last != nullptr) QWidget::setTabOrder(last, &next);
+        last = &next;
+    };
+    for (const WizardControl& control : controls.controls) {
+        if (control.frame != nullptr && !control.frame->tab.empty() && !std::exchange(isBarPlaced, true))
+            follow(tabs);
+        follow(control.widget);
+    }
+}
+
 QLayout* makeButtons(const WizardControls& controls) {
     auto* row = new QHBoxLayout;
     row->addStretch();
@@ -220,7 +236,10 @@ void layOut(QDialog& form, const Wizard& wizard, const WizardControls& controls)
     auto* frames = new QVBoxLayout(content);
     frames->setContentsMargins(0, 0, 0, 0);
     frames->addLayout(pageLayout(wizard, controls, {}));
-    if (auto* tabs = makeTabs(form, wizard, controls)) frames->addWidget(tabs, 1);
+    if (auto* tabs = makeTabs(form, wizard, controls)) {
+        frames->addWidget(tabs, 1);
+        orderTabs(controls, *tabs);
+    }
     frames->addStretch();
     area->setWidget(content);
 

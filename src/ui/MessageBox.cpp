@@ -2,6 +2,7 @@
 #include "ui/QtStrings.h"
 
 #include <QAbstractButton>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLayout>
 #include <QPointer>
@@ -29,6 +30,8 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
 
 // Breaking one long line takes time that is quadratic in its length. On no screen is so much in view at once.
 constexpr int kLongestLine = 25'000;
+// A text that is wider is broken.
+constexpr int kMostWidth = 500;
 
 bool fits(const QString& text, const QLabel& label, QSize area) {
     if (text.size() > kLongestLine) return false;
@@ -42,7 +45,6 @@ QString withShorterLines(QString text) {
 
 /// Makes text that a label would show beyond the screen scroll. It stays in the label too, for `text`.
 void fitIntoScreen(QMessageBox& box) {
-    constexpr int kMostWidth = 500;
     const QSize screen = box.screen()->availableSize();
     const QSize area(std::min(kMostWidth, screen.width() / 2), screen.height() / 2);
     auto* const label = box.findChild<QLabel*>("qt_msgbox_label");
@@ -58,6 +60,14 @@ void fitIntoScreen(QMessageBox& box) {
     view->setMinimumSize(area.width(), std::min(qRound(view->document()->size().height()), area.height()));
     delete box.layout()->replaceWidget(label, view);
     label->hide();
+}
+
+/// As wide as its title, with room for what the window's frame puts beside it.
+void fitTitle(QMessageBox& box) {
+    constexpr int kBeside = 120;
+    const int width = std::min(box.fontMetrics().horizontalAdvance(box.windowTitle()) + kBeside, kMostWidth);
+    auto& grid = dynamic_cast<QGridLayout&>(*box.layout());
+    grid.addItem(new QSpacerItem(width, 0), grid.rowCount(), 0, 1, grid.columnCount());
 }
 
 void nameSkipButton(QMessageBox& box) {
@@ -81,6 +91,7 @@ QMessageBox::StandardButton MessageBox(QWidget* owner, std::string_view text, Me
         if (buttons.testFlag(first)) box->setDefaultButton(first);
     nameSkipButton(*box);
     fitIntoScreen(*box);
+    fitTitle(*box);
     const auto answer = static_cast<QMessageBox::StandardButton>(box->exec());
     if (!box) return QMessageBox::NoButton;
     delete box;

@@ -21,8 +21,8 @@ PressResult CollectingWizard::press(std::string_view button, const LineBreakLimi
     for (const LineTab& tab : table().tabs) {
         if (button == tab.add) return add(tab, limits);
         if (button != tab.compose) continue;
-        const auto complaint = composeLine(tab);
-        return complaint ? PressResult{{*complaint}} : PressResult{};
+        if (const auto complaint = composeLine(tab)) return {{*complaint}};
+        return {.focus = tab.composedFocus};
     }
     return {};
 }

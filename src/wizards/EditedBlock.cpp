@@ -51,10 +51,25 @@ TextRange rangeOf(size_t start, size_t end) {
     return {static_cast<Position>(start), static_cast<Position>(end)};
 }
 
+/// The line from which a caret's heading is looked for: that of a section belongs to the section above.
+size_t firstLine(std::string_view text, Position place) {
+    const auto start = lineStart(text, static_cast<size_t>(place));
+    return start > 0 && markAt(text, start) == Mark::Section ? lineStart(text, start - 1) : start;
+}
+
+/// The brace that closes a header: nothing or a comment stands behind it; else the last one.
+size_t closingBrace(std::string_view header) {
+    for (auto brace = header.find('}'); brace != header.npos; brace = header.find('}', brace + 1)) {
+        const auto behind = trimBlanks(header.substr(brace + 1));
+        if (behind.empty() || behind.starts_with("//")) return brace;
+    }
+    return header.rfind('}');
+}
+
 /// Puts what stands between the braces of a header into the item, and what stands behind them aside.
 void takeHeader(EditedItem& item, std::string_view header) {
     header.remove_prefix(1);
-    const auto brace = header.rfind('}');
+    const auto brace = closingBrace(header);
     item.line = header.substr(0, brace);
     if (brace != header.npos) item.comment = header.substr(brace + 1);
 }
@@ -63,8 +78,8 @@ void takeHeader(EditedItem& item, std::string_view header) {
 
 EditedItem LoadBlock(TextArea& document, Position place) {
     const auto text = document.Text();
-    const auto heading = markedLine(text, lineStart(text, static_cast<size_t>(place)),
-                                    [](Mark mark) { return mark != Mark::None; });
+    const auto heading =
+        markedLine(text, firstLine(text, place), [](Mark mark) { return mark != Mark::None; });
     const auto start = markAt(text, heading) == Mark::None ? heading : nextLine(text, heading);
     EditedItem item = takeItem(document, rangeOf(start, blockEnd(text, start)));
     item.block = item.oldText;
@@ -73,7 +88,7 @@ EditedItem LoadBlock(TextArea& document, Position place) {
 
 std::optional<EditedItem> LoadPackage(TextArea& document, Position place) {
     const auto text = document.Text();
-    const auto start = markedLine(text, lineStart(text, static_cast<size_t>(place)),
+    const auto start = markedLine(text, firstLine(text, place),
                                   [](Mark mark) { return mark == Mark::Package || mark == Mark::Section; });
     if (markAt(text, start) != Mark::Package) return std::nullopt;
     const auto header = GetLogicalLine(text, static_cast<Position>(start));

@@ -13,7 +13,8 @@ inline constexpr std::string_view kNoPackage =
 /// Takes the lines under the nearest heading at or above the line of `place`, and selects them: a
 /// subsection's
 /// (`<` behind blanks at most), a package's (`{` in the first column) or a section's (`[` behind blanks at
-/// most). They end in front of the next such line, without its line end.
+/// most). They end in front of the next such line, without its line end. A section's own header belongs to
+/// the section above.
 EditedItem LoadBlock(TextArea& document, Position place);
 
 /// Takes the package whose header is the nearest at or above the line of `place`, header and all, and selects

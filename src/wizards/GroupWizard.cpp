@@ -66,7 +66,8 @@ protected:
 
     const LineTab* loadLine(std::string_view line) override {
         const auto colon = line.find(':');
-        if (colon == line.npos) return nullptr;
+        const bool isComment = trimBlanks(line).starts_with('*') || trimBlanks(line).starts_with("//");
+        if (isComment || colon == line.npos) return nullptr;
         const int type = typeOf(kTypes, line, 2);
         if (type >= 0) click("ItemType", type);
         state.setText("ItemName", line.substr(colon + 1));

@@ -218,6 +218,7 @@ inline constexpr std::array kTabs = {
             .focus = "Command13"},
     LineTab{.add = "Command14",
             .compose = "Command16",
+            .composedFocus = "EMessage",
             .full = "FullEMessage",
             .beginning = "EMESSAGE=",
             .emptied = "DialogCaption EMessage",

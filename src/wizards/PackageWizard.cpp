@@ -105,10 +105,14 @@ protected:
     EditedLine lineAt(Position start) const override { return GetLogicalLine(box().Text(), start); }
 
     const LineTab* loadLine(std::string_view logicalLine) override {
+        // A mark behind the box's last line was put there by the walk.
+        constexpr std::string_view kOpenEnd = " _\r\n";
+        if (logicalLine.ends_with(kOpenEnd)) logicalLine.remove_suffix(kOpenEnd.size());
         const std::string joined = joinPackageLine(logicalLine);
         const auto line = trimBlanks(joined);
         const LineTab* const tab = tabOf(line);
-        if (tab == nullptr) return nullptr;
+        // No field takes lines that can't be made one.
+        if (tab == nullptr || line.find("\r\n") != line.npos) return nullptr;
         const WizardState before = state;
         emptyTab(*tab);
         loadInto(*tab, line.substr(line.find('=') + 1));
@@ -143,8 +147,10 @@ private:
     }
 
     PressResult previewEMessage() {
-        if (const auto complaint = composeLine(kTabs[kEMessageTab])) return {{*complaint}};
-        return {.preview = MessagePreview{state.text(kEMessageBox), state.text(kCaption)}};
+        const LineTab& tab = kTabs[kEMessageTab];
+        if (const auto complaint = composeLine(tab)) return {{*complaint}};
+        return {.preview = MessagePreview{state.text(kEMessageBox), state.text(kCaption)},
+                .focus = tab.composedFocus};
     }
 
     static const LineTab* tabOf(std::string_view line) {
@@ -196,6 +202,10 @@ private:
         const int type = typeOf(kCreateTypes, rest, 2);
         click("CreateItemType", type < 0 ? kStat : type);
         auto parts = packageItemOf(behind(rest, ':'));
+        // What a stat's frames do not show stays in its level.
+        if (type < 0 || type == kStat) {
+            parts = {.item = parts.item, .level = std::string(levelOf(behind(rest, ':')))};
+        }
         state.setText("RichTextBox1", parts.item);
         state.setText("CreateLevel", parts.level);
         state.setText("AddMods(1)", parts.mods);

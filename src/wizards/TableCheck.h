@@ -119,7 +119,8 @@ private:
         require(!row.add.empty(), "a tab has the button that adds its line");
         checkButtons(row.add);
         checkButtons(row.compose);
-        for (const Names names : {row.source, row.full, row.emptied, row.turnedOff, row.focus})
+        for (const Names names :
+             {row.composedFocus, row.source, row.full, row.emptied, row.turnedOff, row.focus})
             checkControls(names);
         require(row.source.empty() || (!row.full.empty() && !row.none.empty()),
                 "what is composed at each change stands somewhere, and a line that is none is told");

@@ -243,6 +243,8 @@ struct LineTab {
     std::string_view add = {};
     /// The own button that composes the line, whose rules ask for it; empty where `add` asks.
     std::string_view compose = {};
+    /// What has the focus once it is composed.
+    std::string_view composedFocus = {};
     /// The field of which each change composes the line, behind its beginning.
     std::string_view source = {};
     /// Where the line stands; empty where it goes to the box at once.

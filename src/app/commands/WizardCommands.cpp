@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QPointer>
+#include <algorithm>
 #include <memory>
 
 #include "app/Editor.h"
@@ -108,12 +109,8 @@ void EditLine(Editor& editor) {
     }
 }
 
-bool closeForms(frmMDIKLTEditor& window) {
-    for (WizardForm* form : openForms(window)) {
-        if (!form->mayClose()) return false;
-        form->close();
-    }
-    return true;
+bool mayCloseForms(frmMDIKLTEditor& window) {
+    return std::ranges::all_of(openForms(window), &WizardForm::mayClose);
 }
 
 }  // namespace klt

@@ -14,7 +14,7 @@ void openWizard(Editor& editor, const WizardTable& table);
 /// that has closed, or at once where the wizard is not modal. Where nothing can be edited, tells so.
 void EditLine(Editor& editor);
 
-/// Closes the wizards that stand open beside the main window. False where the user keeps one.
-bool closeForms(frmMDIKLTEditor& window);
+/// Whether the wizards that stand open beside the main window may go with it; asks where lines would be lost.
+bool mayCloseForms(frmMDIKLTEditor& window);
 
 }  // namespace klt
