@@ -290,6 +290,35 @@ int expectUntouched(const MemoryTextArea& original) {
     return blocks;
 }
 
+/// Lines of words that mean something to a package.
+class RandomLines {
+public:
+    /// A file of blocks, some of them empty.
+    std::string file() {
+        constexpr const char* kHeadings[] = {"[GROUPS]", "[BONUS]", "[PACKAGES]", "<a>",
+                                             " <b>",     "{P=d}",   "{Q}",        "{R=x _\r\n\ty}"};
+        std::string text = "Version=2";
+        for (int lines = 0; lines < 40; ++lines)
+            text += "\r\n" +
+                    (random_() % 3 == 0 ? std::string(kHeadings[random_() % std::size(kHeadings)]) : line());
+        return text + (random_() % 2 == 0 ? "\r\n" : "");
+    }
+    std::string line() {
+        constexpr const char* kStarts[] = {"ADD=SK:",        "ADD=AD:",    "ADD=PA:",    "ADD=ST",
+                                           "ADD=Race .AT. ", "CREATE=QU:", "CREATE=ST:", "MESSAGE=",
+                                           "EMESSAGE=",      "* ",         "+1 "};
+        constexpr const char* kWords[] = {" .AT. ", " .WITH. ", "pts",     " ~P ", "Adj",
+                                          "a (b)",  "c, d",     "grün",    "=",    "12",
+                                          ":",      ",\r\n\t",  "_\r\n\t", "//",   "\"q\""};
+        std::string text = kStarts[random_() % std::size(kStarts)];
+        for (auto left = random_() % 6; left > 0; --left) text += kWords[random_() % std::size(kWords)];
+        return text;
+    }
+
+private:
+    std::mt19937 random_{1};
+};
+
 TEST(CollectingWizards, LeaveABlockOfAFileAsItIs) {
     for (const auto& [name, blocks] : std::vector<std::pair<std::string, int>>{
              {"harbor", 80}, {"coast", 0}, {"errors", 0}, {"inland", 0}, {"legacy", 0}, {"case", 0}}) {
@@ -298,6 +327,10 @@ TEST(CollectingWizards, LeaveABlockOfAFileAsItIs) {
         bytes << file.rdbuf();
         EXPECT_GE(expectUntouched(MemoryTextArea(bytes.str())), blocks) << name;
     }
+    RandomLines random;
+    int blocks = 0;
+    for (int run = 0; run < 50; ++run) blocks += expectUntouched(MemoryTextArea(random.file()));
+    EXPECT_GT(blocks, 500);
 }
 
 TEST(CollectingWizards, WriteWhereTheirHeadingIs) {
@@ -343,25 +376,6 @@ TEST(PackageWizard, EditsItsHeader) {
     EXPECT_EQ(document.Text(), "[PACKAGES]\r\n{N} // c\r\nMESSAGE=x\r\n{Q=}\r\nMESSAGE=y\r\n<A>");
     EXPECT_EQ(edited(document, document.Length() - 8)->loss(), "") << "a sign that says nothing";
 }
-
-/// A line of a package, of words that mean something to it.
-class RandomLines {
-public:
-    std::string line() {
-        constexpr const char* kStarts[] = {"ADD=SK:",        "ADD=AD:",    "ADD=PA:",    "ADD=ST",
-                                           "ADD=Race .AT. ", "CREATE=QU:", "CREATE=ST:", "MESSAGE=",
-                                           "EMESSAGE=",      "* ",         "+1 "};
-        constexpr const char* kWords[] = {" .AT. ", " .WITH. ", "pts",     " ~P ", "Adj",
-                                          "a (b)",  "c, d",     "grün",    "=",    "12",
-                                          ":",      ",\r\n\t",  "_\r\n\t", "//",   "\"q\""};
-        std::string text = kStarts[random_() % std::size(kStarts)];
-        for (auto left = random_() % 6; left > 0; --left) text += kWords[random_() % std::size(kWords)];
-        return text;
-    }
-
-private:
-    std::mt19937 random_{1};
-};
 
 TEST(PackageWizard, LosesNoLineOnTheWayBack) {
     RandomLines random;
