@@ -1,8 +1,12 @@
-// The wizards of skills, spells, stats and modifiers: what their tables make of fields.
+// The wizards of ads, skills, spells, stats and modifiers, and those of expressions: what their tables make
+// of fields.
 
 #include <gtest/gtest.h>
 
+#include <ranges>
+
 #include "support/MemoryTextArea.h"
+#include "support/WizardSteps.h"
 #include "wizards/LineLoss.h"
 #include "wizards/Wizards.h"
 
@@ -10,194 +14,225 @@ using namespace klt;
 
 namespace {
 
-struct Field {
-    const char* name;
-    const char* text;
-};
-
-std::unique_ptr<Wizard> open(const WizardTable& table, MemoryTextArea& area,
-                             OpeningMode mode = OpeningMode::Insert, bool isHostOld = false) {
-    return makeWizard(table, {.mode = mode, .target = [&area] { return &area; }, .isHostOld = isHostOld});
-}
-
-void fill(Wizard& wizard, const std::vector<Field>& fields) {
-    for (const auto& [name, text] : fields) wizard.state.setText(name, text);
-}
+constexpr auto kNew = OpeningMode::Insert;
+constexpr auto kOld = OpeningMode::Edit;
+constexpr auto kOfPackage = OpeningMode::Package;
 
 TEST(ItemWizards, WriteTheirFieldsInTheirOrder) {
-    const struct {
-        const WizardTable& table;
-        std::vector<Field> fields;
-        std::vector<const char*> clicks;
-        const char* written;
-        /// What still holds a text afterwards.
-        std::vector<std::string> kept;
-    } rows[] = {
+    // What is done, what stands in an empty document then, and the controls that are not as they were at
+    // first.
+    const std::tuple<const WizardTable&, const char*, const char*, const char*> rows[] = {
+        {kAdWizard,
+         "optPoType; rtbItemName=N; rtbItemCost=5; rtbItemCat=C; rtbItemUpto=U; rtbItemPage=P; rtbItemNotes= "
+         "; "
+         "rtbItemNeeds=E; rtbItemMods=M; rtbItemGives=G; cmbPoCat=K",
+         "[Powers]\r\n\r\n\r\n<K>\r\nN, 5, gives(G), mods(M), needs(E), notes( ), page(P), upto(U), "
+         "cat(C)\r\n",
+         "optPoType cmbPoCat rtbItemCat "},
+        {kAdWizard, "optQuirkType; rtbItemName=N; cmbQuirkCat=K", "[Quirks]\r\n\r\n\r\n<K>\r\nN, -1\r\n",
+         "rtbItemCost optQuirkType cmbQuirkCat "},
         {kSkillWizard,
-         {{"rtbItemName", "N"},
-          {"cmbItemType", "M/A"},
-          {"rtbItemCat", "C"},
-          {"rtbItemUpto", "U"},
-          {"cmbItemStat", "own"},
-          {"rtbItemPage", "P"},
-          {"rtbItemNotes", "O"},
-          {"rtbItemNeeds", "E"},
-          {"rtbItemMods", "M"},
-          {"rtbItemGives", "G"},
-          {"rtbItemDefault", "D"},
-          {"cmbItemClass", "K"}},
-         {},
+         "rtbItemName=N; cmbItemType=M/A; rtbItemCat=C; rtbItemUpto=U; cmbItemStat=own; rtbItemPage=P; "
+         "rtbItemNotes=O; rtbItemNeeds=E; rtbItemMods=M; rtbItemGives=G; rtbItemDefault=D; cmbItemClass=K",
          "[Skills]\r\n\r\n\r\n<K>\r\nN, M/A, default(D), gives(G), mods(M), needs(E), notes(O), page(P), "
          "stat(own), upto(U), cat(C)\r\n",
-         {"cmbItemClass", "rtbItemCat"}},
+         "cmbItemClass rtbItemCat "},
         {kSpellWizard,
-         {{"SpellName", "N"},
-          {"SpellType", "T"},
-          {"SpellDuration", "D"},
-          {"CastingCost", "C"},
-          {"SpellPrereq", "E"},
-          {"SpellNotes", "O"},
-          {"SpellPage", "P"},
-          {"SpellTime", "S"},
-          {"ItemUpto", "U"},
-          {"ItemCat", "A"},
-          {"SpellCollege", "K"}},
-         {},
+         "SpellName=N; SpellType=T; SpellDuration=D; CastingCost=C; SpellPrereq=E; SpellNotes=O; "
+         "SpellPage=P; "
+         "SpellTime=S; ItemUpto=U; ItemCat=A; SpellCollege=K",
          "[Spells]\r\n\r\n\r\n<K>\r\nN, type(T), duration(D), castingcost(C), needs(E), notes(O), page(P), "
          "time(S), upto(U), cat(A)\r\n",
-         {"SpellCollege", "ItemCat"}},
-        {kSpellWizard,
-         {{"SpellName", "N"}, {"SpellCollege", "K"}},
-         {},
-         "[Spells]\r\n\r\n\r\n<K>\r\nN\r\n",
-         {"SpellCollege"}},
-        {kStatWizard, {{"StatName", "N"}}, {}, "[Stats]\r\n\r\n\r\nN", {}},
+         "SpellCollege ItemCat "},
+        {kStatWizard, "StatName=N", "[Stats]\r\n\r\n\r\nN", ""},
         {kStatWizard,
-         {{"StatName", "N"},
-          {"StatBaseValue", "B"},
-          {"StatStep", "S"},
-          {"StatMaxScore", "X"},
-          {"StatMinScore", "M"},
-          {"StatUpCost", "U"},
-          {"StatDownCost", "D"},
-          {"StatSymbol", "Y"}},
-         {"DoubleInPlay", "DisplayStat", "StatRoundNo"},
+         "StatName=N; StatBaseValue=B; StatStep=S; StatMaxScore=X; StatMinScore=M; StatUpCost=U; "
+         "StatDownCost=D; "
+         "StatSymbol=Y; DoubleInPlay#0; DisplayStat#0; StatRoundNo",
          "[Stats]\r\n\r\n\r\nN, basevalue(B), step(S), maxscore(X), minscore(M), up(U), down(D), symbol(Y), "
          "doubleinplay(No), display(No), round(No)",
-         {}},
-        {kStatWizard, {{"StatName", "N"}}, {"StatRoundUp"}, "[Stats]\r\n\r\n\r\nN, round(Up)", {}},
-        {kModWizard,
-         {{"ModName", "N"}, {"ModValue", "-10%"}, {"ItemUpto", "U"}, {"ItemGives", "G"}, {"ModGroup", "K"}},
-         {"RoundUp"},
-         "[Mods]\r\n\r\n\r\n<K>\r\nN, -10%, upto(U), round(Up), gives(G)\r\n",
-         {"ModGroup"}},
+         ""},
+        {kStatWizard, "StatName=N; StatRoundUp", "[Stats]\r\n\r\n\r\nN, round(Up)", ""},
+        {kModWizard, "ModName=N; ModValue=-10%; ItemUpto=U; ItemGives=G; ModGroup=K; RoundUp",
+         "[Mods]\r\n\r\n\r\n<K>\r\nN, -10%, upto(U), round(Up), gives(G)\r\n", "ModGroup "},
+        {kModWizard, "ModName=it is never broken; ModValue=5; ModGroup=K",
+         "[Mods]\r\n\r\n\r\n<K>\r\nit is never broken, 5\r\n", "ModGroup "},
     };
-    for (const auto& row : rows) {
+    for (const auto& [table, steps, written, kept] : rows) {
         MemoryTextArea document;
-        const auto wizard = open(row.table, document);
-        fill(*wizard, row.fields);
-        for (const char* name : row.clicks)
-            wizard->click(name, wizard->state.control(name).state == kOn ? kOff : kOn);
-        const auto result = wizard->finish({});
-        EXPECT_EQ(result.kind, DoneResult::Kind::StaysOpen);
-        EXPECT_EQ(result.focus, row.table.line.nameField);
-        EXPECT_EQ(document.Text(), row.written);
-        std::vector<std::string> kept;
-        for (const ControlRow& control : row.table.controls)
-            if (!wizard->state.text(control.name).empty()) kept.emplace_back(control.name);
-        EXPECT_EQ(kept, row.kept);
-        // Marks are again what they were at first.
-        const auto fresh = open(row.table, document);
-        for (const ControlRow& control : row.table.controls)
-            EXPECT_EQ(wizard->state.control(control.name).state, fresh->state.control(control.name).state)
-                << control.name;
+        const auto wizard = openWizard(table, document);
+        work(*wizard, steps);
+        const LineBreakLimits limits{.maximum = &table == &kModWizard ? 9 : 0};
+        EXPECT_EQ(wizard->finish(limits),
+                  (DoneResult{DoneResult::Kind::StaysOpen, {}, table.line.nameField}));
+        EXPECT_EQ(document.Text(), written);
+        const auto fresh = openWizard(table, document);
+        std::string changed;
+        for (const auto name : std::views::transform(table.controls, &ControlRow::name)) {
+            const auto &now = wizard->state.control(name), &first = fresh->state.control(name);
+            if (now.text != first.text || now.state != first.state) changed.append(name).append(" ");
+        }
+        EXPECT_EQ(changed, kept);
     }
 }
 
 TEST(ItemWizards, AskForWhatIsRequired) {
-    const struct {
-        const WizardTable& table;
-        OpeningMode mode;
-        /// The field that is asked for, and what is told; each is filled before the next.
-        std::vector<std::pair<const char*, const char*>> asked;
-    } rows[] = {
-        {kSkillWizard,
-         OpeningMode::Insert,
-         {{"rtbItemName", "Invalid Entry!"},
-          {"cmbItemType", "Invalid Entry!"},
-          {"cmbItemClass", "Invalid Entry!"}}},
-        {kSkillWizard,
-         OpeningMode::Package,
-         {{"rtbItemName", "Invalid Entry!"}, {"cmbItemType", "Invalid Entry!"}}},
-        {kSpellWizard,
-         OpeningMode::Insert,
-         {{"SpellName", "Invalid Entry!"}, {"SpellCollege", "Invalid Entry!"}}},
-        {kStatWizard, OpeningMode::Insert, {{"StatName", "MUST enter a name!"}}},
-        {kModWizard,
-         OpeningMode::Insert,
-         {{"ModGroup", "Invalid Entry!"}, {"ModName", "Invalid Entry!"}, {"ModValue", "Invalid Entry!"}}},
-        {kModWizard, OpeningMode::Edit, {{"ModName", "Invalid Entry!"}, {"ModValue", "Invalid Entry!"}}},
+    // What is asked for; each is filled before the next.
+    const std::tuple<const WizardTable&, OpeningMode, const char*, const char*> rows[] = {
+        {kAdWizard, kNew, "", "rtbItemName rtbItemCost You MUST select an rtbItem Type!@ cmbDisadCat "},
+        {kAdWizard, kNew, "optAdType", "rtbItemName rtbItemCost cmbAdCat "},
+        {kAdWizard, kNew, "optQuirkType", "rtbItemName cmbQuirkCat "},
+        {kAdWizard, kOld, "optAdType", "rtbItemName rtbItemCost "},
+        {kSkillWizard, kNew, "", "rtbItemName cmbItemType cmbItemClass "},
+        {kSkillWizard, kNew, "cmbItemType=MA/H", "rtbItemName cmbItemClass "},
+        {kSkillWizard, kOfPackage, "cmbItemType#8", "rtbItemName rtbItemDefault "},
+        {kSpellWizard, kNew, "", "SpellName SpellCollege "},
+        {kSpellWizard, kOld, "", "SpellName "},
+        {kStatWizard, kNew, "", "MUST enter a name!@StatName "},
+        {kModWizard, kNew, "", "ModGroup ModName ModValue "},
+        {kModWizard, kOld, "", "ModName ModValue "},
+        {kGivesWizard, kNew, "Check2", "GivesValue GivesTarget MaximumGives "},
+        {kGivesWizard, kNew, "Check2; Check3#0", "GivesValue GivesTarget "},
+        {kFunctionsWizard, kNew, "", "Invalid @Function!@Combo1 "},
     };
-    for (const auto& row : rows) {
+    for (const auto& [table, mode, steps, expected] : rows) {
         MemoryTextArea area;
-        const auto wizard = open(row.table, area, row.mode);
-        for (const auto& [field, message] : row.asked) {
-            EXPECT_EQ(wizard->check(), (Complaint{message, field}));
-            wizard->state.setText(field, " ");
+        const auto wizard = openWizard(table, area, mode);
+        work(*wizard, steps);
+        std::string asked;
+        std::optional<Complaint> last;
+        for (auto next = wizard->check(); next && next != last; next = wizard->check()) {
+            if (next->message != kInvalidEntry) asked.append(next->message).append("@");
+            asked.append(next->focus).append(" ");
+            work(*wizard, next->focus.empty() ? "optDisadType" : std::string(next->focus) + "= ");
+            last = next;
         }
-        EXPECT_EQ(wizard->check(), std::nullopt);
+        EXPECT_EQ(asked, expected) << table.form << steps;
+    }
+}
+
+TEST(ItemWizards, EnableAndShowByWhatIsChosen) {
+    // What is disabled and what is hidden then.
+    const std::tuple<const WizardTable&, OpeningMode, bool, const char*, const char*, const char*> rows[] = {
+        {kAdWizard, kNew, false, "", "", "fraCategory "},
+        {kAdWizard, kNew, false, "optQuirkType",
+         "rtbItemCost rtbItemGives cmdGivesWizard rtbItemMods rtbItemUpto cmdUpto ",
+         "cmbAdCat cmbDisadCat cmbPoCat "},
+        {kAdWizard, kNew, false, "optQuirkType; optAdType", "", "cmbDisadCat cmbPoCat cmbQuirkCat "},
+        {kAdWizard, kOld, false, "optQuirkType", "rtbItemCost rtbItemGives rtbItemMods rtbItemUpto ",
+         "fraType fraCategory "},
+        {kAdWizard, kOfPackage, false, "optQuirkType; optPoType", "", "fraType fraCategory "},
+        {kSpellWizard, kNew, false, "", "", ""},
+        {kSpellWizard, kNew, true, "", "fraUpto ", ""},
+        {kSpellWizard, kOld, true, "", "fraUpto ", "fraCollege "},
+        {kSpellWizard, kOfPackage, true, "", "", "fraCollege "},
+        {kGivesWizard, kNew, false, "", "MaximumGives Command5 ", ""},
+        {kGivesWizard, kNew, false, "Check2", "", ""},
+        {kGivesWizard, kNew, false, "Check2; Check3#0", "MaximumGives Command5 ", ""},
+    };
+    for (const auto& [table, mode, isHostOld, steps, disabled, hidden] : rows) {
+        MemoryTextArea area;
+        const auto wizard = openWizard(table, area, mode, isHostOld);
+        work(*wizard, steps);
+        std::string off, unseen;
+        const auto look = [&](std::string_view name, bool isEnabled, bool isVisible) {
+            if (!isEnabled) off.append(name).append(" ");
+            if (!isVisible) unseen.append(name).append(" ");
+        };
+        for (const FrameRow& row : table.frames) {
+            const FrameState& frame = wizard->state.frame(row.name);
+            look(row.name, frame.isEnabled, frame.isVisible);
+        }
+        for (const ControlRow& row : table.controls) {
+            const ControlState& control = wizard->state.control(row.name);
+            look(row.name, control.isEnabled, control.isVisible);
+        }
+        EXPECT_EQ(off, disabled) << table.form << steps;
+        EXPECT_EQ(unseen, hidden) << table.form << steps;
+    }
+}
+
+TEST(AdvantageWizard, GivesAQuirkItsCost) {
+    MemoryTextArea area;
+    const auto wizard = openWizard(kAdWizard, area);
+    for (const auto& [steps, cost] : {std::pair("rtbItemCost=7; optQuirkType", "-1"),
+                                      {"optAdType", ""},
+                                      {"rtbItemCost=-10; optDisadType", "-10"}}) {
+        work(*wizard, steps);
+        EXPECT_EQ(wizard->state.text("rtbItemCost"), cost) << steps;
     }
 }
 
 TEST(SkillWizard, RequiresADefaultByAClickedType) {
     MemoryTextArea document;
-    const auto wizard = open(kSkillWizard, document);
+    const auto wizard = openWizard(kSkillWizard, document);
     const auto caption = [&] { return wizard->state.frame("fraDefault").caption; };
-    fill(*wizard, {{"rtbItemName", "N"}, {"cmbItemType", "MA/H"}, {"cmbItemClass", "K"}});
-    EXPECT_EQ(wizard->check(), std::nullopt) << "a typed one does not";
-    const auto types = wizard->state.control("cmbItemType").list;
-    for (size_t i = 0; i < types.size(); ++i) {
-        wizard->click("cmbItemType", static_cast<int>(i));
-        const bool isRequired = types[i].starts_with("MA/");
-        EXPECT_EQ(caption(), isRequired ? "Skill Default (Required)" : "Skill Default") << types[i];
-        EXPECT_EQ(wizard->check().has_value(), isRequired);
+    for (size_t i = 0; const auto& type : std::vector(wizard->state.control("cmbItemType").list)) {
+        wizard->click("cmbItemType", static_cast<int>(i++));
+        EXPECT_EQ(caption(), type.starts_with("MA/") ? "Skill Default (Required)" : "Skill Default") << type;
     }
-    wizard->click("cmbItemType", 8);
-    fill(*wizard, {{"rtbItemDefault", "D"}});
-    EXPECT_EQ(wizard->finish({}).kind, DoneResult::Kind::StaysOpen);
+    work(*wizard, "cmbItemType#8; rtbItemName=N; rtbItemDefault=D; cmbItemClass=K");
+    wizard->finish({});
     EXPECT_EQ(caption(), "Skill Default") << "no type is chosen then";
-    EXPECT_EQ(wizard->state.control("cmbItemType").state, -1);
-}
-
-TEST(SpellWizard, HasNoLimitForAnOldHost) {
-    MemoryTextArea area;
-    for (const auto mode : {OpeningMode::Insert, OpeningMode::Edit, OpeningMode::Package})
-        for (const bool isHostOld : {false, true})
-            EXPECT_EQ(open(kSpellWizard, area, mode, isHostOld)->state.frame("fraUpto").isEnabled,
-                      !isHostOld || mode == OpeningMode::Package);
 }
 
 TEST(ModWizard, AppendsToAPackagesField) {
     MemoryTextArea field;
     for (const char* expected : {"N, 5", "N, 5 .AND. N, 5"}) {
-        const auto wizard = open(kModWizard, field, OpeningMode::Package);
-        fill(*wizard, {{"ModName", "N"}, {"ModValue", "5"}});
+        const auto wizard = openWizard(kModWizard, field, kOfPackage);
+        work(*wizard, "ModName=N; ModValue=5");
         field.SetSelStart(0);
         EXPECT_EQ(wizard->finish({.maximum = 3}).kind, DoneResult::Kind::Closes);
         EXPECT_EQ(field.Text(), expected);
     }
-    MemoryTextArea document("[Mods]\r\n<A>\r\n");
-    const auto wizard = open(kModWizard, document);
-    fill(*wizard, {{"ModName", "A long name of a modifier"}, {"ModValue", "5"}, {"ModGroup", "A"}});
-    wizard->finish({.maximum = 10, .tolerance = 5});
-    EXPECT_EQ(document.Text(), "[Mods]\r\n<A>\r\nA long name of a modifier, 5\r\n") << "it is never broken";
+}
+
+TEST(GivesWizard, WritesBehindWhatTheFieldHolds) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"", "Option1; Check1; Check3; GivesValue=2; GivesTarget=SK:Climbing", "+2 to \"SK:Climbing\""},
+        {"", "Option2; GivesValue=%level; GivesTarget=ST", "=-\"%level\" \"ST\""},
+        {"", "Option1; Option4; Check1; Check2; GivesValue=1; GivesTarget=DX; MaximumGives=5",
+         "+1pts to \"DX\" upto 5"},
+        {"+1 to ST, ", "Option1; Option3; Check3; GivesValue=\"2\"; GivesTarget=DX",
+         "+1 to ST, , =\"\"2\"\" to \"DX\""},
+        {"", "Option2; Check1; GivesValue=3; GivesTarget=DX", "-3 \"DX\""},
+        {"", "Check1; GivesValue=3; GivesTarget=DX", "3 \"DX\""},
+    };
+    for (const auto& [held, steps, result] : rows) {
+        MemoryTextArea field(held);
+        const auto wizard = openWizard(kGivesWizard, field);
+        const ControlState& maximum = wizard->state.control("MaximumGives");
+        EXPECT_EQ(maximum.label, "");
+        work(*wizard, steps);
+        EXPECT_EQ(maximum.label, maximum.isEnabled ? " upto " : "");
+        EXPECT_EQ(wizard->finish({}).kind, DoneResult::Kind::Closes);
+        EXPECT_EQ(field.Text(), result);
+    }
+}
+
+TEST(FunctionWizard, WritesEachFunctionBehindWhatTheFieldHolds) {
+    MemoryTextArea field;
+    std::string expected;
+    for (int i = 0;
+         const char* shape : {"@FAC(a)", "@FIX(a)", "@IF(a THEN b ELSE c)", "@INT(a)", "@LOG(a, b)",
+                              "@MAX(a, b)", "@MIN(a, b)", "@NLOG(a)", "@POWER(a, b)", "@SQR(a)"}) {
+        const auto wizard = openWizard(kFunctionsWizard, field);
+        wizard->click("Combo1", 2);
+        wizard->click("Combo1", i++);
+        for (const auto& [name, text] : {std::pair("Text(0)", "a"), {"Text(1)", "b"}, {"Text(2)", "c"}}) {
+            const bool isArgument = wizard->state.control(name).isEnabled;
+            EXPECT_EQ(wizard->state.control(name).label.empty(), !isArgument);
+            EXPECT_EQ(wizard->check() == Complaint(kInvalidEntry, name), isArgument);
+            wizard->state.setText(name, text);
+        }
+        field.SetSelStart(0);
+        EXPECT_EQ(wizard->finish({}).kind, DoneResult::Kind::Closes);
+        EXPECT_EQ(field.Text(), expected += (expected.empty() ? "" : ", ") + std::string(shape));
+    }
 }
 
 TEST(LineLoss, TellsWhatTheFormDoesNotKeep) {
-    const struct {
-        const WizardTable& table;
-        const char *line, *told;
-    } rows[] = {
+    const std::tuple<const WizardTable&, const char*, const char*> rows[] = {
         {kSkillWizard, "Knife, P/E, page(1), default(DX-4)", ""},
         {kSkillWizard, "knife ,  p/e, Page( 1 )  ", ""},
         {kSkillWizard, "Knife, P/E, notes()", ""},
@@ -220,11 +255,11 @@ TEST(LineLoss, TellsWhatTheFormDoesNotKeep) {
         {kModWizard, "Sea, -10%, ROUND(down)", ""},
         {kModWizard, "Sea, -10%, notes(x)", ""},
     };
-    for (const auto& row : rows) {
+    for (const auto& [table, line, told] : rows) {
         MemoryTextArea area;
-        const auto wizard = open(row.table, area, OpeningMode::Edit);
-        wizard->load(row.line);
-        EXPECT_EQ(wizard->loss(), row.told) << row.line << " -> " << wizard->text();
+        const auto wizard = openWizard(table, area, OpeningMode::Edit);
+        wizard->load(line);
+        EXPECT_EQ(wizard->loss(), told) << line << " -> " << wizard->text();
     }
 }
 
