@@ -132,8 +132,4 @@ std::string BreakLongLine(std::string_view line, Section section, const LineBrea
     return Breaker(line, section, limits).run();
 }
 
-std::string BreakLongLine(Store& store, std::string_view line, Section section) {
-    return BreakLongLine(line, section, readLineBreakLimits(store));
-}
-
 }  // namespace klt

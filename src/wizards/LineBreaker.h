@@ -25,7 +25,4 @@ LineBreakLimits readLineBreakLimits(Store& store);
 /// maximum; else at the first one behind it. A line that needs or allows no break comes back as it is.
 std::string BreakLongLine(std::string_view line, Section section, const LineBreakLimits& limits);
 
-/// The same by the settings.
-std::string BreakLongLine(Store& store, std::string_view line, Section section);
-
 }  // namespace klt

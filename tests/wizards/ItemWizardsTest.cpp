@@ -164,49 +164,46 @@ TEST(AdvantageWizard, GivesAQuirkItsCost) {
 }
 
 TEST(SkillWizard, RequiresADefaultByAClickedType) {
-    MemoryTextArea document;
-    const auto wizard = openWizard(kSkillWizard, document);
-    const auto caption = [&] { return wizard->state.frame("fraDefault").caption; };
+    const auto wizard = makeWizard(kSkillWizard, {});
     for (size_t i = 0; const auto& type : std::vector(wizard->state.control("cmbItemType").list)) {
         wizard->click("cmbItemType", static_cast<int>(i++));
-        EXPECT_EQ(caption(), type.starts_with("MA/") ? "Skill Default (Required)" : "Skill Default") << type;
-    }
-    work(*wizard, "cmbItemType#8; rtbItemName=N; rtbItemDefault=D; cmbItemClass=K");
-    wizard->finish({});
-    EXPECT_EQ(caption(), "Skill Default") << "no type is chosen then";
-}
-
-TEST(ModWizard, AppendsToAPackagesField) {
-    MemoryTextArea field;
-    for (const char* expected : {"N, 5", "N, 5 .AND. N, 5"}) {
-        const auto wizard = openWizard(kModWizard, field, kOfPackage);
-        work(*wizard, "ModName=N; ModValue=5");
-        field.SetSelStart(0);
-        EXPECT_EQ(wizard->finish({.maximum = 3}).kind, DoneResult::Kind::Closes);
-        EXPECT_EQ(field.Text(), expected);
+        EXPECT_EQ(wizard->state.frame("fraDefault").caption,
+                  type.starts_with("MA/") ? "Skill Default (Required)" : "Skill Default")
+            << type;
     }
 }
 
-TEST(GivesWizard, WritesBehindWhatTheFieldHolds) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"", "Option1; Check1; Check3; GivesValue=2; GivesTarget=SK:Climbing", "+2 to \"SK:Climbing\""},
-        {"", "Option2; GivesValue=%level; GivesTarget=ST", "=-\"%level\" \"ST\""},
-        {"", "Option1; Option4; Check1; Check2; GivesValue=1; GivesTarget=DX; MaximumGives=5",
+TEST(ItemWizards, WriteIntoTheFieldOfAnotherForm) {
+    const std::tuple<const WizardTable&, const char*, const char*, const char*> rows[] = {
+        {kAdWizard, "an older line",
+         "optPoType; rtbItemName=Keel; rtbItemCost=5; rtbItemNotes=it is never broken",
+         "Keel, 5, notes(it is never broken)"},
+        {kModWizard, "", "ModName=N; ModValue=5", "N, 5"},
+        {kModWizard, "N, 5", "ModName=N; ModValue=5", "N, 5 .AND. N, 5"},
+        {kGivesWizard, "", "Option1; Check1; Check3; GivesValue=2; GivesTarget=SK:Climbing",
+         "+2 to \"SK:Climbing\""},
+        {kGivesWizard, "", "Option2; GivesValue=%level; GivesTarget=ST", "=-\"%level\" \"ST\""},
+        {kGivesWizard, "", "Option1; Option4; Check1; Check2; GivesValue=1; GivesTarget=DX; MaximumGives=5",
          "+1pts to \"DX\" upto 5"},
-        {"+1 to ST, ", "Option1; Option3; Check3; GivesValue=\"2\"; GivesTarget=DX",
-         "+1 to ST, , =\"\"2\"\" to \"DX\""},
-        {"", "Option2; Check1; GivesValue=3; GivesTarget=DX", "-3 \"DX\""},
-        {"", "Check1; GivesValue=3; GivesTarget=DX", "3 \"DX\""},
+        {kGivesWizard, "+1 to ST, ", "Option1; Option3; GivesValue=\"2\"; GivesTarget=DX",
+         "+1 to ST, , =\"\"2\"\" \"DX\""},
+        {kGivesWizard, "", "Option2; Check1; GivesValue=3; GivesTarget=DX", "-3 \"DX\""},
+        {kGivesWizard, "", "Check1; GivesValue=3; GivesTarget=DX", "3 \"DX\""},
     };
-    for (const auto& [held, steps, result] : rows) {
+    for (const auto& [table, held, steps, result] : rows) {
         MemoryTextArea field(held);
-        const auto wizard = openWizard(kGivesWizard, field);
-        const ControlState& maximum = wizard->state.control("MaximumGives");
-        EXPECT_EQ(maximum.label, "");
+        const auto wizard = openWizard(table, field, kOfPackage);
         work(*wizard, steps);
-        EXPECT_EQ(maximum.label, maximum.isEnabled ? " upto " : "");
-        EXPECT_EQ(wizard->finish({}).kind, DoneResult::Kind::Closes);
+        EXPECT_EQ(wizard->finish({.maximum = 3}), DoneResult{DoneResult::Kind::Closes});
         EXPECT_EQ(field.Text(), result);
+    }
+}
+
+TEST(GivesWizard, NamesItsLimitWhereItHasOne) {
+    const auto wizard = makeWizard(kGivesWizard, {});
+    for (const auto& [steps, label] : {std::pair("", ""), {"Check2", " upto "}, {"Check3#0", ""}}) {
+        work(*wizard, steps);
+        EXPECT_EQ(wizard->state.control("MaximumGives").label, label) << steps;
     }
 }
 

@@ -5,9 +5,7 @@
 #include <algorithm>
 #include <random>
 
-#include "settings/GetSetting.h"
 #include "support/BrokenLaws.h"
-#include "support/Scratch.h"
 
 namespace klt {
 namespace {
@@ -19,15 +17,9 @@ std::string shown(std::string text) {
 }
 
 TEST(LineBreaker, ChoosesTheBreak) {
-    struct Row {
-        Section section;
-        int maximum, tolerance;
-        const char *line, *broken;
-    };
-    const auto ads = Section::Ads;
-    const auto skills = Section::Skills;
-    const auto packages = Section::Packages;
-    for (const auto& row : {
+    using Row = std::tuple<Section, int, int, const char*, const char*>;
+    const auto ads = Section::Ads, skills = Section::Skills, packages = Section::Packages;
+    for (const auto& [section, maximum, tolerance, line, broken] : {
              // The length is that of the piece, with its tab and its mark, in characters.
              Row{ads, 0, 10, "Name, 5, page(1), cat(2)", "Name, 5, page(1), cat(2)"},
              Row{ads, -3, 10, "Name, 5, page(1), cat(2)", "Name, 5, page(1), cat(2)"},
@@ -77,20 +69,8 @@ TEST(LineBreaker, ChoosesTheBreak) {
              Row{packages, 4, 0, "Add=Race .AT. b, c", "Add=Race .AT. b, c"},
              Row{Section::Groups, 4, 0, "SK:a b c", "SK:a b c"},
          })
-        EXPECT_EQ(shown(BreakLongLine(row.line, row.section, {row.maximum, row.tolerance})), row.broken)
-            << row.line << " at " << row.maximum << " less " << row.tolerance;
-}
-
-TEST(LineBreaker, AsksTheSettings) {
-    const ScratchFolder folder;
-    Store store(folder / "store.sqlite3");
-    EXPECT_EQ(readLineBreakLimits(store).maximum, 80);
-    EXPECT_EQ(readLineBreakLimits(store).tolerance, 10);
-    SaveSetting(store, "KLTEdit", "Options", "LineBreaker Maximum Length", "20");
-    SaveSetting(store, "KLTEdit", "Options", "LineBreaker Tolerance", "99");
-    EXPECT_EQ(readLineBreakLimits(store).tolerance, 20);
-    EXPECT_EQ(shown(BreakLongLine(store, "Name, 5, page(1), cat(2)", Section::Ads)),
-              "Name, 5, page(1),~cat(2)");
+        EXPECT_EQ(shown(BreakLongLine(line, section, {maximum, tolerance})), broken)
+            << line << " at " << maximum << " less " << tolerance;
 }
 
 // Lines made of what the language has, whole or with a few characters wrong.

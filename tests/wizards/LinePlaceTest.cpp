@@ -14,11 +14,7 @@ namespace {
 using Strings = std::vector<std::string>;
 
 TEST(FillCategories, TakesTheLinesThatAHeadingStarts) {
-    const struct {
-        const char* name;
-        std::string text;
-        Strings categories;
-    } rows[] = {
+    const std::tuple<const char*, std::string, Strings> rows[] = {
         {"in their order", "x\r\n[ADS]\r\n<B>\r\nI, 5\r\n<A>\r\n", {"B", "A"}},
         {"the section's only", "<Z>\r\n[Ads]\r\n<A>\r\n[Disads]\r\n<B>", {"A"}},
         {"an indented [ is none of a section", "[Ads]\r\n  [x\r\n<A>", {"A"}},
@@ -31,25 +27,18 @@ TEST(FillCategories, TakesTheLinesThatAHeadingStarts) {
         {"anywhere in the text", "* see [ads]\r\n<A>\r\n[Ads]\r\n<B>\r\n", {"A"}},
         {"beyond ASCII", "[Ads]\r\n<Gewürz\u00df>", {"Gewürz\u00df"}},
     };
-    for (const auto& row : rows) EXPECT_EQ(FillCategories(row.text, "[Ads]"), row.categories) << row.name;
+    for (const auto& [name, text, categories] : rows)
+        EXPECT_EQ(FillCategories(text, "[Ads]"), categories) << name;
 }
-
-/// A "/" is a line end; the "^" of the result is the caret.
-struct Placed {
-    const char* name;
-    std::string text;
-    std::string subsection;
-    Strings list;
-    int index;
-    std::string result;
-};
 
 std::string withLineEnds(std::string_view text) {
     return FastReplace(text, "/", "\r\n");
 }
 
 TEST(GoToSubSection, LeavesTheCaretOnAnEmptyLine) {
-    const Placed rows[] = {
+    // The text, the subsection, those of the section and its place among them, and then the text with "^" at
+    // the caret; a "/" is a line end.
+    const std::tuple<const char*, const char*, const char*, Strings, int, const char*> rows[] = {
         {"newest first", "[S]/<A>/Old, 5/", "<A>", {"A"}, 0, "[S]/<A>/^/Old, 5/"},
         {"in any case", "[s]/<a> /Old, 5", "<A>", {"A"}, 0, "[s]/<a> /^/Old, 5"},
         {"no section", "x/", "<A>", {"A"}, 0, "x/[S]///<A>/^/"},
@@ -67,17 +56,16 @@ TEST(GoToSubSection, LeavesTheCaretOnAnEmptyLine) {
         {"in a section that has none", "[s] x/I, 1/", "", {}, -1, "[s] x/^/I, 1/"},
         {"one that is not there", "x/", "", {}, -1, "x/[S]///^"},
     };
-    for (const auto& row : rows) {
-        MemoryTextArea document(withLineEnds(row.text));
-        if (row.subsection.empty()) {
+    for (const auto& [name, before, subsection, list, index, after] : rows) {
+        MemoryTextArea document(withLineEnds(before));
+        if (*subsection == '\0') {
             GoToSection(document, "[S]");
         } else {
-            GoToSubSection(document, "[S]", row.subsection, {row.list, row.index});
+            GoToSubSection(document, "[S]", subsection, {list, index});
         }
+        EXPECT_EQ(document.SelLength(), 0) << name;
         auto text = std::string(document.Text());
-        EXPECT_EQ(document.SelLength(), 0) << row.name;
-        EXPECT_EQ(text.insert(static_cast<size_t>(document.SelStart()), "^"), withLineEnds(row.result))
-            << row.name;
+        EXPECT_EQ(text.insert(static_cast<size_t>(document.SelStart()), "^"), withLineEnds(after)) << name;
     }
 }
 
@@ -86,21 +74,18 @@ TEST(GoToSubSection, LaysTheStylesOfWhatItWrites) {
     const Strings list{"A"};
     GoToSubSection(document, "[Ads]", "<A>", {list, 0});
     document.SetSelText("I, 5");
-    const auto styleOf = [&document](std::string_view text) {
-        return static_cast<StyleCategory>(
-            document.StyleAt(static_cast<Position>(document.Text().find(text))));
-    };
-    EXPECT_EQ(styleOf("[Ads]"), StyleCategory::Sections);
-    EXPECT_EQ(styleOf("<A>"), StyleCategory::SubSections);
-    EXPECT_EQ(styleOf("I, 5"), StyleCategory::NormalText);
+    for (const auto& [text, style] : {std::pair("[Ads]", StyleCategory::Sections),
+                                      {"<A>", StyleCategory::SubSections},
+                                      {"I, 5", StyleCategory::NormalText}})
+        EXPECT_EQ(document.StyleAt(document.Find(text, 0)), static_cast<StyleByte>(style)) << text;
 }
 
 TEST(ScrollToSection, BringsItsLineToTheTop) {
     MemoryTextArea document("a\r\nb\r\n[ads]\r\nc\r\nd");
-    ScrollToSection(document, "[Powers]");
-    EXPECT_EQ(document.FirstVisibleLine(), 0);
-    ScrollToSection(document, "[Ads]");
-    EXPECT_EQ(document.FirstVisibleLine(), 2);
+    for (const auto& [section, line] : {std::pair("[Powers]", 0), {"[Ads]", 2}}) {
+        ScrollToSection(document, section);
+        EXPECT_EQ(document.FirstVisibleLine(), line);
+    }
 }
 
 }  // namespace

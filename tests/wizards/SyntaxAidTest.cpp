@@ -9,15 +9,8 @@ using namespace klt;
 namespace {
 
 TEST(SyntaxAid, DoesWhatTheItemStandsFor) {
-    const struct {
-        const char* menu;
-        int position;
-        /// The field, "^" its caret.
-        std::string field;
-        std::string prompt;
-        std::string answer;
-        std::string result;
-    } rows[] = {
+    // The field with its caret as "^", what is asked and answered, and the field then.
+    const std::tuple<const char*, int, std::string, const char*, const char*, const char*> rows[] = {
         {"Default", 2, "^", "Type the name of the item to which skill defaults:", "4", "ST-4"},
         {"Default", 7, "DX-5^", "Type the name of the item to which skill defaults:", "A", "DX-5, SK:A"},
         {"Gives", 7, "^", "Type the name of the item that will receive the bonus:", "ST", "ST"},
@@ -46,20 +39,19 @@ TEST(SyntaxAid, DoesWhatTheItemStandsFor) {
         {"Upto", 13, "a", "", "", "a"},
         {"PackMods", 1, "^a", "", "", "a .AND. "},
     };
-    for (const auto& row : rows) {
-        auto text = row.field;
-        const auto caret = text.find('^');
-        if (caret != text.npos) text.erase(caret, 1);
-        MemoryTextArea field(text);
-        field.SetSelStart(static_cast<Position>(std::min(caret, text.size())));
+    for (const auto& [menu, position, before, prompt, answer, result] : rows) {
+        auto text = before;
+        const auto caret = std::min(text.find('^'), text.size());
+        MemoryTextArea field(text.erase(caret, 1));
+        field.SetSelStart(static_cast<Position>(caret));
         std::string asked;
-        const auto outcome = SyntaxAid(*aidMenu(row.menu), row.position, field, [&](std::string_view prompt) {
-            asked = prompt;
-            return row.answer;
+        const auto outcome = SyntaxAid(*aidMenu(menu), position, field, [&](std::string_view question) {
+            asked = question;
+            return answer;
         });
-        EXPECT_EQ(field.Text(), row.result) << row.menu << row.position;
-        EXPECT_EQ(asked, row.prompt) << row.menu << row.position;
-        EXPECT_EQ(outcome, row.result == text ? AidOutcome::Nothing : AidOutcome::Inserted);
+        EXPECT_EQ(field.Text(), result) << menu << position;
+        EXPECT_EQ(asked, prompt) << menu << position;
+        EXPECT_EQ(outcome, result == text ? AidOutcome::Nothing : AidOutcome::Inserted);
     }
 }
 
