@@ -17,7 +17,6 @@ namespace {
 class CheckWizardFieldTest : public testing::Test {
 protected:
     CheckWizardFieldTest() { highlighter.state.functionStack.reset(); }  // as a pass leaves it
-    void switchOn(bool checks) { writeSetting(store, settings::kWizardSyntaxCheck, checks); }
 
     ScratchHome home;
     Store store;
@@ -26,13 +25,7 @@ protected:
 };
 
 TEST_F(CheckWizardFieldTest, ColoursWhatIsTyped) {
-    const struct {
-        const char* tag;
-        const char* typed;
-        bool checks;
-        const char* text;
-        const char* runs;
-    } rows[] = {
+    const std::tuple<const char*, const char*, bool, const char*, const char*> rows[] = {
         {"gives(", "+1 to sk:Knife", true, "+1 To SK:Knife",
          "0 1 Math Characters\n3 5 Keywords\n6 9 Prefix Tags"},
         {"gives(", "+1 to sk:Knife", false, "+1 to sk:Knife", ""},
@@ -45,13 +38,13 @@ TEST_F(CheckWizardFieldTest, ColoursWhatIsTyped) {
         {"type(", "abc", true, "abc", ""},
     };
     writeSetting(store, settings::kMatchParenthesis, false);
-    for (const auto& row : rows) {
-        switchOn(row.checks);
+    for (const auto& [tag, typed, checks, text, runs] : rows) {
+        writeSetting(store, settings::kWizardSyntaxCheck, checks);
         Box box(RichTextBox::Kind::Field);
-        makeWizardField(box, row.tag, highlighter, store);
-        QTest::keyClicks(&box, row.typed);
-        EXPECT_EQ(box.shown(), row.text) << row.tag << row.typed;
-        EXPECT_EQ(box.StyleRuns().toStdString(), row.runs) << row.tag << row.typed;
+        makeWizardField(box, tag, highlighter, store);
+        QTest::keyClicks(&box, typed);
+        EXPECT_EQ(box.shown(), text) << tag << typed;
+        EXPECT_EQ(box.StyleRuns(), runs) << tag << typed;
         EXPECT_EQ(box.SelStart(), box.Length());
     }
 }
@@ -76,11 +69,11 @@ TEST_F(CheckWizardFieldTest, ComesOutOfErrorWhenTheParenthesesBalance) {
     writeSetting(store, settings::kMatchParenthesis, true);
     QTest::keyClicks(&box, "a (b");
     EXPECT_EQ(box.shown(), "a (b)");
-    EXPECT_EQ(box.StyleRuns().toStdString().find("Syntax Error"), std::string::npos);
+    EXPECT_FALSE(box.StyleRuns().contains("Syntax Error"));
     box.key(Qt::Key_Delete);
     EXPECT_EQ(box.StyleRuns(), "0 4 Syntax Error");
     box.key(Qt::Key_Z, kCtrl);
-    EXPECT_EQ(box.StyleRuns().toStdString().find("Syntax Error"), std::string::npos);
+    EXPECT_FALSE(box.StyleRuns().contains("Syntax Error"));
 }
 
 }  // namespace

@@ -70,22 +70,18 @@ protected:
 };
 
 TEST(AidPopup, IsChosenFromByItsKeys) {
-    const struct {
-        std::string_view menu;
-        std::vector<Qt::Key> keys;
-        int position;
-    } rows[] = {
+    const std::tuple<const char*, std::vector<Qt::Key>, int> rows[] = {
         {"Default", {Qt::Key_T, Qt::Key_D}, 3},
         {"Default", {Qt::Key_T, Qt::Key_Escape, Qt::Key_At}, 10},
         {"Gives2", {Qt::Key_Down, Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}, 8},
         {"Needs", {Qt::Key_I, Qt::Key_R}, 14},
         {"Upto", {Qt::Key_Escape}, 0},
     };
-    for (const auto& row : rows) {
-        next([&row] {
-            for (const auto key : row.keys) QTest::keyClick(QApplication::activePopupWidget(), key);
+    for (const auto& [menu, keys, position] : rows) {
+        next([pressed = keys] {
+            for (const auto key : pressed) QTest::keyClick(QApplication::activePopupWidget(), key);
         });
-        EXPECT_EQ(AidPopup(*aidMenu(row.menu)).choose({}), row.position) << row.menu;
+        EXPECT_EQ(AidPopup(*aidMenu(menu)).choose({}), position) << menu;
     }
 }
 
@@ -119,22 +115,21 @@ TEST_F(WizardAidsTest, FunctionsNestToTheLimit) {
     std::string message;
     int levels = 0;
     const auto choose = [&levels](const char* function) {
-        EXPECT_EQ(QApplication::activeModalWidget()->objectName(), "frmFunctionsWizard");
-        EXPECT_EQ(QApplication::activeModalWidget()->property("Tag"), QString::number(levels++));
+        auto& form = *QApplication::activeModalWidget();
+        EXPECT_EQ(form.objectName(), "frmFunctionsWizard");
+        EXPECT_EQ(form.property("Tag"), QString::number(levels++));
         auto& combo = *find<QComboBox>("Combo1");
         QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(&combo, &menuKey);
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "it has no text to change";
         QTest::keyClicks(&combo, function);
-    };
-    const auto labels = [] {
-        QStringList shown;
+        QStringList labels;
         for (const auto* name : {"Label1", "Label2", "Label3"})
-            shown << (find<QLabel>(name)->isVisible() ? find<QLabel>(name)->text() : "-");
-        return shown.join(' ');
+            if (find<QLabel>(name)->isVisible()) labels << find<QLabel>(name)->text();
+        return labels.join(' ').toStdString();
     };
     const Work fillInnermost = [&] {
-        choose("@SQR");
+        EXPECT_EQ(choose("@SQR"), "Number:");
         aid("Command3(0)", Qt::Key_At, [&message] {
             auto* const box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (box->icon() == QMessageBox::Information) message = box->text().toStdString();
@@ -143,16 +138,14 @@ TEST_F(WizardAidsTest, FunctionsNestToTheLimit) {
         type("Text(0)", "4", Qt::Key_Return);
     };
     const Work fillMiddle = [&] {
-        choose("@MAX");
-        EXPECT_EQ(labels(), "First Item: Second Item: -");
+        EXPECT_EQ(choose("@MAX"), "First Item: Second Item:");
         type("Text(0)", "3");
         aid("Command3(1)", Qt::Key_At, fillInnermost);
         EXPECT_TRUE(isFocus(*find<RichTextBox>("Text(1)")));
         click("Command1");
     };
     next([&] {
-        choose("@IF");
-        EXPECT_EQ(labels(), "IF THEN ELSE");
+        EXPECT_EQ(choose("@IF"), "IF THEN ELSE");
         for (const auto* argument : {"Text(0)", "Text(1)"}) type(argument, "a");
         aid("Command3(2)", Qt::Key_At, fillMiddle);
         click("Command1");

@@ -16,66 +16,54 @@ using namespace klt;
 
 namespace {
 
-struct Shown {
-    frmInput& dialog;
-    RichTextBox& field;
-    QPushButton& ok;
-    QPushButton& cancel;
-};
+using Close = std::function<void(frmInput&)>;
+
+Close press(Qt::Key key) {
+    return [key](frmInput& dialog) { QTest::keyClick(dialog.focusWidget(), key); };
+}
+Close click(const char* button) {
+    return [button](frmInput& dialog) {
+        QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
+    };
+}
+const Close kClose = [](frmInput& dialog) { dialog.close(); };
+const Close kIsOpen = [](frmInput& dialog) { EXPECT_TRUE(dialog.isVisible()); };
 
 TEST(frmInput, GivesWhatWasTypedAndNothingWhereItIsCancelled) {
     const ScratchHome home;
     Store store;
     CRegSettings styles(store);
     modKLTSyntaxHighlighter highlighter(styles);
-    const struct {
-        const char* what;
-        const char* typed;
-        std::function<void(const Shown&)> close;
-        const char* result;
-    } rows[] = {
-        {"Enter", "Knife (", [](const Shown& it) { QTest::keyClick(&it.field, Qt::Key_Return); }, "Knife ()"},
-        {"OK", "x", [](const Shown& it) { QTest::mouseClick(&it.ok, Qt::LeftButton); }, "x"},
-        {"Cancel", "x", [](const Shown& it) { QTest::mouseClick(&it.cancel, Qt::LeftButton); }, ""},
-        {"Escape", "x", [](const Shown& it) { QTest::keyClick(&it.field, Qt::Key_Escape); }, ""},
-        {"the system menu", "x", [](const Shown& it) { it.dialog.close(); }, ""},
-        {"OK, and closed again", "x",
-         [](const Shown& it) {
-             it.ok.click();
-             it.dialog.close();
-         },
-         "x"},
-        {"Enter without a text", "",
-         [](const Shown& it) {
-             QTest::keyClick(&it.field, Qt::Key_Return);
-             EXPECT_TRUE(it.dialog.isVisible());
-             EXPECT_FALSE(it.ok.isEnabled());
-             it.dialog.close();
-         },
-         ""},
+    const std::tuple<const char*, const char*, std::vector<Close>, const char*> rows[] = {
+        {"Enter", "Knife (", {press(Qt::Key_Return)}, "Knife ()"},
+        {"OK", "x", {click("OKButton")}, "x"},
+        {"Cancel", "x", {click("CancelButton")}, ""},
+        {"Escape", "x", {press(Qt::Key_Escape)}, ""},
+        {"the system menu", "x", {kClose}, ""},
+        {"OK, and closed again", "x", {click("OKButton"), kClose}, "x"},
+        {"Enter without a text", "", {press(Qt::Key_Return), kIsOpen, kClose}, ""},
     };
     QWidget owner;
     owner.show();
-    for (const auto& row : rows) {
+    for (const auto& [what, typed, ways, result] : rows) {
         frmInput dialog(highlighter, store);
         bool wasShown = false;
         QTimer::singleShot(0, &dialog, [&] {
-            const Shown it{dialog, *dialog.findChild<RichTextBox*>("richReturn"),
-                           *dialog.findChild<QPushButton*>("OKButton"),
-                           *dialog.findChild<QPushButton*>("CancelButton")};
+            auto& field = *dialog.findChild<RichTextBox*>("richReturn");
+            const auto& ok = *dialog.findChild<QPushButton*>("OKButton");
             EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
-            wasShown = QApplication::activeModalWidget() == &dialog && it.field.hasFocus();
-            EXPECT_EQ(dialog.findChild<QLabel*>("lblCaption")->buddy(), &it.field);
-            EXPECT_FALSE(it.ok.isEnabled()) << row.what;
-            QTest::keyClicks(&it.field, row.typed);
-            EXPECT_EQ(it.ok.isEnabled(), *row.typed != '\0') << row.what;
-            row.close(it);
+            wasShown = QApplication::activeModalWidget() == &dialog && field.hasFocus();
+            EXPECT_EQ(dialog.findChild<QLabel*>("lblCaption")->buddy(), &field);
+            EXPECT_FALSE(ok.isEnabled()) << what;
+            QTest::keyClicks(&field, typed);
+            EXPECT_EQ(ok.isEnabled(), *typed != '\0') << what;
+            for (const auto& way : ways) way(dialog);
         });
         EXPECT_EQ(dialog.windowTitle(), "KLT Editor Beta");
         dialog.ShowDialog("Name of the &skill:", &owner, "Skill");
-        EXPECT_TRUE(wasShown) << row.what;
+        EXPECT_TRUE(wasShown) << what;
         EXPECT_EQ(dialog.windowTitle(), "Skill");
-        EXPECT_EQ(dialog.DialogResult(), row.result) << row.what;
+        EXPECT_EQ(dialog.DialogResult(), result) << what;
     }
 }
 
