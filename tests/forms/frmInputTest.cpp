@@ -27,6 +27,7 @@ Close click(const char* button) {
     };
 }
 const Close kClose = [](frmInput& dialog) { dialog.close(); };
+const Close kReject = [](frmInput& dialog) { dialog.reject(); };
 const Close kIsOpen = [](frmInput& dialog) { EXPECT_TRUE(dialog.isVisible()); };
 
 TEST(frmInput, GivesWhatWasTypedAndNothingWhereItIsCancelled) {
@@ -40,7 +41,11 @@ TEST(frmInput, GivesWhatWasTypedAndNothingWhereItIsCancelled) {
         {"Cancel", "x", {click("CancelButton")}, ""},
         {"Escape", "x", {press(Qt::Key_Escape)}, ""},
         {"the system menu", "x", {kClose}, ""},
-        {"OK, and closed again", "x", {click("OKButton"), kClose}, "x"},
+        {"OK, and refused behind it", "x", {click("OKButton"), kReject}, "x"},
+        {"Enter where it was taken back",
+         "x",
+         {press(Qt::Key_Backspace), press(Qt::Key_Return), kIsOpen, kClose},
+         ""},
         {"Enter without a text", "", {press(Qt::Key_Return), kIsOpen, kClose}, ""},
     };
     QWidget owner;

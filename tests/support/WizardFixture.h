@@ -25,6 +25,7 @@ protected:
         });
         action(command)->trigger();
     }
+    void inWizard(const char* command, const std::function<void()>& work) { inWizard(work, command); }
     /// Offscreen nobody does it, and without it the focus tells nothing.
     static void activate(QWidget& window) {
         window.activateWindow();
@@ -42,8 +43,8 @@ protected:
     Widget& the(const char* name) {
         return *form_->findChild<Widget*>(name);
     }
+    void type(const char* control, const char* text) { QTest::keyClicks(&the<QWidget>(control), text); }
     void press(const char* button) { QTest::mouseClick(&the<QAbstractButton>(button), Qt::LeftButton); }
-    void choose(const char* option) { press(option); }
     void done() { press("cmdOK"); }
     std::string text(const char* field) { return std::string(the<RichTextBox>(field).Text()); }
 

@@ -79,11 +79,10 @@ public:
     std::string next(Section section) {
         std::string line;
         if (section == Section::Packages) {
-            line = pick(
-                {"ADD=SK:", "ADD=AD:", "CREATE=SK:", "CREATE=AD:", "CREATE=ST:", "create=sp:", "ADD=ST"});
+            line = pick("ADD=SK:~ADD=AD:~CREATE=SK:~CREATE=AD:~CREATE=ST:~create=sp:~ADD=ST");
             line += line.starts_with("ADD") ? pick(kNames) : item();
             for (size_t i = random(4); i > 0; --i)
-                line += pick({" .AT. 5", " .AT. 7 pts", " .WITH. ", " .AND. ", " .WITH. "}) + modifier();
+                line += pick(" .AT. 5~ .AT. 7 pts~ .WITH. ~ .AND. ~ .WITH. ") + modifier();
         } else {
             line = item();
         }
@@ -95,33 +94,27 @@ public:
     size_t random(size_t below) { return engine_() % below; }
 
 private:
-    using Texts = std::initializer_list<const char*>;
-    static constexpr Texts kNames = {"Sword",       "Long Sword", "Of (the, old) Sea", "\"A, b\" c",
-                                     "\xC3\x84xte", "a  b",       "Rope _ Work",       "12\" Blade"};
-    static constexpr Texts kSeconds = {"5", "10/20", "M/A", "+10%", "5 / 10", "no"};
-    static constexpr Texts kSigns = {"",  ",", ", ", " ", "|", "_",  "\"", "(",
-                                     ")", "*", "<",  "[", "@", "\t", ":",  "+"};
-    static constexpr Texts kTags = {"gives(+1 to ST)",
-                                    "gives(+1 pts to SK:Long Sword upto 3, -2 to DX, =%level + 1 To IQ)",
-                                    "gives(@MAX(ST, 3) + 2 to SK:A B, @IF(ST > 3 THEN 1 ELSE 2) To SK:C)",
-                                    "needs(2 SK:Knife Work, SK:Axe >= 12 | AD:Long Sight, Spells = 3)",
-                                    "needs(SK:\"A, b\" >= @INT(SK:C / 2) | ST > 3 + 1, DI:X Y)",
-                                    "default(DX - 5, SK:Other Skill - 2, @MIN(IQ, ST) + 1)",
-                                    "upto(@IF(DX > 3 THEN ST - 1 ELSE LowPrereq))",
-                                    "notes(a b, c (d, e) | f \"g, h\" i)",
-                                    "mods(Loud, Very Quiet), cat(Body, Mind)",
-                                    "page(B 12), stat(DX)",
-                                    "type(M/A)",
-                                    "basevalue(ST * 2 + @SQR(DX))",
-                                    "step(1 2), up(10 / 20)",
-                                    "minscore(1 + 2), display(yes)",
-                                    "round(up), time(1 hour)",
-                                    "other(a, b)",
-                                    "gives(+1 ST, to)",
-                                    "needs({a}, @FOO(1, 2))"};
+    // With "~" between.
+    static constexpr auto kNames =
+        "Sword~Long Sword~Of (the, old) Sea~\"A, b\" c~\xC3\x84xte~a  b~Rope _ Work~12\" Blade";
+    static constexpr auto kSeconds = "5~10/20~M/A~+10%~5 / 10~no";
+    static constexpr auto kSigns = "~,~, ~ ~|~_~\"~(~)~*~<~[~@~\t~:~+";
+    static constexpr auto kTags =
+        "gives(+1 to ST)~gives(+1 pts to SK:Long Sword upto 3, -2 to DX, =%level + 1 To IQ)~"
+        "gives(@MAX(ST, 3) + 2 to SK:A B, @IF(ST > 3 THEN 1 ELSE 2) To SK:C)~gives(+1 ST, to)~"
+        "needs(2 SK:Knife Work, SK:Axe >= 12 | AD:Long Sight, Spells = 3)~needs({a}, @FOO(1, 2))~"
+        "needs(SK:\"A, b\" >= @INT(SK:C / 2) | ST > 3 + 1, DI:X Y)~page(B 12), stat(DX)~"
+        "default(DX - 5, SK:Other Skill - 2, @MIN(IQ, ST) + 1)~type(M/A)~other(a, b)~"
+        "upto(@IF(DX > 3 THEN ST - 1 ELSE LowPrereq))~notes(a b, c (d, e) | f \"g, h\" i)~"
+        "mods(Loud, Very Quiet), cat(Body, Mind)~basevalue(ST * 2 + @SQR(DX))~step(1 2), up(10 / 20)~"
+        "minscore(1 + 2), display(yes)~round(up), time(1 hour)";
 
-    std::string pick(Texts texts) { return texts.begin()[random(texts.size())]; }
-    std::string separator() { return random(8) == 0 ? pick({",", ",  ", " | ", " ", ",\t"}) : ", "; }
+    std::string pick(std::string_view texts) {
+        for (auto left = random(static_cast<size_t>(std::ranges::count(texts, '~')) + 1); left > 0; --left)
+            texts.remove_prefix(texts.find('~') + 1);
+        return std::string(texts.substr(0, texts.find('~')));
+    }
+    std::string separator() { return random(8) == 0 ? pick(",~,  ~ | ~ ~,\t") : ", "; }
     std::string item() {
         auto text = pick(kNames);
         if (random(4) > 0) text += separator() + pick(kSeconds);
