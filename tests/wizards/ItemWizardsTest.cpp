@@ -37,6 +37,8 @@ TEST(ItemWizards, WriteTheirFieldsInTheirOrder) {
          "[Skills]\r\n\r\n\r\n<K>\r\nN, M/A, default(D), gives(G), mods(M), needs(E), notes(O), page(P), "
          "stat(own), upto(U), cat(C)\r\n",
          "cmbItemClass rtbItemCat "},
+        {kSkillWizard, "rtbItemName=N; cmbItemType#8; rtbItemDefault=D; cmbItemClass=K",
+         "[Skills]\r\n\r\n\r\n<K>\r\nN, MA/A, default(D)\r\n", "cmbItemClass "},
         {kSpellWizard,
          "SpellName=N; SpellType=T; SpellDuration=D; CastingCost=C; SpellPrereq=E; SpellNotes=O; "
          "SpellPage=P; "

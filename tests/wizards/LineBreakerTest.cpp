@@ -28,6 +28,7 @@ TEST(LineBreaker, ChoosesTheBreak) {
              Row{ads, 17, 0, "Name, 5, page(1), cat(2)", "Name, 5, page(1),~cat(2)"},
              Row{ads, 16, 0, "Name, 5, page(1), cat(2)", "Name, 5,~page(1), cat(2)"},
              Row{ads, 15, 0, "Name, 5, page(1), cat(2)", "Name, 5,~page(1),~cat(2)"},
+             Row{ads, 20, 20, "Name, 5, page(1), cat(2)", "Name, 5, page(1),~cat(2)"},
              Row{ads, 8, 0, "N\xC3\xA4me, 5, page(1)", "N\xC3\xA4me, 5,~page(1)"},
              Row{ads, 6, 0, "\xC3\x84 b c d", "\xC3\x84 b _~c d"},
              Row{ads, 4, 0, "\xC3\x84 b c d", "\xC3\x84 _~b _~c d"},
