@@ -42,11 +42,7 @@ TEST(frmInput, GivesWhatWasTypedAndNothingWhereItIsCancelled) {
         {"Escape", "x", {press(Qt::Key_Escape)}, ""},
         {"the system menu", "x", {kClose}, ""},
         {"OK, and refused behind it", "x", {click("OKButton"), kReject}, "x"},
-        {"Enter where it was taken back",
-         "x",
-         {press(Qt::Key_Backspace), press(Qt::Key_Return), kIsOpen, kClose},
-         ""},
-        {"Enter without a text", "", {press(Qt::Key_Return), kIsOpen, kClose}, ""},
+        {"Enter without a text", "x", {press(Qt::Key_Backspace), press(Qt::Key_Return), kIsOpen, kClose}, ""},
     };
     QWidget owner;
     owner.show();
@@ -61,7 +57,7 @@ TEST(frmInput, GivesWhatWasTypedAndNothingWhereItIsCancelled) {
             EXPECT_EQ(dialog.findChild<QLabel*>("lblCaption")->buddy(), &field);
             EXPECT_FALSE(ok.isEnabled()) << what;
             QTest::keyClicks(&field, typed);
-            EXPECT_EQ(ok.isEnabled(), *typed != '\0') << what;
+            EXPECT_TRUE(ok.isEnabled()) << what;
             for (const auto& way : ways) way(dialog);
         });
         EXPECT_EQ(dialog.windowTitle(), "KLT Editor Beta");

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ranges>
-
 #include "support/MemoryTextArea.h"
 #include "support/WizardSteps.h"
 #include "wizards/LineLoss.h"
@@ -70,9 +68,9 @@ TEST(ItemWizards, WriteTheirFieldsInTheirOrder) {
         EXPECT_EQ(document.Text(), written);
         const auto fresh = openWizard(table, document);
         std::string changed;
-        for (const auto name : std::views::transform(table.controls, &ControlRow::name)) {
-            const auto &now = wizard->state.control(name), &first = fresh->state.control(name);
-            if (now.text != first.text || now.state != first.state) changed.append(name).append(" ");
+        for (const ControlRow& row : table.controls) {
+            const auto &now = wizard->state.control(row.name), &first = fresh->state.control(row.name);
+            if (now.text != first.text || now.state != first.state) changed.append(row.name).append(" ");
         }
         EXPECT_EQ(changed, kept);
     }
