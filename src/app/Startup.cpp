@@ -15,6 +15,7 @@
 #include "app/Editor.h"
 #include "app/window/ProgramIcon.h"
 #include "platform/CommandLine.h"
+#include "platform/DrivePaths.h"
 #include "platform/HandOver.h"
 #include "platform/Instances.h"
 #include "platform/MemoryRoom.h"
@@ -139,8 +140,8 @@ int Main(int argc, char** argv) {
         return 0;
     }
     std::error_code noFolder;
-    const std::string commandLine =
-        buildCommandLine(arguments, std::filesystem::current_path(noFolder).string());
+    const std::string commandLine = buildCommandLine(fromDrivePaths(arguments, winePrefix()),
+                                                     std::filesystem::current_path(noFolder).string());
     Instances instances(runtimeFolder());
     if (handOverToEarlierInstance(instances, commandLine)) return 0;
 

@@ -1,5 +1,6 @@
 #include "cli/MergeCommand.h"
 
+#include "platform/DrivePaths.h"
 #include "text/Encoding.h"
 #include "tools/MergeFiles.h"
 
@@ -14,8 +15,9 @@ void runMerge(Session& session, const MergeArguments& arguments) {
         return {};
     });
     if (texts.size() < arguments.files.size()) return;
-    if (const auto failure = writeMerged(arguments.output, std::move(texts))) {
-        session.complain(arguments.output, *failure);
+    const auto output = fromDrivePath(arguments.output, winePrefix());
+    if (const auto failure = writeMerged(output, std::move(texts))) {
+        session.complain(output, *failure);
         session.note(ExitStatus::Failed);
     }
 }

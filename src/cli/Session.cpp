@@ -6,14 +6,17 @@
 #include <utility>
 
 #include "cli/StandardInput.h"
+#include "platform/DrivePaths.h"
 #include "platform/Paths.h"
 
 namespace klt {
 
 namespace {
 
-std::string pathOnDisk(const std::string& path) {
-    return path == kStandardInput ? path : findPathIgnoringCase(path).value_or(path);
+std::string pathOnDisk(const std::string& spelled) {
+    if (spelled == kStandardInput) return spelled;
+    const auto path = fromDrivePath(spelled, winePrefix());
+    return findPathIgnoringCase(path).value_or(path);
 }
 
 Failure attempt(const Session::FileWork& work, const std::string& path) {

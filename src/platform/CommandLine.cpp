@@ -11,13 +11,7 @@ namespace klt {
 
 namespace {
 
-constexpr std::string_view kDirectorySwitch = "/d:";
 constexpr std::string_view kSeparator = "\" \"";
-
-bool beginsWithSwitch(std::string_view text) {
-    return text.size() >= kDirectorySwitch.size() && text[0] == '/' && (text[1] == 'd' || text[1] == 'D') &&
-           text[2] == ':';
-}
 
 /// The offsets of each "/d:" that begins an argument: at the start, behind a blank outside quotes, or
 /// behind a quote that opens. A quote opens an argument and closes it; one in the middle is a character like
@@ -102,6 +96,10 @@ SplitCommandLine filesIn(std::string_view list, const std::string& directory) {
 }
 
 }  // namespace
+
+bool beginsWithSwitch(std::string_view text) {
+    return equalIgnoringAsciiCase(text.substr(0, kDirectorySwitch.size()), kDirectorySwitch);
+}
 
 std::string buildCommandLine(const std::vector<std::string>& arguments, std::string_view folder) {
     std::string line;

@@ -7,6 +7,10 @@
 
 namespace klt {
 
+/// What an argument begins with that names a directory, in any case.
+inline constexpr std::string_view kDirectorySwitch = "/d:";
+bool beginsWithSwitch(std::string_view text);
+
 /// The process's command line in one text, from the arguments behind the program's name: each path made
 /// absolute against `folder`, in double quotes, with single blanks between. An argument that begins with
 /// "/d:" in any case is not made absolute, and the first such one that ends in "/" stands without quotes. No

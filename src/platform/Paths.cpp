@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
-#include <vector>
+#include <utility>
 
 #include "text/Unicode.h"
 
@@ -30,11 +30,6 @@ bool isBlank(std::string_view text) {
 bool isLink(const std::string& path) {
     struct stat info {};
     return lstat(path.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
-}
-
-bool isFolder(const std::string& path) {
-    struct stat info {};
-    return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
 // The parts between the slashes, empty ones left out.
@@ -78,33 +73,15 @@ std::string fullForm(std::string path) {
 // The entries of `folder` whose name is `name` but for case; `name` itself also where the folder can't be
 // listed.
 std::vector<std::string> entriesNamed(const std::string& folder, std::string_view name) {
-    std::vector<std::string> found;
-    std::error_code error;
-    const fs::path start = folder.empty() ? "/" : folder;
-    for (fs::directory_iterator entry(start, error), end; !error && entry != end; entry.increment(error)) {
-        const auto entryName = entry->path().filename().string();
-        if (equalIgnoringCase(entryName, name))
-            found.push_back(std::string(folder).append("/").append(entryName));
-    }
+    auto found = namesIgnoringCase(folder.empty() ? "/" : folder, name);
+    for (auto& entry : found) entry.insert(0, folder + "/");
     const auto asSpelled = folder + "/" + std::string(name);
     if (found.empty() && PathExists(asSpelled)) found.push_back(asSpelled);
     return found;
 }
 
-std::string homeFolder() {
-    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
-    const passwd* user = getpwuid(geteuid());
-    return user != nullptr ? user->pw_dir : "/";
-}
-
-// A relative value counts as unset.
-std::string baseFolder(const char* variable, std::string_view below) {
-    if (const char* value = std::getenv(variable); value != nullptr && *value == '/') return value;
-    return homeFolder().append(below);
-}
-
 std::string ourFolder(const char* variable, std::string_view below) {
-    auto folder = baseFolder(variable, below).append(kOurFolder);
+    auto folder = userFolder(variable, below).append(kOurFolder);
     makePrivateFolder(folder);
     return folder;
 }
@@ -134,6 +111,22 @@ std::string FullFileName(std::string_view path) {
     return fullForm(std::string(path));
 }
 
+bool isFolder(const std::string& path) {
+    struct stat info {};
+    return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+std::vector<std::string> namesIgnoringCase(const std::string& folder, std::string_view name) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        auto entryName = entry->path().filename().string();
+        if (equalIgnoringCase(entryName, name)) names.push_back(std::move(entryName));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 std::optional<std::string> findPathIgnoringCase(std::string_view path) {
     if (PathExists(path)) return std::string(path);
     if (isBlank(path)) return std::nullopt;
@@ -159,6 +152,17 @@ bool makePrivateFolder(const std::string& path) {
     const auto slash = path.rfind('/');
     if (errno != ENOENT || slash == path.npos || slash == 0) return false;
     return makePrivateFolder(path.substr(0, slash)) && (mkdir(path.c_str(), 0700) == 0 || isFolder(path));
+}
+
+std::string homeFolder() {
+    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
+    const passwd* user = getpwuid(geteuid());
+    return user != nullptr ? user->pw_dir : "/";
+}
+
+std::string userFolder(const char* variable, std::string_view below) {
+    if (const char* value = std::getenv(variable); value != nullptr && *value == '/') return value;
+    return homeFolder().append(below);
 }
 
 std::string configFolder() {

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace klt {
 
@@ -21,6 +22,17 @@ std::string FullFileName(std::string_view path);
 /// The file meant by a path: the path itself where it exists, else the one file whose path differs from it in
 /// case alone, letters beyond ASCII included. None where no file matches, or more than one.
 std::optional<std::string> findPathIgnoringCase(std::string_view path);
+
+/// The names in a folder that are `name` but for case, in the order of their bytes; none where it can't be
+/// listed.
+std::vector<std::string> namesIgnoringCase(const std::string& folder, std::string_view name);
+
+bool isFolder(const std::string& path);
+
+std::string homeFolder();
+/// What an environment variable names, else the folder `below` home, which begins with "/". A relative value
+/// counts as unset.
+std::string userFolder(const char* variable, std::string_view below);
 
 /// `$XDG_CONFIG_HOME/klt-editor` (`~/.config`) and `$XDG_STATE_HOME/klt-editor` (`~/.local/state`), made with
 /// mode 0700 where missing. Where one cannot be made the path comes all the same: its use fails then.

@@ -104,10 +104,14 @@ TEST_F(StartTest, ALaterOneHandsItsFilesOverAndEnds) {
     EXPECT_EQ(start({a, b}).waitForEnd(), 0);
     expectOpened({a, b});
     EXPECT_EQ(start({"/d:" + home_.folder().path() + "/", "/d:/c.klt", "/D:/d.klt"}).waitForEnd(), 0);
+    std::filesystem::create_directories(home_ / ".wine/dosdevices");
+    std::filesystem::create_directory_symlink(home_ / "d:", home_ / ".wine/dosdevices/k:");
+    const auto e = file("d:/e.klt");
+    EXPECT_EQ(start({R"(K:\e.klt)"}).waitForEnd(), 0);
     EXPECT_EQ(start({}).waitForEnd(), 0);
     for (const char* question : {"--help", "--version"})
-        EXPECT_EQ(start({file("e.klt"), question}).waitForEnd(), 0) << question;
-    expectOpened({a, b, c, d});
+        EXPECT_EQ(start({file("f.klt"), question}).waitForEnd(), 0) << question;
+    expectOpened({a, b, c, d, e});
     EXPECT_EQ(windows().size(), 1U);
 }
 

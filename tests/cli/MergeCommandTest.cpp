@@ -23,6 +23,14 @@ TEST_F(MergeCommand, WritesTheFilesAsOne) {
     EXPECT_EQ(readBytes(a_), head_ + "c\r\na\r\n");
 }
 
+TEST_F(MergeCommand, TakesDrivePaths) {
+    std::filesystem::create_directories(home_ / "wine/dosdevices");
+    std::filesystem::create_directory_symlink(home_.folder().path(), home_ / "wine/dosdevices/k:");
+    const ScopedVariable prefix("WINEPREFIX", home_ / "wine");
+    EXPECT_EQ(runKlt({"merge", "-o", R"(K:\out.klt)", R"(k:\A.KLT)"}), (Ran{0, "", ""}));
+    EXPECT_EQ(readBytes(out_), head_ + "a\r\n");
+}
+
 TEST_F(MergeCommand, WritesNothingWhereSomethingFails) {
     const std::string none = home_ / "none", missing = ": No such file or directory\n";
     writeBytes(out_, "old");

@@ -70,6 +70,8 @@ private:
     ScopedVariable config_{"XDG_CONFIG_HOME", folder_ / "config"};
     ScopedVariable state_{"XDG_STATE_HOME", folder_ / "state"};
     ScopedVariable runtime_{"XDG_RUNTIME_DIR", folder_.path()};
+    ScopedVariable data_{"XDG_DATA_HOME", std::nullopt};
+    ScopedVariable prefix_{"WINEPREFIX", std::nullopt};
 };
 
 inline void writeBytes(const std::string& path, std::string_view bytes) {
