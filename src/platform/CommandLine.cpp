@@ -62,13 +62,6 @@ size_t characters(std::string_view text) {
     return count;
 }
 
-/// At most the first `count` characters.
-std::string_view firstCharacters(std::string_view text, size_t count) {
-    size_t end = 0;
-    while (end < text.size() && count-- > 0) end += characterAt(text, end).length;
-    return text.substr(0, end);
-}
-
 std::string withDirectory(std::string_view path, const std::vector<size_t>& offsets,
                           std::string_view directory) {
     std::string result;

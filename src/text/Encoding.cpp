@@ -206,7 +206,24 @@ std::optional<Encoded> asNarrow(std::string_view text, Encoding encoding) {
     return isAscii(text) ? Encoded(text, encoding) : asWindows1252(text);
 }
 
-Encoded encodeCharacters(std::string_view text, Encoding encoding) {
+}  // namespace
+
+Decoded decodeAsIs(std::string bytes) {
+    const auto encoding = encodingOf(bytes);
+    const size_t size = bytes.size();
+    return {textOf(std::move(bytes), encoding), encoding, size};
+}
+
+Decoded decode(std::string bytes) {
+    auto decoded = decodeAsIs(std::move(bytes));
+    if (hasOnlyCrLf(decoded.text)) return decoded;
+    auto whole = withCrLf(decoded.text);
+    decoded.fileSize += (whole.size() - decoded.text.size()) * unitSize(decoded.encoding);
+    decoded.text = std::move(whole);
+    return decoded;
+}
+
+Encoded encodeAsIs(std::string_view text, Encoding encoding) {
     std::optional<Encoded> encoded;
     if (const auto* form = wideForm(encoding)) encoded = asWide(text, *form);
     if (encoding == Encoding::Any || encoding == Encoding::Windows1252) encoded = asNarrow(text, encoding);
@@ -214,22 +231,10 @@ Encoded encodeCharacters(std::string_view text, Encoding encoding) {
     return asUtf8(text, encoding == Encoding::Utf8Bom);
 }
 
-}  // namespace
-
-Decoded decode(std::string bytes) {
-    const auto encoding = encodingOf(bytes);
-    const size_t size = bytes.size();
-    auto text = textOf(std::move(bytes), encoding);
-    if (hasOnlyCrLf(text)) return {std::move(text), encoding, size};
-    auto whole = withCrLf(text);
-    const size_t added = (whole.size() - text.size()) * unitSize(encoding);
-    return {std::move(whole), encoding, size + added};
-}
-
 Encoded encode(std::string_view text, Encoding encoding) {
-    if (hasOnlyCrLf(text)) return encodeCharacters(text, encoding);
+    if (hasOnlyCrLf(text)) return encodeAsIs(text, encoding);
     const auto whole = withCrLf(text);
-    const auto encoded = encodeCharacters(whole, encoding);
+    const auto encoded = encodeAsIs(whole, encoding);
     return {std::string(encoded.bytes()), encoded.encoding()};
 }
 

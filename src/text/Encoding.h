@@ -25,6 +25,9 @@ struct Decoded {
 /// come back without a copy.
 Decoded decode(std::string bytes);
 
+/// The same with the line ends that the bytes have.
+Decoded decodeAsIs(std::string bytes);
+
 /// A file's bytes. Where they are those of the text itself they are not copied: then the text must live on.
 class Encoded {
 public:
@@ -47,5 +50,8 @@ private:
 /// Windows-1252 where that can hold the text. What `encoding` can't hold, or what would be read back as
 /// another text, is written as UTF-8. A `text` that is no valid UTF-8 is written as it stands.
 Encoded encode(std::string_view text, Encoding encoding);
+
+/// The same for any line ends, which stay as they are; `decodeAsIs` gives such a text back.
+Encoded encodeAsIs(std::string_view text, Encoding encoding);
 
 }  // namespace klt

@@ -86,6 +86,12 @@ size_t countCharacters(std::string_view text) {
     return count;
 }
 
+std::string_view firstCharacters(std::string_view text, size_t count) {
+    size_t end = 0;
+    while (end < text.size() && count-- > 0) end += characterAt(text, end).length;
+    return text.substr(0, end);
+}
+
 size_t previousCharacter(std::string_view text, size_t offset) {
     for (size_t length = 2; length <= std::min(kLongestCharacter, offset); ++length) {
         if (!isContinuation(text[offset - length + 1])) break;

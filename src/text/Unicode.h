@@ -32,6 +32,9 @@ bool isValidUtf8(std::string_view text);
 /// How many characters the text has; CR LF counts as two, a byte of no valid character as none or one.
 size_t countCharacters(std::string_view text);
 
+/// At most the first `count` characters.
+std::string_view firstCharacters(std::string_view text, size_t count);
+
 /// The start of the character that ends at `offset`, which must lie behind 0 and inside the text.
 size_t previousCharacter(std::string_view text, size_t offset);
 
