@@ -11,6 +11,7 @@
 #include "SampleText.h"
 #include "platform/FileReader.h"
 #include "platform/FileWriter.h"
+#include "settings/HostEntries.h"
 
 namespace {
 
@@ -54,6 +55,22 @@ void save(benchmark::State& state) {
             return state.SkipWithError("the file could not be saved");
 }
 
+void enterIntoHostFile(benchmark::State& state) {
+    const ScratchFile file;
+    std::string text = "[Addons]\r\n";
+    for (int i = 0; text.size() < bytesOf(state); ++i)
+        text.append("add-on ").append(std::to_string(i)).append("=C:\\TVM\\tool.exe %filelistquoted%\r\n");
+    if (klt::writeFile(file.path(), text)) return state.SkipWithError("the file could not be written");
+    for ([[maybe_unused]] auto _ : state) {
+        // Another command each time, so that there is something to write.
+        const auto command = "/bin/klteditor " + std::to_string(state.iterations());
+        if (klt::addToAddOns(file.path(), {"klteditor", command, ""}).error)
+            return state.SkipWithError("the file could not be written");
+        if (klt::addToToolbar(file.path(), {"klteditor", command, command}).error)
+            return state.SkipWithError("the file could not be written");
+    }
+}
+
 void read(benchmark::State& state) {
     const ScratchFile file;
     if (klt::writeFile(file.path(), bench::sampleText(bytesOf(state))))
@@ -61,8 +78,9 @@ void read(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(klt::readTextFile(file.path()));
 }
 
-BENCHMARK(disk)->Arg(50)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(disk)->Arg(1)->Arg(50)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(save)->Arg(50)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(enterIntoHostFile)->Arg(1)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(read)->Arg(50)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
