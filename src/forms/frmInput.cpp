@@ -7,6 +7,7 @@
 
 #include "forms/CheckWizardField.h"
 #include "ui/FieldPopup.h"
+#include "ui/Named.h"
 #include "ui/QtStrings.h"
 #include "ui/RichTextBox.h"
 
@@ -14,13 +15,6 @@ namespace klt {
 namespace {
 
 constexpr int kFieldWidth = 360;
-
-template <typename Control, typename... Arguments>
-Control* named(const char* name, Arguments... arguments) {
-    auto* control = new Control(arguments...);
-    control->setObjectName(name);
-    return control;
-}
 
 }  // namespace
 

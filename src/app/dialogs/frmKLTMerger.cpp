@@ -17,6 +17,7 @@
 #include "tools/MergeOrder.h"
 #include "ui/FieldPopup.h"
 #include "ui/MessageBox.h"
+#include "ui/Named.h"
 #include "ui/QtStrings.h"
 #include "ui/RichTextBox.h"
 #include "ui/WaitCursor.h"
@@ -28,13 +29,6 @@ constexpr std::string_view kExtension = ".klt";
 constexpr unsigned kAddFlags = kHideReadOnly | kPathMustExist | kFileMustExist | kExplorer | kLongNames;
 constexpr unsigned kBrowseFlags = kOverwritePrompt | kHideReadOnly | kPathMustExist | kExplorer | kLongNames;
 static_assert(kAddFlags == 2627588);
-
-template <typename Control, typename... Arguments>
-Control* named(const char* name, Arguments... arguments) {
-    auto* control = new Control(arguments...);
-    control->setObjectName(name);
-    return control;
-}
 
 std::string withSeparator(const std::string& folder) {
     return folder.ends_with('/') ? folder : folder + "/";
