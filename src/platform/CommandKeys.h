@@ -63,4 +63,7 @@ inline constexpr char kHarborPage[] = "H8";
 inline constexpr char kHarborPrograms[] = "H9";
 inline constexpr char kAbout[] = "H10";
 
+/// Stands in a popup alone.
+inline constexpr char kMailTo[] = "MailTo";
+
 }  // namespace klt::commands

@@ -14,5 +14,7 @@ inline constexpr std::string_view kAuthorsApplication = "Authors";
 extern const std::string_view kTitle;
 /// `AppVersion`: major, two digits of minor, four of revision.
 extern const std::string_view kAppVersion;
+/// The version as people are told it, with its build.
+extern const std::string_view kVersionText;
 
 }  // namespace klt

@@ -84,7 +84,8 @@ inline constexpr NumberSetting kTvmVersion{"Options", "TVM Version", 0, {0, 1}};
 /// These two are on where they equal 1, and for no other number.
 inline constexpr NumberSetting kShowTips{"Options", "Show Tips at Startup", 1};
 inline constexpr NumberSetting kShowKLTCheckerWindow{"Options", "Show KLT Checker Window", 1};
-inline constexpr NumberSetting kCurrentTip{"Options", "Current Tip", 0, {0, 1'000}};
+/// Any number may stand there: what is no tip's the window of tips decides.
+inline constexpr NumberSetting kCurrentTip{"Options", "Current Tip"};
 inline constexpr TruthSetting kAutoSyntaxCheck{"Options", "AutoSyntaxCheck", true};
 inline constexpr TruthSetting kWizardSyntaxCheck{"Options", "WizardSyntaxCheck", true};
 /// What earlier versions kept there.
@@ -129,8 +130,9 @@ inline constexpr std::array<TextSetting, 4> kSearchStrings = {
 inline constexpr std::array<TextSetting, 4> kReplaceStrings = {
     {{"Replace Strings", "0"}, {"Replace Strings", "1"}, {"Replace Strings", "2"}, {"Replace Strings", "3"}}};
 
-/// "Enabled" from a click on the opening window until the end of the run.
+/// `kEasterEggEnabled` from a click on the opening window until the end of the run.
 inline constexpr TextSetting kAboutBoxEasterEgg{"Special", "frmAboutBox Easter Egg"};
+inline constexpr std::string_view kEasterEggEnabled = "Enabled";
 
 constexpr WindowPosition windowRow(std::string_view window, std::int32_t top, std::int32_t left) {
     return {{window, "Top", top, kPlace}, {window, "Left", left, kPlace}};

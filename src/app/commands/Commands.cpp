@@ -1,7 +1,8 @@
 #include "app/commands/Commands.h"
 
-#include <QDesktopServices>
-#include <QUrl>
+#include <QApplication>
+#include <QLineEdit>
+#include <QPointer>
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -10,9 +11,15 @@
 #include "app/commands/EditCommands.h"
 #include "app/commands/WindowCommands.h"
 #include "app/commands/WizardCommands.h"
+#include "app/dialogs/Addresses.h"
+#include "app/dialogs/frmAbout.h"
+#include "app/dialogs/frmTip.h"
+#include "app/dialogs/frmWindows.h"
 #include "app/documents/frmKLTEditor.h"
 #include "app/window/ArrangeWindows.h"
 #include "platform/CommandKeys.h"
+#include "settings/Catalogue.h"
+#include "ui/QtStrings.h"
 #include "wizards/Wizards.h"
 
 namespace klt {
@@ -37,8 +44,32 @@ void colour(Editor& editor) {
     if (auto* document = editor.mainWindow().ActiveForm()) editor.colouring.ColourDocument(*document);
 }
 
-void browse(const char* address) {
-    QDesktopServices::openUrl(QUrl(address));
+/// Shows a dialog over the main window, which may take it along, until it is closed.
+template <typename Dialog, typename Given>
+QPointer<Dialog> showDialog(Editor& editor, Given& given) {
+    const QPointer<Dialog> dialog = new Dialog(given, &editor.mainWindow());
+    dialog->exec();
+    if (dialog) dialog->deleteLater();
+    return dialog;
+}
+
+void showTips(Editor& editor) {
+    writeSetting(editor.store(), settings::kShowTips, 1);
+    showDialog<frmTip>(editor, editor.store());
+}
+
+void chooseDocument(Editor& editor) {
+    frmMDIKLTEditor& window = editor.mainWindow();
+    const auto list = showDialog<frmWindows>(editor, window.forms());
+    if (list && list->chosen() != nullptr) activateDocument(window, *list->chosen());
+}
+
+/// The field that the popup stands over has the focus.
+void mailToField() {
+    const auto* const widget = QApplication::focusWidget();
+    if (const auto* edit = qobject_cast<const QLineEdit*>(widget)) return mailTo(edit->text());
+    const auto* box = qobject_cast<const RichTextBox*>(widget);
+    if (box != nullptr && box->kind() == RichTextBox::Kind::Field) mailTo(toQString(box->Text()));
 }
 
 struct Command {
@@ -77,12 +108,16 @@ constexpr auto kCommands = std::to_array<Command>({
     {commands::kNextDocument, [](Editor& editor) { activateNeighbour(editor.mainWindow(), 1); }},
     {commands::kCheckerWindow,
      [](Editor& editor) { toggleCheckerWindow(editor.mainWindow(), editor.store()); }},
-    {commands::kHomePage, [](Editor&) { browse("https://www.example.org/tvm/"); }},
-    {commands::kDataFilesPage, [](Editor&) { browse("https://www.example.org/tvm/data-files/"); }},
-    {commands::kAddOnsPage, [](Editor&) { browse("https://www.example.org/tvm/add-ons/"); }},
-    {commands::kDocsPage, [](Editor&) { browse("https://www.example.org/tvm/docs/"); }},
-    {commands::kHarborPage, [](Editor&) { browse("https://www.example.net/"); }},
-    {commands::kHarborPrograms, [](Editor&) { browse("https://www.example.net/programs/"); }},
+    {commands::kHomePage, [](Editor&) { openAddress("https://www.example.org/tvm/"); }},
+    {commands::kDataFilesPage, [](Editor&) { openAddress("https://www.example.org/tvm/data-files/"); }},
+    {commands::kAddOnsPage, [](Editor&) { openAddress("https://www.example.org/tvm/add-ons/"); }},
+    {commands::kDocsPage, [](Editor&) { openAddress("https://www.example.org/tvm/docs/"); }},
+    {commands::kHarborPage, [](Editor&) { openAddress("https://www.example.net/"); }},
+    {commands::kHarborPrograms, [](Editor&) { openAddress("https://www.example.net/programs/"); }},
+    {commands::kMoreDocuments, chooseDocument},
+    {commands::kTips, showTips},
+    {commands::kAbout, [](Editor& editor) { showDialog<frmAbout>(editor, editor.store()); }},
+    {commands::kMailTo, [](Editor&) { mailToField(); }},
 });
 
 const Command* commandOf(std::string_view key) {

@@ -11,7 +11,11 @@ namespace klt {
 void activateDocument(frmMDIKLTEditor& window, int number) {
     const auto& documents = window.forms().documents();
     if (number < 1 || number > static_cast<int>(documents.size())) return;
-    frmKLTEditor& document = *documents[static_cast<size_t>(number - 1)];
+    activateDocument(window, *documents[static_cast<size_t>(number - 1)]);
+}
+
+void activateDocument(frmMDIKLTEditor& window, frmKLTEditor& document) {
+    if (!window.forms().contains(&document)) return;
     QWidget* frame = document.parentWidget();
     if (frame->isMinimized()) frame->showNormal();
     window.showDocument(document);

@@ -16,8 +16,8 @@ QAction& CommandItems::add(QMenu& menu, std::string_view key, const QString& obj
     action->setIcon(commandIcon(latin(key)));
     connect(action, &QAction::triggered, this, [this, name = latin(key)] { emit MenuClick(name); });
     const MenuRow* row = menuRow(key);
-    if (row && commandIsThere(key)) {
-        items_.push_back({action, row->rule});
+    if (commandIsThere(key)) {
+        items_.push_back({action, row ? row->rule : Rule::Always});
     } else {
         action->setEnabled(false);
     }

@@ -62,7 +62,7 @@ inline constexpr auto kMailTo = std::to_array<PopupRow>({
     command(commands::kSelectAll, "&Select All"),
     kSeparator,
     command(commands::kContents, "&Help"),
-    command("MailTo", "&Mail to"),
+    command(commands::kMailTo, "&Mail to"),
 });
 
 }  // namespace popups

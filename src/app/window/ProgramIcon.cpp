@@ -23,8 +23,17 @@ QPixmap drawn(int size) {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
+    drawProgramIcon(painter, QRectF(0, 0, size, size));
+    return pixmap;
+}
+
+}  // namespace
+
+void drawProgramIcon(QPainter& painter, const QRectF& place) {
+    painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(size / kField.width(), size / kField.height());
+    painter.translate(place.topLeft());
+    painter.scale(place.width() / kField.width(), place.height() / kField.height());
     painter.setPen(QPen(QColor(kInk), 2));
     painter.setBrush(Qt::white);
     painter.drawPolygon(QPolygonF({{10, 4}, {40, 4}, {54, 18}, {54, 60}, {10, 60}}));
@@ -33,10 +42,8 @@ QPixmap drawn(int size) {
         painter.setPen(QPen(QColor(stroke.colour), 4, Qt::SolidLine, Qt::RoundCap));
         painter.drawLine(stroke.x, stroke.y, stroke.x + stroke.length, stroke.y);
     }
-    return pixmap;
+    painter.restore();
 }
-
-}  // namespace
 
 QIcon programIcon() {
     QIcon icon;

@@ -1,0 +1,270 @@
+// The windows that others only open: tips, about, thanks, the list of documents.
+
+#include <gmock/gmock.h>
+
+#include <QDesktopServices>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTextBrowser>
+
+#include "app/dialogs/frmAbout.h"
+#include "app/dialogs/frmThanks.h"
+#include "app/dialogs/frmTip.h"
+#include "app/dialogs/frmWindows.h"
+#include "support/EditorFixture.h"
+
+using namespace klt;
+
+namespace {
+
+constexpr char kBlank[] = "about:blank";
+
+class SmallWindowsTest : public EditorFixture {
+protected:
+    SmallWindowsTest() {
+        for (const char* scheme : {"https", "mailto"})
+            QDesktopServices::setUrlHandler(scheme, &browser_, "setSource");
+        opened();
+    }
+    ~SmallWindowsTest() override {
+        for (const char* scheme : {"https", "mailto"}) QDesktopServices::unsetUrlHandler(scheme);
+    }
+
+    /// Opens a window; `work` works with it, and Escape closes it where it is still up.
+    template <typename Dialog>
+    void in(const std::function<void()>& open, const std::function<void()>& work) {
+        answerNext<Dialog>([&](Dialog& shown) {
+            QWidget* const outer = std::exchange(form_, &shown);
+            activate(shown);
+            work();
+            if (shown.isVisible()) QTest::keyClick(&shown, Qt::Key_Escape);
+            form_ = outer;
+        });
+        open();
+    }
+    template <typename Dialog>
+    void in(const char* command, const std::function<void()>& work) {
+        in<Dialog>([&] { run(command); }, work);
+    }
+    /// Until it has the focus, a key finds neither an access key nor the default button.
+    static void activate(QWidget& shown) {
+        shown.activateWindow();
+        letEventsRun();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+    }
+    template <typename Control>
+    Control& control(const char* name) {
+        return *form_->findChild<Control*>(name);
+    }
+    void press(const char* name) { QTest::mouseClick(&control<QWidget>(name), Qt::LeftButton); }
+    /// Presses a button by its key, and waits until it has come up again.
+    void accessKey(Qt::Key which, const char* button) {
+        QSignalSpy clicked(&control<QAbstractButton>(button), &QAbstractButton::clicked);
+        QTest::keyClick(form_, which, Qt::AltModifier);
+        EXPECT_TRUE(clicked.wait()) << button;
+    }
+    std::string text(const char* name) { return control<QLabel>(name).text().toStdString(); }
+    QPoint rowOf(const char* list, int row) {
+        auto& view = control<QListWidget>(list);
+        view.scrollToItem(view.item(row));
+        return view.visualItemRect(view.item(row)).center();
+    }
+    void click(const char* list, int row) {
+        QTest::mouseClick(control<QListWidget>(list).viewport(), Qt::LeftButton, {}, rowOf(list, row));
+    }
+    /// What the desktop was asked to open since the last call.
+    std::string opened() {
+        const auto address = browser_.source().toString(QUrl::FullyEncoded).toStdString();
+        browser_.setSource(QUrl(kBlank));
+        return address == kBlank ? "" : address;
+    }
+    QWidget* form() { return form_; }
+
+private:
+    /// Stands for the desktop. A page that it does not find it still names.
+    class Browser : public QTextBrowser {
+        QVariant loadResource(int, const QUrl&) override { return " "; }
+    } browser_;
+    QWidget* form_ = nullptr;
+};
+
+TEST_F(SmallWindowsTest, TipsGoRoundFromWhereTheUserLeft) {
+    constexpr const char *kFirst = "That KLT Editor automatically adds",
+                         *kSecond = "That KLT Editor has a collection",
+                         *kLast = "That KLT Editor's Syntax Checker is now";
+    struct Row {
+        const char *stored, *shown, *next, *previous;
+    } const rows[] = {
+        {"0", kFirst, kSecond, kLast},
+        {"24", kLast, kFirst, "That KLT Editor now features a KLT Merger?"},
+        {"25", "", kFirst, kLast},
+        {"255", "", kFirst, ""},
+        {"256", kFirst, kSecond, kLast},
+        {"-1", kFirst, kSecond, kLast},
+        {"what?", kFirst, kSecond, kLast},
+    };
+    const auto shows = [this](const char* text) {
+        return *text == '\0' ? this->text("lblTipText").empty() : this->text("lblTipText").starts_with(text);
+    };
+    for (const auto& row : rows) {
+        for (const bool isNext : {true, false}) {
+            set("Options", "Current Tip", row.stored);
+            in<frmTip>("H3", [&] {
+                EXPECT_TRUE(shows(row.shown)) << row.stored;
+                press(isNext ? "cmdNextTip" : "cmdPreviousTip");
+                EXPECT_TRUE(shows(isNext ? row.next : row.previous)) << row.stored;
+            });
+        }
+    }
+}
+
+TEST_F(SmallWindowsTest, TheCommandTurnsTipsOnAndTheWindowRemembers) {
+    set("Options", "Show Tips at Startup", "0");
+    in<frmTip>("H3", [this] {
+        EXPECT_EQ(form()->windowTitle(), "Tip of the Day");
+        EXPECT_EQ(setting("Options", "Show Tips at Startup"), "1");
+        accessKey(Qt::Key_S, "chkLoadTipsAtStartup");
+        accessKey(Qt::Key_P, "cmdPreviousTip");
+        accessKey(Qt::Key_N, "cmdNextTip");
+        accessKey(Qt::Key_N, "cmdNextTip");
+        press("cmdOK");
+        EXPECT_FALSE(form()->isVisible());
+    });
+    EXPECT_EQ(setting("Options", "Show Tips at Startup"), "0");
+    EXPECT_EQ(setting("Options", "Current Tip"), "1");
+    in<frmTip>("H3", [] {});
+    EXPECT_EQ(setting("Options", "Show Tips at Startup"), "1") << "closed without a button";
+}
+
+TEST_F(SmallWindowsTest, NoTipIsCutOff) {
+    for (int tip = 0; tip < 25; ++tip) {
+        set("Options", "Current Tip", std::to_string(tip));
+        in<frmTip>("H3", [&] {
+            const auto& label = control<QLabel>("lblTipText");
+            EXPECT_GE(label.height(), label.heightForWidth(label.width())) << tip;
+        });
+    }
+}
+
+TEST_F(SmallWindowsTest, AboutTellsVersionAndAddresses) {
+    in<frmAbout>("H10", [this] {
+        EXPECT_EQ(text("lblVersion"), "KLT Editor Beta 1.60, build 0053");
+        EXPECT_EQ(form()->windowTitle(), "KLT Editor Beta 1.60, build 0053");
+        press("lblMail(0)");
+        EXPECT_EQ(opened(), "mailto:" + text("lblMail(0)"));
+        control<QWidget>("lblMail(1)").setFocus();
+        QTest::keyClick(&control<QWidget>("lblMail(1)"), Qt::Key_Return);
+        EXPECT_EQ(opened(), "mailto:" + text("lblMail(1)"));
+        EXPECT_TRUE(form()->isVisible());
+        EXPECT_EQ(form()->findChild<QWidget*>("picEasterEgg"), nullptr);
+        press("cmdOK");
+        EXPECT_FALSE(form()->isVisible());
+    });
+}
+
+TEST_F(SmallWindowsTest, TheHiddenPictureMovesFromClickToClick) {
+    set("Special", "frmAboutBox Easter Egg", "Enabled");
+    in<frmAbout>("H10", [this] {
+        auto& picture = control<QWidget>("picEasterEgg");
+        const auto& timer = control<QTimer>("Timer1");
+        const auto image = [&] { return picture.grab().toImage(); };
+        EXPECT_EQ(form()->findChild<QWidget*>("picLogo"), nullptr);
+        EXPECT_FALSE(timer.isActive());
+        const auto first = image();
+        press("picEasterEgg");
+        EXPECT_EQ(timer.interval(), 50);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return image() != first; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return image() == first; })) << "the ring closes";
+        press("picEasterEgg");
+        EXPECT_FALSE(timer.isActive());
+    });
+}
+
+TEST_F(SmallWindowsTest, ThanksLeadToTheContributors) {
+    in<frmAbout>("H10", [this] {
+        in<frmThanks>([this] { press("cmdThanks"); },
+                      [this] {
+                          auto& contributors = control<QListWidget>("lstContributor");
+                          auto& addresses = control<QListWidget>("lstURL");
+                          ASSERT_EQ(contributors.count(), addresses.count());
+                          for (int row = 0; row < contributors.count(); ++row) {
+                              click("lstContributor", row);
+                              EXPECT_EQ(addresses.currentRow(), row);
+                              const auto& label = control<QLabel>("lblDescription");
+                              EXPECT_FALSE(label.text().isEmpty());
+                              EXPECT_GE(label.height(), label.heightForWidth(label.width())) << row;
+                              EXPECT_EQ(opened(), "") << "a choice opens nothing";
+                              accessKey(Qt::Key_G, "cmdMailTo");
+                              const auto address = addresses.item(row)->text().toStdString();
+                              EXPECT_EQ(opened(),
+                                        address.starts_with("https://") ? address : "mailto:" + address);
+                          }
+                          click("lstURL", addresses.currentRow() - 1);
+                          EXPECT_TRUE(opened().starts_with("https://"));
+                          press("cmdOK");
+                      });
+    });
+}
+
+TEST_F(SmallWindowsTest, TheListOfDocumentsActivatesTheChosenOne) {
+    for (int number = 1; number <= 10; ++number) openNew();
+    EXPECT_TRUE(action("D9")->isEnabled());
+    subWindow(document(1)).showMinimized();
+    window().showDocument(document(9));
+    struct Row {
+        const char* name;
+        std::function<void()> choose;
+        const char* active;
+    } const rows[] = {
+        {"nothing chosen", [this] { press("cmdDone"); }, "KLT10"},
+        {"cancelled", [this] { click("lstDataFiles", 2), press("cmdCancel"); }, "KLT10"},
+        {"a button", [this] { click("lstDataFiles", 2), press("cmdDone"); }, "KLT3"},
+        {"keys go on from the active one",
+         [this] {
+             auto& list = control<QListWidget>("lstDataFiles");
+             QTest::keyClick(&list, Qt::Key_Up);
+             QTest::keyClick(&list, Qt::Key_Return);
+         },
+         "KLT2"},
+        {"a double click",
+         [this] {
+             click("lstDataFiles", 8);
+             QTest::mouseDClick(control<QListWidget>("lstDataFiles").viewport(), Qt::LeftButton, {},
+                                rowOf("lstDataFiles", 8));
+         },
+         "KLT9"},
+    };
+    for (const auto& row : rows) {
+        in<frmWindows>("D9", [&] {
+            EXPECT_EQ(control<QListWidget>("lstDataFiles").count(), 10);
+            EXPECT_FALSE(control<QWidget>("cmdDone").isEnabled());
+            row.choose();
+        });
+        EXPECT_EQ(active().Caption(), row.active) << row.name;
+        EXPECT_FALSE(subWindow(active()).isMinimized()) << row.name;
+    }
+}
+
+TEST_F(SmallWindowsTest, ThePopupMailsToWhatTheFieldHolds) {
+    openNew();
+    QDialog dialog(&window());
+    RichTextBox field(RichTextBox::Kind::Field, &dialog);
+    QLineEdit edit(&dialog);
+    field.SetText("a@example.org?cc=b@example.org");
+    edit.setText("c@example.org");
+    dialog.show();
+    const auto mailed = [this](QWidget& focus) {
+        activate(*focus.window());
+        focus.setFocus();
+        window().showPopup("MailToRTFPopup", {});
+        QTest::keyClick(window().findChild<QMenu*>("MailToRTFPopup"), Qt::Key_M);
+        return opened();
+    };
+    EXPECT_EQ(mailed(field), "mailto:a@example.org%3Fcc=b@example.org");
+    EXPECT_EQ(mailed(edit), "mailto:c@example.org");
+    EXPECT_EQ(mailed(box()), "") << "a document is no address";
+}
+
+}  // namespace
