@@ -28,7 +28,10 @@ Editor::Editor(Store& store, Instances* instances, std::string commandLine)
       colouring(store, queue, highlighter, [this]() -> frmMDIKLTEditor& { return mainWindow(); }),
       documents(
           variables, store, queue, [this]() -> frmMDIKLTEditor& { return mainWindow(); },
-          [this](frmKLTEditor& document) { colouring.ColourDocument(document); }),
+          [this](frmKLTEditor& document) {
+              closeSplash();
+              colouring.ColourDocument(document);
+          }),
       store_(store),
       instances_(instances),
       commandLine_(std::move(commandLine)) {
@@ -56,6 +59,11 @@ frmMDIKLTEditor& Editor::mainWindow() {
     tellOfKeptTexts();
     window_->show();
     return *window_;
+}
+
+void Editor::showSplash() {
+    splash_ = std::make_unique<frmSplash>(store_);
+    splash_->show();
 }
 
 void Editor::wireWindow() {

@@ -11,6 +11,7 @@
 #include "app/InstanceServer.h"
 #include "app/commands/CommandQueue.h"
 #include "app/dialogs/frmFind.h"
+#include "app/dialogs/frmSplash.h"
 #include "app/documents/DocumentColouring.h"
 #include "app/documents/DocumentEvents.h"
 #include "app/documents/Documents.h"
@@ -36,6 +37,10 @@ public:
     /// Whether the main window was closed.
     bool isOver() const { return window_ && window_->isUnloaded(); }
 
+    /// The window that stands in front of all while the program starts: until `closeSplash`, or the first
+    /// pass.
+    void showSplash();
+    void closeSplash() { splash_.reset(); }
     /// Opens the files of a command line, by default the process's own.
     void ParseCommandLine(std::string_view commandLine = {});
     /// Carries out the command of a menu's item.
@@ -64,6 +69,7 @@ private:
     Store& store_;
     Instances* instances_;
     std::string commandLine_;
+    std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmMDIKLTEditor> window_;
     std::unique_ptr<DocumentEvents> events_;
     std::unique_ptr<InstanceServer> server_;

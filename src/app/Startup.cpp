@@ -13,6 +13,8 @@
 #include <tuple>
 
 #include "app/Editor.h"
+#include "app/dialogs/ShowDialog.h"
+#include "app/dialogs/frmTip.h"
 #include "app/window/ProgramIcon.h"
 #include "platform/CommandLine.h"
 #include "platform/DrivePaths.h"
@@ -68,6 +70,10 @@ void tameThreads() {
     pool.start([] {});
 }
 
+void showTipsAtStartup(Editor& editor) {
+    if (tipsAreWanted(editor.store())) showDialog<frmTip>(editor.store(), editor.mainWindow());
+}
+
 void setUpApplication() {
     QApplication::setApplicationName("klteditor");
     QApplication::setDesktopFileName("klteditor");
@@ -116,6 +122,9 @@ void startUp(Editor& editor, const std::string& commandLine) {
     {
         const CommandQueue::Opening opening(editor.queue);
         const RaisedFlag loading(variables.LoadingDocuments);
+        // Not before the opening has begun, which keeps clicks back from what was up before it.
+        reportingErrors([&] { editor.showSplash(); });
+        reportingErrors(letEventsRun);
         reportingErrors([&] {
             if (commandLine.empty()) {
                 editor.documents.OpenDocument("", true);
@@ -127,7 +136,12 @@ void startUp(Editor& editor, const std::string& commandLine) {
         reportingErrors([&] { editor.mainWindow(); });
         reportingErrors(letEventsRun);
     }
-    for (int i = 0; i < 3; ++i) reportingErrors(letEventsRun);
+    reportingErrors(letEventsRun);
+    editor.closeSplash();
+    for (int i = 0; i < 2; ++i) reportingErrors(letEventsRun);
+    if (editor.isOver()) return;
+    reportingErrors([&] { showTipsAtStartup(editor); });
+    for (int i = 0; i < 2; ++i) reportingErrors(letEventsRun);
     if (editor.isOver()) return;
     variables.StartupComplete = true;
     variables.AppIsActive = true;

@@ -2,9 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <QWindow>
 #include <future>
 #include <system_error>
 
+#include "app/dialogs/frmTip.h"
 #include "platform/HandOver.h"
 #include "support/EditorFixture.h"
 
@@ -16,6 +18,21 @@ namespace {
 
 class MainTest : public EditorFixture {
 protected:
+    MainTest() { set("Options", "Show Tips at Startup", "0"); }
+
+    /// Calls `work` while the first document is opened; before it events run for the splash.
+    void duringFirstDocument(const std::function<void()>& work) {
+        duringOpening([this, work] {
+            for (auto* window : QApplication::topLevelWidgets())
+                if (window->findChild<frmKLTEditor*>() != nullptr) return work();
+            duringFirstDocument(work);
+        });
+    }
+    static QWidget* splash() {
+        for (auto* window : QApplication::topLevelWidgets())
+            if (window->objectName() == "frmSplash") return window;
+        return nullptr;
+    }
     void start(const std::string& commandLine) {
         restart(commandLine);
         startUp(editor(), commandLine);
@@ -37,6 +54,69 @@ TEST_F(MainTest, WithoutArgumentsThereIsOneNewDocument) {
     EXPECT_TRUE(variables().AppIsActive);
     EXPECT_FALSE(variables().LoadingDocuments);
     EXPECT_EQ(setting("KLTEditor", "Version"), "1.60.0053");
+}
+
+TEST_F(MainTest, TheSplashTakesClicksAndGoesWithTheStart) {
+    set("Options", "AutoSyntaxCheck", "False");
+    duringOpening([this] {
+        ASSERT_NE(splash(), nullptr);
+        EXPECT_TRUE(splash()->isVisible());
+        EXPECT_EQ(splash()->cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(splash()->findChild<QLabel*>("lblVersion")->text(), "Beta 1.60, build 0053");
+        auto* dragon = splash()->findChild<QLabel*>("lblDragon");
+        EXPECT_EQ(dragon->text(), "");
+        QTest::mouseClick(splash()->findChild<QWidget*>("Picture1"), Qt::LeftButton);
+        EXPECT_EQ(dragon->text(), "Dragon Enabled...");
+    });
+    start("");
+    EXPECT_EQ(splash(), nullptr);
+    EXPECT_EQ(setting("Special", "frmAboutBox Easter Egg"), "Enabled");
+}
+
+TEST_F(MainTest, ABoxComesUpInFrontOfTheSplash) {
+    answerNext<QMessageBox>([](QMessageBox& box) {
+        EXPECT_TRUE(splash() && splash()->isVisible());
+        EXPECT_FALSE(splash()->windowHandle()->flags() & Qt::WindowStaysOnTopHint);
+        QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+    });
+    start(home / "missing.klt");
+}
+
+TEST_F(MainTest, TheSplashIsGoneWhenTheFirstPassBegins) {
+    answerNext<QMessageBox>([&](QMessageBox& box) {
+        // The second file's pass runs behind the first one's box.
+        EXPECT_NE(splash(), nullptr);
+        QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+    });
+    struct : QObject {
+        bool eventFilter(QObject* receiver, QEvent* event) override {
+            if (event->type() == QEvent::Show && receiver->objectName() == "frmKLTChecker")
+                ++shown, left += splash() != nullptr;
+            return false;
+        }
+        int shown = 0, left = 0;
+    } watch;
+    qApp->installEventFilter(&watch);
+    start("\"" + (home / "missing.klt") + "\" \"" + file("a.klt", "Version=2\r\n[ADS]\r\n") + "\"");
+    EXPECT_GT(watch.shown, 0);
+    EXPECT_EQ(watch.left, 0);
+}
+
+TEST_F(MainTest, TipsComeWhenAllIsOpenAndOnlyFor1) {
+    set("Options", "Show Tips at Startup", "2");
+    start("");
+    set("Options", "Show Tips at Startup", "1");
+    answerNext<frmTip>([this](frmTip& tips) {
+        EXPECT_EQ(splash(), nullptr);
+        EXPECT_EQ(count(), 1);
+        EXPECT_FALSE(variables().StartupComplete);
+        // What others hand over meanwhile is opened at once.
+        emit window().filesDropped({file("b.klt", "b")});
+        EXPECT_EQ(count(), 2);
+        QTest::mouseClick(tips.findChild<QWidget*>("cmdOK"), Qt::LeftButton);
+    });
+    start(file("a.klt", "a"));
+    EXPECT_TRUE(variables().StartupComplete);
 }
 
 TEST_F(MainTest, ADirectoryAloneShowsAnEmptyWindow) {
@@ -80,13 +160,13 @@ TEST_F(MainTest, WhatCameDuringAShutdownIsNotCarriedOutAfterIt) {
 }
 
 TEST_F(MainTest, AWindowClosedDuringTheStartEndsIt) {
-    duringOpening([this] { window().close(); });
+    duringFirstDocument([this] { window().close(); });
     start("");
     EXPECT_TRUE(QTest::qWaitFor([this] { return editor().isOver(); }));
 }
 
 TEST_F(MainTest, KeysTypedDuringTheStartAreAnEditAfterIt) {
-    duringOpening([this] {
+    duringFirstDocument([this] {
         key(Qt::Key_End, kCtrl);
         type("x");
     });

@@ -30,7 +30,8 @@ bool waitUntil(const std::function<bool()>& condition) {
 class StartTest : public testing::Test {
 protected:
     StartTest() {
-        // As after an earlier run, with a list that holds all that is opened here.
+        // As after an earlier run, with a list that holds all that is opened here. Tips are on: the first one
+        // shows them and takes files all the same, and one that hands its files over must not.
         SaveSetting(store_, kSettingsApplication, "KLTEditor", "Version", kAppVersion);
         SaveSetting(store_, kSettingsApplication, "MRU", "MaxCount", "50");
     }

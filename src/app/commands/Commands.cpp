@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QPointer>
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -12,6 +11,7 @@
 #include "app/commands/WindowCommands.h"
 #include "app/commands/WizardCommands.h"
 #include "app/dialogs/Addresses.h"
+#include "app/dialogs/ShowDialog.h"
 #include "app/dialogs/frmAbout.h"
 #include "app/dialogs/frmTip.h"
 #include "app/dialogs/frmWindows.h"
@@ -44,23 +44,14 @@ void colour(Editor& editor) {
     if (auto* document = editor.mainWindow().ActiveForm()) editor.colouring.ColourDocument(*document);
 }
 
-/// Shows a dialog over the main window, which may take it along, until it is closed.
-template <typename Dialog, typename Given>
-QPointer<Dialog> showDialog(Editor& editor, Given& given) {
-    const QPointer<Dialog> dialog = new Dialog(given, &editor.mainWindow());
-    dialog->exec();
-    if (dialog) dialog->deleteLater();
-    return dialog;
-}
-
 void showTips(Editor& editor) {
     writeSetting(editor.store(), settings::kShowTips, 1);
-    showDialog<frmTip>(editor, editor.store());
+    showDialog<frmTip>(editor.store(), editor.mainWindow());
 }
 
 void chooseDocument(Editor& editor) {
     frmMDIKLTEditor& window = editor.mainWindow();
-    const auto list = showDialog<frmWindows>(editor, window.forms());
+    const auto list = showDialog<frmWindows>(window.forms(), window);
     if (list && list->chosen() != nullptr) activateDocument(window, *list->chosen());
 }
 
@@ -116,7 +107,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {commands::kHarborPrograms, [](Editor&) { openAddress("https://www.example.net/programs/"); }},
     {commands::kMoreDocuments, chooseDocument},
     {commands::kTips, showTips},
-    {commands::kAbout, [](Editor& editor) { showDialog<frmAbout>(editor, editor.store()); }},
+    {commands::kAbout, [](Editor& editor) { showDialog<frmAbout>(editor.store(), editor.mainWindow()); }},
     {commands::kMailTo, [](Editor&) { mailToField(); }},
 });
 
