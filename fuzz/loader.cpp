@@ -20,13 +20,15 @@ void editLine(MemoryTextArea& document, LineBreakLimits limits) {
         document, [&document] { return &document; }, found);
     if (wizard == nullptr) return;
     const EditedItem& item = wizard->opening().item;
+    const auto place = item.place->range;
     if (wizard->finish(limits).kind != DoneResult::Kind::Closes) {
         fuzz::require(document.Text() == before, "a refusal changes nothing");
         return;
     }
-    const auto start = static_cast<size_t>(item.start), end = start + item.oldText.size();
-    fuzz::require(document.Text().starts_with(before.substr(0, start)), "what is above stays");
-    fuzz::require(document.Text().ends_with(before.substr(end)), "what is below stays");
+    fuzz::require(document.Text().starts_with(before.substr(0, static_cast<size_t>(place.start))),
+                  "what is above stays");
+    fuzz::require(document.Text().ends_with(before.substr(static_cast<size_t>(place.end))),
+                  "what is below stays");
 }
 
 void newLine(MemoryTextArea& document, LineBreakLimits limits) {
