@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+
+namespace klt {
+
+/// A tab of the dialog of options. What it shows is loaded with the dialog.
+class OptionsPage : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    /// Stores what is shown. False if the store did not take it.
+    virtual bool save() = 0;
+
+signals:
+    /// Something is to be stored: "Apply" is enabled.
+    void changed();
+    /// Nothing is to be stored any more: "Apply" is disabled.
+    void settled();
+    /// A field inside the page has Enter and Escape for itself; false when they are the dialog's again.
+    void takesEnter(bool own);
+};
+
+}  // namespace klt
