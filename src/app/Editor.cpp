@@ -35,7 +35,7 @@ Editor::Editor(Store& store, Instances* instances, std::string commandLine)
       store_(store),
       instances_(instances),
       commandLine_(std::move(commandLine)) {
-    // Out of the event that was given up, which may be a painting.
+    // Later: the event that was given up may be a paint event, in which no widget may be shown.
     lack_.setSingleShot(true);
     connect(&lack_, &QTimer::timeout, this, [this] {
         if (window_) window_->notices().tell("There is not enough memory for this. Nothing was changed.");
@@ -106,7 +106,7 @@ void Editor::tellOfKeptTexts() {
 
 void Editor::receive(std::string commandLine, std::function<void()> done) {
     queue.submit(Origin::Outside, [this, commandLine = std::move(commandLine), done = std::move(done)] {
-        // Whoever waits is told in any case.
+        // The sender gets its answer whatever became of the opening.
         tryStep([&] {
             const RaisedFlag loading(variables.LoadingDocuments);
             ParseCommandLine(commandLine);
@@ -132,7 +132,7 @@ void Editor::MenuClick(const QString& key) {
 
 void Editor::openMerger() {
     frmMDIKLTEditor& window = mainWindow();
-    // The window may take it along.
+    // Destroying the window may have destroyed it.
     const QPointer<frmKLTMerger> form =
         new frmKLTMerger(window.fileDialog(), store_, mergeFolder(store_, window.ActiveForm()), &window);
     const bool isMerged = form->exec() == QDialog::Accepted;
@@ -163,7 +163,7 @@ frmFind* Editor::makeFind() {
 }
 
 void Editor::openFind(frmFind::Shape shape) {
-    // A closed one is on its way out.
+    // A closed one is about to be deleted.
     if (!find_ || find_->isHidden()) find_ = makeFind();
     find_->setShape(shape);
     find_->show();

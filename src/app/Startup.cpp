@@ -59,7 +59,7 @@ public:
 
 /// Where address space is short threads must not eat it up, nor be waited for though they could not be made.
 void tameThreads() {
-    // Each would keep 64 MB for its own blocks.
+    // Each further arena would reserve 64 MB of address space.
     mallopt(M_ARENA_MAX, 1);
     // Painting hands large areas to another thread: it is made while there is memory, and kept.
     constexpr unsigned kStack = 256U << 10;
@@ -97,7 +97,7 @@ bool handOverToEarlierInstance(Instances& instances, const std::string& commandL
     const auto window = waitForPreviousInstance(
         instances, [](std::chrono::milliseconds time) { std::this_thread::sleep_for(time); });
     if (window && ActivatePreviousInstance(*window, commandLine) == HandOver::delivered) return true;
-    // It may have died over it, and the lock is free for us.
+    // The other process may have died meanwhile: then its lock is free for us.
     std::ignore = instances.earlierInstanceExists();
     return false;
 }

@@ -17,7 +17,7 @@ namespace {
 
 constexpr size_t kChunk = size_t{256} << 10;
 
-// 0 where nobody knows beforehand, as with a pipe.
+// In bytes; 0 where the size isn't known beforehand, as with a pipe.
 size_t expectedSize(int descriptor) {
     struct stat info {};
     if (fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode)) return 0;

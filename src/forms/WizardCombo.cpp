@@ -110,7 +110,7 @@ void WizardCombo::keyPressEvent(QKeyEvent* event) {
     if (isTab && event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
     if (isItemKey(event->key())) leaveOldItem();
     const QString before = currentText();
-    // The key itself then goes in front of it.
+    // The key itself then puts "(" in front of it.
     if (row_.pairsParentheses && event->text() == "(" && readSetting(store_, settings::kMatchParenthesis)) {
         lineEdit()->insert(")");
         lineEdit()->cursorBackward(false);

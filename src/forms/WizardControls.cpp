@@ -77,7 +77,7 @@ private:
     QWidget& box(const ControlRow& row, QWidget& parent) {
         auto& made = *new RichTextBox(RichTextBox::Kind::Preview, &parent);
         made.setWhatsThis(toQString(fieldHelp(row)));
-        // The box of collected lines has the form's own.
+        // The box of collected lines gets its popup from the form.
         if (row.name != table_.box) addFieldPopup(made);
         if (!row.sections.empty()) return lines(made, row);
         services_.highlighter.SetFieldFormat(made);
@@ -207,7 +207,7 @@ WizardControls makeControls(QWidget& form, const WizardTable& table, WizardState
 }
 
 void showState(const WizardControls& controls, const WizardState& state) {
-    // What goes goes first: with both on show for a moment the form would grow, and stay so.
+    // Hide before showing: with both visible for a moment the form would grow, and stay so.
     for (size_t i = 0; i < controls.controls.size(); ++i)
         if (!state.controls()[i].isVisible) controls.controls[i].widget.hide();
     for (size_t i = 0; i < controls.controls.size(); ++i) {

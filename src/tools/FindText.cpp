@@ -48,7 +48,7 @@ FindOutcome findOn(TextArea& text, FindButton button, const FindRequest& request
     }
     text.ScrollToLine(text.GetLineFromChar(found));
     if (button == FindButton::Replace) text.SetSelText(request.with);
-    // Far out in a long line it would not be seen.
+    // Behind the caret of a long line the match would be out of view.
     text.ScrollCaret();
     return {.result = button == FindButton::FindNext ? found : 1, .searchedOn = true};
 }
@@ -69,7 +69,7 @@ void setWhole(TextArea& text, std::string_view whole) {
 /// Whether the text with all replacements would be more than a gibibyte.
 bool becomesTooLong(std::string_view old, TextRange part, const FindRequest& request) {
     constexpr size_t kLongest = size_t{1} << 30;
-    // Were every byte a match: then nothing need be counted.
+    // Even a match at every byte would stay within the limit: nothing need be counted.
     if (request.with.empty() || old.size() * request.with.size() <= kLongest) return false;
     size_t length = old.size();
     TextSearch(request.find, request.options.matchCase).each(old, part.start, part.end, [&](TextRange) {

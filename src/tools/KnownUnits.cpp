@@ -25,7 +25,7 @@ std::optional<std::string_view> KnownUnits::findOrAdd(const MergeUnit& unit) {
     return std::nullopt;
 }
 
-// The one that holds the unit, or the free one that is to take it.
+// The slot that holds the unit, or the free slot where it belongs.
 KnownUnits::Slot& KnownUnits::slotOf(uint32_t hash, std::string_view body) {
     const auto mask = slots_.size() - 1;
     auto place = hash & mask;

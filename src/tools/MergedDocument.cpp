@@ -99,7 +99,7 @@ MergedDocument::Lines MergedDocument::inOrder() const {
 }
 
 std::string MergedDocument::takeText() {
-    // The memory serves the text to come.
+    // What is known is not needed any more, and its memory is room for the text.
     for (auto& part : parts_)
         for (auto& subsection : part.subsections) subsection.known = {};
     const auto all = inOrder();

@@ -31,7 +31,7 @@ public:
 
 void useAccessibleTextOnDemand() {
     static const bool installed = [] {
-        // The last one installed is asked first.
+        // Of event filters the last one installed is asked first.
         QAccessible::installFactory(plainWhileNobodyListens);
         static Listeners listeners;
         QAccessible::installActivationObserver(&listeners);

@@ -53,7 +53,7 @@ void Combo::takeText() {
     setCompleter(nullptr);
     QLineEdit& edit = *lineEdit();
     edit.setMaxLength(std::numeric_limits<int>::max());
-    // By these the base class chooses an item that equals the text.
+    // On these signals the base class would choose an item that equals the text.
     disconnect(&edit, &QLineEdit::editingFinished, this, nullptr);
     disconnect(&edit, &QLineEdit::returnPressed, this, nullptr);
     connect(&edit, &QLineEdit::textEdited, this, [this] { isEdit_ = true; });
@@ -68,7 +68,7 @@ void Combo::wheelEvent(QWheelEvent* event) {
 void Combo::changed(const QString& text) {
     const bool isEdit = std::exchange(isEdit_, false);
     const QString before = std::exchange(before_, text);
-    // A line end that is left by half is on its way out.
+    // A CR or LF that stands alone is just being deleted.
     if (!isEdit || isDeletion(before, text)) return;
     const QString wanted = withLineEnds(text, typed_);
     if (wanted == text) return;

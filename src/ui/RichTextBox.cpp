@@ -145,7 +145,7 @@ std::string_view RichTextBox::Slice(Position start, Position end) const {
     end = std::min(end, Length());
     if (start >= end) return {};
     const Position address = send(SCI_GETRANGEPOINTER, start, end - start);
-    // The library hands pointers out as numbers.
+    // Scintilla's messages return pointers as integers.
     return {reinterpret_cast<const char*>(address),  // NOLINT(performance-no-int-to-ptr)
             static_cast<size_t>(end - start)};
 }

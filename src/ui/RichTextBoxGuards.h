@@ -33,7 +33,7 @@ public:
         if (wasClosed_) box_.send(SCI_SETREADONLY, 0);
     }
     ~Gate() {
-        // Protection may have gone meanwhile.
+        // An edit may have removed the protection meanwhile.
         if (wasClosed_ && box_.isClosed()) box_.send(SCI_SETREADONLY, 1);
     }
     Gate(const Gate&) = delete;

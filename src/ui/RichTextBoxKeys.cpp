@@ -193,7 +193,7 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 bool RichTextBox::focusNextPrevChild(bool next) {
-    // The base would keep Tab.
+    // The base class would keep Tab for itself.
     return kind_ != Kind::Document &&
            QAbstractScrollArea::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
 }
@@ -203,7 +203,7 @@ void RichTextBox::Cut() {
     if (SelLength() == 0) return;
     edit(selection(), 0, 0, [&] {
         send(SCI_COPY);
-        // The clipboard has taken some.
+        // The clipboard's copy has taken memory.
         makeRoom({SelLength(), 0, 0});
         send(SCI_CLEAR);
     });

@@ -74,7 +74,7 @@ constexpr std::array kEffects = {
     Effect{kQuirk, kOn, Act::Disable, kCostedButtons, {}, kInsert},
     Effect{kAfterDone, kAnyState, Act::SetText,
            "rtbItemName rtbItemGives rtbItemMods rtbItemNeeds rtbItemNotes rtbItemPage rtbItemUpto"},
-    // A quirk's cost serves the next quirk.
+    // A quirk's cost is kept for the next quirk.
     Effect{kAfterDone, kAnyState, Act::SetText, "rtbItemCost", {}, kEveryMode, stateIs(kQuirk, kOff)},
 };
 

@@ -68,7 +68,7 @@ private:
     bool isBare_ = true;
     // Behind `.AT.`.
     bool isLevel_ = false;
-    // What is open in it.
+    // The word, and the parentheses open behind it.
     size_t wordStart_ = 0;
     size_t depth_ = 0;
     Tag tag_ = Tag::None;

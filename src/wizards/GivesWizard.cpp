@@ -44,7 +44,7 @@ constexpr std::array kEffects = {
     Effect{"Check2", kOn, Act::SetLabel, "MaximumGives", kUpto},
     Effect{"Check2 Check3", kOff, Act::Disable, kMaximum},
     Effect{"Check2 Check3", kOff, Act::SetLabel, "MaximumGives"},
-    // A maximum needs the word "to", and without it there is none.
+    // A maximum stands behind the word "to" only.
     Effect{"Check2", kAnyState, Act::TurnOn, "Check3"},
     Effect{"Check3", kOff, Act::TurnOff, "Check2"},
 };

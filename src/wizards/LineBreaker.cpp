@@ -12,8 +12,7 @@ namespace klt {
 
 namespace {
 
-// So that a huge line of which the checker likes no break ends in a moment; it then stays whole from there
-// on.
+// Bounds the time for a huge line in which the checker accepts no break; the rest then stays whole.
 constexpr size_t kMostWork = 32'000'000;
 
 Position charactersOf(std::string_view text) {

@@ -111,7 +111,7 @@ protected:
         const std::string joined = joinPackageLine(logicalLine);
         const auto line = trimBlanks(joined);
         const LineTab* const tab = tabOf(line);
-        // No field takes lines that can't be made one.
+        // Lines that can't be joined fit no field.
         if (tab == nullptr || line.find("\r\n") != line.npos) return nullptr;
         const WizardState before = state;
         emptyTab(*tab);

@@ -40,7 +40,7 @@ constexpr std::array kControls = {
     formButton("Command3", "&Help", ButtonUse::Help),
 };
 
-// What a line says by saying nothing.
+// The defaults, which a line leaves out.
 constexpr Names kDefaults = "DoubleInPlay DisplayStat StatRoundDown";
 
 constexpr std::array kEffects = {

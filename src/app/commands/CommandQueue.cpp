@@ -181,7 +181,7 @@ bool CommandQueue::mustStay(const QWidget& window) const {
 
 bool CommandQueue::holdsBack(const QWidget& receiver) {
     if (!isHeld()) {
-        // What an event that is being delivered leads to is a part of it.
+        // Events that are sent while another is delivered belong to that one.
         return deliveringLevel_ != QThread::currentThread()->loopLevel() && next() != waiting_.end();
     }
     if (passes_) return receiver.window() != spared_;

@@ -19,7 +19,7 @@ void activateDocument(frmMDIKLTEditor& window, frmKLTEditor& document) {
     QWidget* frame = document.parentWidget();
     if (frame->isMinimized()) frame->showNormal();
     window.showDocument(document);
-    // The mark that the menu has moved by itself may stand on the wrong one.
+    // The click has moved the menu's check mark, perhaps to the wrong item.
     window.updateMenus();
 }
 

@@ -118,7 +118,7 @@ bool CommonDialog1::Dialog::eventFilter(QObject* receiver, QEvent* event) {
 /// Whether the choice may not stand; the user is told unless the button said so already.
 bool CommonDialog1::Dialog::refusesChoice() {
     const auto paths = chosen();
-    // Enter and a double click don't ask the button. Into a folder they lead, and choose nothing.
+    // Enter and a double click come here even where the button is disabled; on a folder they open it.
     const auto isRefused = [](const auto& path) {
         return !mayBeMerged(path) && !QFileInfo(fromPath(path)).isDir();
     };
@@ -162,7 +162,7 @@ std::vector<std::string> CommonDialog1::show(QWidget* owner, bool save) {
     const bool accepted = dialog_->exec() == QDialog::Accepted;
     FileName.clear();
     if (!dialog_) return {};
-    // An owner that goes takes its children along, and this object has to stay.
+    // A destroyed owner would destroy its children, and this object has to stay.
     dialog_->setParent(&mainWindow_, Qt::Dialog);
     auto paths = accepted ? dialog_->chosen() : std::vector<std::string>();
     if (paths.empty()) return paths;

@@ -16,7 +16,7 @@
 namespace klt {
 namespace {
 
-// By making one: permissions alone don't tell, least of all the administrator.
+// Tried by making a file: permission bits don't tell, least of all for the administrator.
 bool takesNewFiles(const std::string& folder) {
     return !folder.empty() && NewFile(folder, S_IRUSR | S_IWUSR).error() == 0;
 }

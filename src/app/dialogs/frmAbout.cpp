@@ -35,7 +35,7 @@ frmAbout::frmAbout(Store& store, QWidget* owner) : QDialog(owner) {
     all->addLayout(upper);
     all->addStretch(1);
     all->addLayout(buildButtons());
-    // Not before it is the dialog's.
+    // A button can be the default one only once its dialog holds it.
     auto* ok = findChild<QPushButton*>("cmdOK");
     ok->setDefault(true);
     ok->setFocus();
@@ -91,7 +91,7 @@ QLayout* frmAbout::buildButtons() {
 }
 
 void frmAbout::showThanks() {
-    // On the heap, since this window may take it along.
+    // On the heap, since closing this window destroys it.
     auto* thanks = new frmThanks(this);
     thanks->setAttribute(Qt::WA_DeleteOnClose);
     thanks->exec();

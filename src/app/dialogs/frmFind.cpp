@@ -76,7 +76,7 @@ frmFind::frmFind(FindServices services, QWidget* owner)
     all->addLayout(buildButtons(), 0, 1, 3, 1);
     all->setRowStretch(2, 1);
     all->setColumnStretch(0, 1);
-    // Not before it is the dialog's.
+    // A button can be the default one only once its dialog holds it.
     cmdFindReplace[0]->setDefault(true);
     showHistory(*Combo1, searches_);
     showHistory(*Combo2, replacements_);
@@ -152,7 +152,7 @@ void frmFind::wire() {
 }
 
 void frmFind::takeSelection() {
-    // A field with more is slow, and nobody looks for it.
+    // A longer text makes the field slow, and nobody looks for one.
     constexpr Position kMost = Position{1} << 20;
     const RichTextBox* const text = services_.activeText();
     if (text == nullptr) return;
@@ -192,7 +192,7 @@ void frmFind::findTextChanged() {
 void frmFind::updateButtons() {
     const bool hasText = !Combo1->currentText().isEmpty();
     cmdFindReplace[0]->setEnabled(hasText);
-    // It opens the other shape in this one.
+    // In the shape Find it only switches to Replace, which needs no text.
     cmdFindReplace[1]->setEnabled(hasText || shape_ == Shape::Find);
     cmdFindReplace[2]->setEnabled(hasText);
 }

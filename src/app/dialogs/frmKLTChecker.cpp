@@ -104,7 +104,7 @@ frmKLTChecker::frmKLTChecker(QWidget* owner)
     auto* column = new QVBoxLayout;
     column->addWidget(makeParagraph("Label1", kPatience, this));
     column->addLayout(grid);
-    // Two pieces of one text.
+    // The two labels are one advice: no gap between them.
     auto* advice = new QVBoxLayout;
     advice->setSpacing(0);
     advice->addWidget(makeParagraph("Label5", kStill, this));

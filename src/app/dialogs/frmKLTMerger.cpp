@@ -59,7 +59,7 @@ frmKLTMerger::frmKLTMerger(CommonDialog1& fileDialog, Store& store, const std::s
     filesChanged();
     loadFileClicked();
     wire();
-    // Not before it is the dialog's.
+    // A button can be the default one only once its dialog holds it.
     cmdMerge->setDefault(true);
     cmdAddFile->setFocus();
 }

@@ -71,7 +71,7 @@ void frmThanks::buildLayout() {
     grid->addWidget(lblDescription_, 2, 0, 1, 2);
     grid->addLayout(buttons, 3, 0, 1, 2);
     grid->setRowStretch(1, 1);
-    // Not before it is the dialog's.
+    // A button can be the default one only once its dialog holds it.
     cmdOK_->setDefault(true);
 }
 

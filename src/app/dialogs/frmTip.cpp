@@ -81,7 +81,7 @@ void frmTip::buildLayout() {
     auto* all = new QVBoxLayout(this);
     all->addWidget(paper, 1);
     all->addLayout(buttons);
-    // Not before it is the dialog's.
+    // A button can be the default one only once its dialog holds it.
     cmdOK_->setDefault(true);
     cmdOK_->setFocus();
 }

@@ -54,7 +54,7 @@ void frmWindows::buildLayout() {
     all->addWidget(label);
     all->addWidget(lstDataFiles_, 1);
     all->addLayout(buttons);
-    // Not before it is the dialog's.
+    // A button can be the default one only once its dialog holds it.
     done->setDefault(true);
     lstDataFiles_->setFocus();
 }

@@ -30,7 +30,7 @@ constexpr unsigned kSaveFlags = kOverwritePrompt | kHideReadOnly | kPathMustExis
 constexpr unsigned kOpenFlags = kHideReadOnly | kAllowMultiselect | kFileMustExist | kExplorer | kLongNames;
 static_assert(kSaveFlags == 2623494 && kOpenFlags == 2626052);
 
-// More than the window of a document takes.
+// Room for what a document's window itself needs, in bytes.
 constexpr size_t kWindowSize = size_t{1} << 20;
 
 bool isBlank(std::string_view path) {

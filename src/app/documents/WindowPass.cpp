@@ -52,7 +52,7 @@ void WindowPass::run() {
         if (!locked_) showFinishedPart();
         QCoreApplication::processEvents();
         const Position finished = pass_.settledEnd();
-        // Where no thread is to be had it is scanned afterwards.
+        // Without a thread the slice is scanned afterwards, here.
         auto next = std::async(std::launch::async | std::launch::deferred, [this] { return slice(); });
         layStylesTo(finished);
         goesOn = next.get();

@@ -131,7 +131,7 @@ void Toolbars::storeVisibility(Store& store) const {
 }
 
 Toolbars::Places Toolbars::places() {
-    // A change may not be laid out yet.
+    // The layout of the last change may still be pending.
     window_.layout()->activate();
     Places places;
     places.bands[0] = placeOnScreen(*window_.menuBar());

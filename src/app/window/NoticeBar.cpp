@@ -70,7 +70,7 @@ void NoticeBar::tell(std::string_view text, std::function<void()> dismissed) {
     // What goes wrong at every key is told once.
     if (!notices_.empty() && notices_.back().text == line && !dismissed && !notices_.back().dismissed) return;
     notices_.push_back({std::move(line), std::move(dismissed)});
-    // Found at its first use: icons are slow, and a start has none.
+    // Looked up at its first use: icons are slow to load, and a start shows no notice.
     if (icon_->pixmap(Qt::ReturnByValue).isNull()) {
         const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
         icon_->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));

@@ -62,7 +62,7 @@ frmMDIKLTEditor::frmMDIKLTEditor(modVariables& variables, Store& store, CommandQ
 }
 
 frmMDIKLTEditor::~frmMDIKLTEditor() {
-    // The documents that go below with the area activate each other.
+    // While the area is destroyed, its documents activate each other.
     area_->disconnect(this);
 }
 
@@ -124,7 +124,7 @@ frmKLTEditor& frmMDIKLTEditor::loadDocument() {
     auto* document = new frmKLTEditor;
     document->QueryUnload = [this, document] { return documentQueryUnload(*document); };
     auto* subWindow = area_->addSubWindow(document);
-    // Its Ctrl+F4 would stand against the menu's.
+    // The area's own Ctrl+F4 would be ambiguous with the menu's.
     delete subWindow->systemMenu();
     subWindow->setSystemMenu(nullptr);
     if (maximised) subWindow->setWindowState(Qt::WindowMaximized);
@@ -141,7 +141,7 @@ void frmMDIKLTEditor::showDocument(frmKLTEditor& document) {
     area_->setActiveSubWindow(subWindow);
     document.RichTextBox1->setFocus();
     activate(document);
-    // The area has activated this window.
+    // The area has already activated this window.
     giveDialogTheKeyboard();
 }
 
