@@ -53,39 +53,37 @@ protected:
 
 TEST_F(CollectingFormsTest, AGroupIsCollectedAndWritten) {
     open(file("a.klt", kHead));
-    inWizard(
-        [&] {
-            keys("New");
-            tabTo("ItemType");
-            keys("S");
-            EXPECT_EQ(the<QComboBox>("ItemType").currentText(), "Skill");
-            tabTo("ItemName");
-            keys("x");
-            tabTo("Command2");
-            key(Qt::Key_Space);
-            EXPECT_EQ(focus(), "ItemName");
-            keys("(y");
-            press("Command2");
-            EXPECT_EQ(text("FullGroup"), "SK:x\r\nSK:(y)");
-            answerMessage(QMessageBox::Ok);
-            press("Command2");
-            EXPECT_EQ(asked.back() + lastTitle, "MUST type a name!" + std::string(kTitle));
-            activate(*form_);
+    inWizard("I6", [&] {
+        keys("New");
+        tabTo("ItemType");
+        keys("S");
+        EXPECT_EQ(the<QComboBox>("ItemType").currentText(), "Skill");
+        tabTo("ItemName");
+        keys("x");
+        tabTo("Command2");
+        key(Qt::Key_Space);
+        EXPECT_EQ(focus(), "ItemName");
+        keys("(y");
+        press("Command2");
+        EXPECT_EQ(text("FullGroup"), "SK:x\r\nSK:(y)");
+        answerMessage(QMessageBox::Ok);
+        press("Command2");
+        EXPECT_EQ(asked.back() + lastTitle, "MUST type a name!" + std::string(kTitle));
+        activate(*form_);
 
-            the<QTabWidget>("vbTabControl1").setCurrentIndex(1);
-            RichTextBox& box = the<RichTextBox>("FullGroup");
-            box.setFocus();
-            EXPECT_NE(box.StyleRuns(), "");
-            key(Qt::Key_Return);
-            EXPECT_EQ(text("FullGroup"), "\r\nSK:x\r\nSK:(y)") << "no press of a button";
-            box.Undo();
-            QTest::keyClick(&box, Qt::Key_L, Qt::ControlModifier);
-            EXPECT_EQ(text("FullGroup") + page() + focus(), "SK:(y)Picture1(0)ItemType");
-            EXPECT_EQ(text("ItemName"), "x");
-            press("Command3");
-            EXPECT_EQ(text("FullGroup") + focus(), "GroupName");
-        },
-        "I6");
+        the<QTabWidget>("vbTabControl1").setCurrentIndex(1);
+        RichTextBox& box = the<RichTextBox>("FullGroup");
+        box.setFocus();
+        EXPECT_NE(box.StyleRuns(), "");
+        key(Qt::Key_Return);
+        EXPECT_EQ(text("FullGroup"), "\r\nSK:x\r\nSK:(y)") << "no press of a button";
+        box.Undo();
+        QTest::keyClick(&box, Qt::Key_L, Qt::ControlModifier);
+        EXPECT_EQ(text("FullGroup") + page() + focus(), "SK:(y)Picture1(0)ItemType");
+        EXPECT_EQ(text("ItemName"), "x");
+        press("Command3");
+        EXPECT_EQ(text("FullGroup") + focus(), "GroupName");
+    });
     EXPECT_NE(textOf(active()).find("<B>\r\nSK:a\r\nSK:b\r\n<New>\r\nSK:(y)\r\n\r\n[PACKAGES]"),
               std::string::npos)
         << textOf(active());
@@ -132,58 +130,55 @@ TEST_F(CollectingFormsTest, APackageIsBuiltByKeysAlone) {
         key(Qt::Key_Return);
         form_ = package;
     };
-    inWizard(
-        [&] {
-            keys("Crew");
-            tabTo("PackDescription");
-            keys("Of any boat");
-            tabTo("PackCat");
-            keys("Trades");
-            key(Qt::Key_Tab);
-            EXPECT_TRUE(form_->focusWidget()->inherits("QTabBar"));
-            key(Qt::Key_Right);
-            EXPECT_EQ(page(), "Picture1(1)");
-            tabTo("CreateItemType");
-            for (const char* there : {"Picture1(2)", "Picture1(1)"}) {
-                chord(there == std::string("Picture1(2)") ? Qt::Key_Tab : Qt::Key_Backtab,
-                      Qt::ControlModifier);
-                EXPECT_EQ(page(), there);
-                tabTo(there == std::string("Picture1(2)") ? "Message" : "CreateItemType");
-            }
-            keys("A");
-            tabTo("Command6");
-            answerNext<WizardForm>(item);
-            key(Qt::Key_Space);
-            EXPECT_EQ(text("RichTextBox1"), "Keel, 5");
-            activate(*form_);
-            form_->field("AddMods(1)").setFocus();
-            tabTo("Command5(1)");
-            QTimer::singleShot(0, form_, [&] {
-                // From here on it is the next modal form.
-                answerNext<WizardForm>(modifier);
-                QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_W);
-            });
-            key(Qt::Key_Space);
-            EXPECT_EQ(text("AddMods(1)"), "Mild, -10%");
-            activate(*form_);
-            tabTo("Command10");
-            key(Qt::Key_Space);
-            EXPECT_EQ(text("FullPackage"), "CREATE=AD:Keel, 5 .WITH. Mild, -10%");
-            EXPECT_EQ(text("FullCreateItem") + focus(), "CREATE=Command10");
+    inWizard("I9", [&] {
+        keys("Crew");
+        tabTo("PackDescription");
+        keys("Of any boat");
+        tabTo("PackCat");
+        keys("Trades");
+        key(Qt::Key_Tab);
+        EXPECT_TRUE(form_->focusWidget()->inherits("QTabBar"));
+        key(Qt::Key_Right);
+        EXPECT_EQ(page(), "Picture1(1)");
+        tabTo("CreateItemType");
+        for (const char* there : {"Picture1(2)", "Picture1(1)"}) {
+            chord(there == std::string("Picture1(2)") ? Qt::Key_Tab : Qt::Key_Backtab, Qt::ControlModifier);
+            EXPECT_EQ(page(), there);
+            tabTo(there == std::string("Picture1(2)") ? "Message" : "CreateItemType");
+        }
+        keys("A");
+        tabTo("Command6");
+        answerNext<WizardForm>(item);
+        key(Qt::Key_Space);
+        EXPECT_EQ(text("RichTextBox1"), "Keel, 5");
+        activate(*form_);
+        form_->field("AddMods(1)").setFocus();
+        tabTo("Command5(1)");
+        QTimer::singleShot(0, form_, [&] {
+            // From here on it is the next modal form.
+            answerNext<WizardForm>(modifier);
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_W);
+        });
+        key(Qt::Key_Space);
+        EXPECT_EQ(text("AddMods(1)"), "Mild, -10%");
+        activate(*form_);
+        tabTo("Command10");
+        key(Qt::Key_Space);
+        EXPECT_EQ(text("FullPackage"), "CREATE=AD:Keel, 5 .WITH. Mild, -10%");
+        EXPECT_EQ(text("FullCreateItem") + focus(), "CREATE=Command10");
 
-            form_->field("Message").setFocus();
-            the<QTabWidget>("vbTabControl1").setCurrentIndex(2);
-            tabTo("Message");
-            keys("Hello :-)");
-            EXPECT_EQ(text("FullMessageLine"), "MESSAGE=Hello :-)");
-            answerMessage(QMessageBox::Ok);
-            press("Command12");
-            EXPECT_EQ(asked.back() + '|' + lastTitle, "Hello :-)|Crew");
-            EXPECT_EQ(lastIcon, QMessageBox::Information);
-            press("Command13");
-            press("Command3");
-        },
-        "I9");
+        form_->field("Message").setFocus();
+        the<QTabWidget>("vbTabControl1").setCurrentIndex(2);
+        tabTo("Message");
+        keys("Hello :-)");
+        EXPECT_EQ(text("FullMessageLine"), "MESSAGE=Hello :-)");
+        answerMessage(QMessageBox::Ok);
+        press("Command12");
+        EXPECT_EQ(asked.back() + '|' + lastTitle, "Hello :-)|Crew");
+        EXPECT_EQ(lastIcon, QMessageBox::Information);
+        press("Command13");
+        press("Command3");
+    });
     EXPECT_TRUE(
         textOf(active()).ends_with("[Packages]\r\n\r\n\r\n<Trades>\r\n{Crew=Of any boat}\r\n"
                                    "CREATE=AD:Keel, 5 .WITH. Mild, -10%\r\nMESSAGE=Hello :-)\r\n"))
@@ -195,19 +190,16 @@ TEST_F(CollectingFormsTest, APackageIsBuiltByKeysAlone) {
 
 TEST_F(CollectingFormsTest, ComplaintsShowTheirTab) {
     open(file("a.klt", kHead));
-    inWizard(
-        [&] {
-            the<QTabWidget>("vbTabControl1").setCurrentIndex(4);
-            answerMessage(QMessageBox::Ok);
-            press("Command3");
-            EXPECT_EQ(asked.back() + page() + focus(),
-                      "You must create a Package first!Picture1(5)FullPackage");
-            EXPECT_FALSE(the<QGroupBox>("Frame14").isVisibleTo(form_) ||
-                         the<QGroupBox>("Frame13").isVisibleTo(form_));
-            QTest::keyClicks(&the<RichTextBox>("FullItemLine"), "x");
-            EXPECT_EQ(text("FullItemLine"), "ADD=") << "it takes no typing";
-        },
-        "I9");
+    inWizard("I9", [&] {
+        the<QTabWidget>("vbTabControl1").setCurrentIndex(4);
+        answerMessage(QMessageBox::Ok);
+        press("Command3");
+        EXPECT_EQ(asked.back() + page() + focus(), "You must create a Package first!Picture1(5)FullPackage");
+        EXPECT_FALSE(the<QGroupBox>("Frame14").isVisibleTo(form_) ||
+                     the<QGroupBox>("Frame13").isVisibleTo(form_));
+        QTest::keyClicks(&the<RichTextBox>("FullItemLine"), "x");
+        EXPECT_EQ(text("FullItemLine"), "ADD=") << "it takes no typing";
+    });
 }
 
 TEST_F(CollectingFormsTest, EditsBesideItsDocument) {

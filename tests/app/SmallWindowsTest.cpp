@@ -48,12 +48,6 @@ protected:
     void in(const char* command, const std::function<void()>& work) {
         in<Dialog>([&] { run(command); }, work);
     }
-    /// Until it has the focus, a key finds neither an access key nor the default button.
-    static void activate(QWidget& shown) {
-        shown.activateWindow();
-        letEventsRun();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
-    }
     template <typename Control>
     Control& control(const char* name) {
         return *form_->findChild<Control*>(name);

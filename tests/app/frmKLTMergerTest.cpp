@@ -43,12 +43,6 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return isOver && !editor().queue.isHeld(); }));
         letEventsRun();
     }
-    /// Until it has the focus, a key finds neither the shortcut nor the default button.
-    static void activate(QWidget& shown) {
-        shown.activateWindow();
-        letEventsRun();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
-    }
     template <typename Control>
     Control& control(const char* name) {
         return *form->findChild<Control*>(name);

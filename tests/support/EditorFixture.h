@@ -85,6 +85,13 @@ protected:
     /// Calls `work` in the middle of the next opening, where it lets events run.
     void duringOpening(std::function<void()> work) { QTimer::singleShot(0, &life_, std::move(work)); }
     static void letEventsRun() { QTest::qWait(0); }
+    /// Offscreen nobody does it, and until a window has the focus, a key finds neither an access key nor the
+    /// default button.
+    static void activate(QWidget& shown) {
+        shown.activateWindow();
+        letEventsRun();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+    }
 
     /// Types into the active document.
     void type(const QString& text) { QTest::keyClicks(&box(), text); }

@@ -14,8 +14,8 @@ namespace klt {
 /// Wizards in the running program.
 class WizardFixture : public EditorFixture {
 protected:
-    /// Opens the wizard, by default for a new line, lets `work` press keys in it and leaves it.
-    void inWizard(const std::function<void()>& work, const char* command = "I1") {
+    /// Opens the wizard of the command, lets `work` press keys in it and leaves it.
+    void inWizard(const char* command, const std::function<void()>& work) {
         answerNext<WizardForm>([&](WizardForm& form) {
             form_ = &form;
             activate(form);
@@ -25,12 +25,8 @@ protected:
         });
         action(command)->trigger();
     }
-    void inWizard(const char* command, const std::function<void()>& work) { inWizard(work, command); }
-    /// Offscreen nobody does it, and without it the focus tells nothing.
-    static void activate(QWidget& window) {
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window.isActiveWindow(); }));
-    }
+    /// The Advantage wizard for a new line.
+    void inWizard(const std::function<void()>& work) { inWizard("I1", work); }
     void key(Qt::Key which) { QTest::keyClick(form_->focusWidget(), which); }
     /// Types into the fields one after another, from the one that has the focus; "" leaves a field as it is.
     void tabThrough(const std::vector<const char*>& texts) {
