@@ -15,6 +15,8 @@ constexpr QSize kAround(60, 110);
 FittingArea::FittingArea(QWidget* parent) : QScrollArea(parent) {
     setFrameShape(NoFrame);
     setWidgetResizable(true);
+    // By itself it would be a stop of the Tab key.
+    setFocusPolicy(Qt::NoFocus);
 }
 
 QSize FittingArea::sizeHint() const {
