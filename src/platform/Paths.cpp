@@ -11,6 +11,7 @@
 #include <system_error>
 #include <utility>
 
+#include "text/Ascii.h"
 #include "text/Unicode.h"
 
 namespace fs = std::filesystem;
@@ -185,6 +186,11 @@ std::string FileExtension(std::string_view path) {
     const auto name = FileName(path);
     const auto dot = name.rfind('.');
     return dot == name.npos ? std::string() : name.substr(dot + 1);
+}
+
+std::string_view withoutFileEnding(std::string_view name) {
+    const auto stem = name.size() - std::min(name.size(), kFileEnding.size());
+    return equalIgnoringAsciiCase(name.substr(stem), kFileEnding) ? name.substr(0, stem) : name;
 }
 
 std::string FileName(std::string_view path) {

@@ -49,6 +49,10 @@ bool makePrivateFolder(const std::string& path);
 /// The letters behind the last dot of the name, without the dot; empty where the name has none.
 std::string FileExtension(std::string_view path);
 
+/// What the names of data files end in, written in any case, and a name without it.
+inline constexpr std::string_view kFileEnding = ".klt";
+std::string_view withoutFileEnding(std::string_view name);
+
 /// The part of a path behind the last "/" or "\".
 std::string FileName(std::string_view path);
 

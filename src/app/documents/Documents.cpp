@@ -44,7 +44,12 @@ void letEventsRun() {
 /// What the document's file is called, or would be.
 std::string displayName(const frmKLTEditor& document) {
     const std::string name = FileName(document.Caption());
-    return FileExtension(document.Caption()).empty() ? name + ".klt" : name;
+    return FileExtension(document.Caption()).empty() ? name + std::string(kFileEnding) : name;
+}
+
+/// What the file dialog proposes: a name that was given beside a file stays in that file's folder.
+std::string proposedFile(const frmKLTEditor& document) {
+    return document.oldFile.empty() ? displayName(document) : document.Caption();
 }
 
 }  // namespace
@@ -174,7 +179,7 @@ void Documents::Close() {
 std::string Documents::askForFile(const frmKLTEditor& document, std::string_view title) {
     CommonDialog1& dialog = mainWindow_().fileDialog();
     dialog.DialogTitle = title;
-    dialog.FileName = displayName(document);
+    dialog.FileName = proposedFile(document);
     dialog.Flags = kSaveFlags;
     dialog.ShowSave();
     return dialog.FileName;
@@ -189,7 +194,7 @@ void Documents::SaveDocumentAs() {
 }
 
 void Documents::save(frmKLTEditor& document) {
-    if (!document.Exists()) return saveAs(document);
+    if (asksForFile(document)) return saveAs(document);
     variables_.CurrentFilePath = document.Caption();
     if (writeOrTell(document)) saved(document);
 }
@@ -208,9 +213,38 @@ void Documents::saveAs(frmKLTEditor& document) {
 
 void Documents::saved(frmKLTEditor& document) {
     document.Label1->setEnabled(false);
+    document.oldFile.clear();
     if (mainWindow_().ActiveForm() == &document) mainWindow_().panels().showModified(false);
     AddToRecent(variables_.CurrentFilePath);
     mainWindow_().updateMenus();
+}
+
+void Documents::NameFile(frmKLTEditor& document, const std::string& name) {
+    const std::string stem(withoutFileEnding(name));
+    if (isBlank(stem) || stem == document.fileStem()) return;
+    std::string path = stem;
+    path += kFileEnding;
+    if (document.Exists()) {
+        path.insert(0, document.Caption(), 0, document.Caption().rfind('/') + 1);
+        const std::string file = document.oldFile.empty() ? document.Caption() : document.oldFile;
+        document.oldFile = path == file ? std::string() : file;
+    }
+    document.setCaption(path);
+    if (mainWindow_().ActiveForm() == &document) variables_.CurrentFilePath = path;
+    if (!document.oldFile.empty())
+        mainWindow_().notices().tell(document.oldFile + " stays as it is. The document is saved as " + path +
+                                     " from now on.");
+    mainWindow_().updateMenus();
+}
+
+/// Whether a save has to ask where to: without a file, and where a name that was given is taken by now.
+bool Documents::asksForFile(const frmKLTEditor& document) {
+    if (!document.Exists()) return true;
+    if (document.oldFile.empty()) return false;
+    const std::string& path = document.Caption();
+    return PathExists(path) || std::ranges::any_of(mainWindow_().forms().documents(), [&](const auto* other) {
+               return other != &document && linkTarget(other->Caption()) == linkTarget(path);
+           });
 }
 
 /// Writes the document to `CurrentFilePath`. A failure leaves the document as it is.
@@ -253,7 +287,7 @@ bool Documents::CloseCheck(frmKLTEditor* document) {
 bool Documents::saveAtClose(frmKLTEditor& document) {
     const QPointer<frmKLTEditor> alive(&document);
     const std::string chosen =
-        document.Exists() ? document.Caption() : askForFile(document, "Select Data File Name");
+        asksForFile(document) ? askForFile(document, "Select Data File Name") : document.Caption();
     if (chosen.empty() || !alive) return false;
     variables_.CurrentFilePath = chosen;
     if (const auto failure = write(document)) return !keep(document, *failure);

@@ -37,6 +37,9 @@ public:
     bool CloseCheck(frmKLTEditor* document = nullptr);
     void SaveDocument();
     void SaveDocumentAs();
+    /// Gives the document another file name, without folder, for its next save; the old file stays. A ".klt"
+    /// is added where the name lacks it. A name of blanks, and the one that it has, change nothing.
+    void NameFile(frmKLTEditor& document, const std::string& name);
     /// Puts the path at the head of the recent files and stores the list.
     void AddToRecent(const std::string& path);
 
@@ -64,6 +67,7 @@ private:
     Failure write(frmKLTEditor& document);
     bool writeOrTell(frmKLTEditor& document);
     void saved(frmKLTEditor& document);
+    bool asksForFile(const frmKLTEditor& document);
     std::string askForFile(const frmKLTEditor& document, std::string_view title);
 
     modVariables& variables_;

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 
+#include "platform/Paths.h"
 #include "ui/QtStrings.h"
 
 namespace klt {
@@ -33,6 +34,11 @@ void frmKLTEditor::setCaption(std::string caption) {
     caption_ = std::move(caption);
     RichTextBox1->setAccessibleName(toQString(caption_));
     setWindowTitle(asTitle(caption_));
+}
+
+std::string frmKLTEditor::fileStem() const {
+    const std::string name = FileName(caption_);
+    return Exists() || !FileExtension(name).empty() ? std::string(withoutFileEnding(name)) : std::string();
 }
 
 void frmKLTEditor::closeEvent(QCloseEvent* event) {

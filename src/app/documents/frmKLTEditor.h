@@ -31,6 +31,9 @@ public:
     /// The document's identity: the full path of its file, as bytes, or a name while it has none.
     const std::string& Caption() const { return caption_; }
     void setCaption(std::string caption);
+    /// What its file is called, or will be, without folder and ".klt"; empty for a new document without a
+    /// name of its own.
+    std::string fileStem() const;
 
     /// What its file is written in.
     Encoding encoding = Encoding::Any;
@@ -38,6 +41,8 @@ public:
     bool isLoading = false;
     /// The file under this caption could not be read, so what stands in it is not what stands here.
     bool unread = false;
+    /// The file that it was read from or saved in, while the caption names one that the next save makes.
+    std::string oldFile;
 
     /// Asked when the window is about to close; true keeps it.
     std::function<bool()> QueryUnload;
