@@ -42,6 +42,7 @@ BENCHMARK_CAPTURE(openAndCancelWizard, Mod, "I7")->Arg(10)->Unit(benchmark::kMil
 BENCHMARK_CAPTURE(openAndCancelWizard, Group, "I6")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Bonus, "I5")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Package, "I9")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openAndCancelWizard, Author, "I8")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Edit, "E6")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// A wizard over the document, not modal.

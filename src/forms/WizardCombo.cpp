@@ -58,6 +58,7 @@ WizardCombo::WizardCombo(const ControlRow& row, ControlState& state, Store& stor
     connect(this, &Combo::editTextChanged, this, [this](const QString& text) {
         state_.text = text.toStdString();
         state_.state = -1;
+        emit stateChanged();
     });
     // The release of the arrow that chose the item would complete it to the first that begins like it.
     connect(this, &Combo::activated, this, [this] {
@@ -91,6 +92,7 @@ void WizardCombo::commit() {
     if (row_.kind != ControlKind::CategoryCombo) return;
     CommitComboEntry(state_);
     showState();
+    emit stateChanged();
 }
 
 void WizardCombo::showPopup() {
@@ -140,6 +142,7 @@ void WizardCombo::complete() {
     const std::string_view text = state_.text;
     lineEdit()->setSelection(units(text.substr(0, selection.start)),
                              units(text.substr(selection.start, selection.length)));
+    emit stateChanged();
 }
 
 }  // namespace klt

@@ -30,6 +30,10 @@ public:
     /// The list is as wide as its longest item.
     void showPopup() override;
 
+signals:
+    /// The state has changed by typing, by a completion, or as the combo was left.
+    void stateChanged();
+
 protected:
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -85,6 +85,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {commands::kSelectAll, onActiveControl<selectAll>},
     {commands::kFind, [](Editor& editor) { editor.openFind(frmFind::Shape::Find); }},
     {commands::kReplace, [](Editor& editor) { editor.openFind(frmFind::Shape::Replace); }},
+    {commands::kAuthorWizard, openAuthorWizard},
     {commands::kCommentLine, onText<insertCommentLine>},
     {commands::kComment, onText<insertComment>},
     {commands::kDefaultToolbar, [](Editor& editor) { toggleBand(editor.mainWindow(), kDefaultBand); }},

@@ -6,12 +6,14 @@
 #include <memory>
 
 #include "app/Editor.h"
+#include "app/dialogs/frmAuthorWizard.h"
 #include "app/documents/frmKLTEditor.h"
 #include "forms/WizardForm.h"
 #include "platform/ProgramNames.h"
 #include "settings/Catalogue.h"
 #include "settings/Conversions.h"
 #include "ui/MessageBox.h"
+#include "ui/QtStrings.h"
 #include "wizards/EditedBlock.h"
 #include "wizards/Wizards.h"
 
@@ -80,6 +82,28 @@ void openWizard(Editor& editor, const WizardTable& table) {
     opening.target = lookupOf(text);
     opening.isHostOld = isHostOld(editor.store());
     show(editor, text, makeWizard(table, std::move(opening)));
+}
+
+void openAuthorWizard(Editor& editor) {
+    auto* const document = editor.mainWindow().ActiveForm();
+    if (document == nullptr) return;
+    const QPointer<RichTextBox> text(document->RichTextBox1);
+    {
+        const RaisedFlag suppress(editor.variables.SuppressCaretUpdate);
+        const Position place = text->Find(kAuthorSection, 0);
+        if (place != kNotFound) text->SetSelStart(place);
+    }
+    AuthorDocument target{.text = lookupOf(*text),
+                          .fileName = fromPath(document->fileStem()),
+                          .nameFile = [&editor, found = QPointer(document)](const QString& name) {
+                              if (found) editor.documents.NameFile(*found, toPath(name));
+                          }};
+    // The main window may take it along.
+    const QPointer<frmAuthorWizard> form =
+        new frmAuthorWizard(editor.aids.services(), std::move(target), &editor.mainWindow());
+    form->exec();
+    delete form;
+    comeBack(editor, text);
 }
 
 void EditLine(Editor& editor) {

@@ -1,0 +1,328 @@
+// The wizard of the author's block in the running program.
+
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "app/dialogs/frmAuthorWizard.h"
+#include "settings/Catalogue.h"
+#include "support/EditorFixture.h"
+
+using namespace klt;
+using testing::HasSubstr;
+
+namespace {
+
+constexpr char kCommand[] = "I8";
+constexpr char kHead[] = "Version=2\r\n[ADS]\r\nOdd, 2";
+
+class AuthorWizardTest : public EditorFixture {
+protected:
+    /// Opens the wizard, lets `work` press keys in it and leaves it by Escape.
+    void inWizard(const std::function<void()>& work) {
+        answerNext<frmAuthorWizard>([&](frmAuthorWizard& form) {
+            form_ = &form;
+            // Offscreen nobody does it, and without it the focus tells nothing.
+            form.activateWindow();
+            EXPECT_TRUE(QTest::qWaitFor([&] { return form.isActiveWindow(); }));
+            work();
+            if (form_ && form_->isVisible()) press(Qt::Key_Escape);
+            form_ = nullptr;
+        });
+        run(kCommand);
+    }
+    /// Types into what has the focus; "\t" goes on to the next.
+    void keys(const char* text) {
+        for (const char* at = text; *at != '\0'; ++at) {
+            *at == '\t' ? press(Qt::Key_Tab) : QTest::keyClick(form_->focusWidget(), *at);
+        }
+    }
+    void press(Qt::Key which) { QTest::keyClick(form_->focusWidget(), which); }
+    void click(const char* button) { QTest::mouseClick(&the<QWidget>(button), Qt::LeftButton); }
+    void done() { click("Done"); }
+    template <typename Widget>
+    Widget& the(const char* name) {
+        return *form_->findChild<Widget*>(name);
+    }
+    /// Goes to a field whose text is selected then.
+    void in(const char* field) {
+        the<QLineEdit>(field).setFocus();
+        the<QLineEdit>(field).selectAll();
+    }
+    void nameFile(const char* name) {
+        inWizard([&] {
+            in("FileName");
+            press(Qt::Key_Delete);
+            keys(name);
+            done();
+        });
+    }
+    std::string text(const char* field) { return the<QLineEdit>(field).text().toStdString(); }
+    std::string author() {
+        return the<QComboBox>("AuthorName").currentText().toStdString() + ' ' + text("Email(0)") + ' ' +
+               text("Email(1)");
+    }
+    std::string focus() { return form_->focusWidget()->objectName().toStdString(); }
+    std::string lastAuthor() { return setting("frmAuthorWizard", "Last Author"); }
+    std::string profile(const char* section, const char* key = "Name") {
+        return GetSetting(store, kAuthorsApplication, section, key, "(none)");
+    }
+
+    QPointer<frmAuthorWizard> form_;
+};
+
+TEST_F(AuthorWizardTest, WritesTheBlockAtTheEnd) {
+    set("Options", "TVM Version", "1");
+    auto& document = open(file("harbor.KLT", kHead));
+    document.RichTextBox1->SetSelStart(15);
+    inWizard([&] {
+        EXPECT_EQ(form_->windowTitle(), "Author Section Wizard");
+        EXPECT_FALSE(the<QPushButton>("HelpMe").isEnabled()) << "as long as there is none";
+        EXPECT_EQ(document.RichTextBox1->SelStart(), 0);
+        EXPECT_EQ(focus(), "AuthorName");
+        keys("me\tm1\t\tm(\t");
+        EXPECT_EQ(focus(), "FileName");
+        EXPECT_EQ(text("FileName") + text("Created") + text("Modified") + text("TVMVersion"),
+                  "harborMarch 7, 2001March 7, 20012.2\u00df");
+        keys("\t\tx\t\t\t \t\t\t\t\t ");
+        EXPECT_EQ(focus(), "OtherName");
+        keys("Maps\t\tSea\t");
+        EXPECT_EQ(text("BookName2"), "Sea");
+        keys(" Men\t1999");
+        EXPECT_EQ(text("BookName1"), " Men");
+        press(Qt::Key_Return);
+    });
+    const auto block = textOf(document).substr(sizeof kHead - 1);
+    EXPECT_TRUE(block.starts_with("\r\n\r\n[Author]\r\n***")) << block;
+    EXPECT_THAT(
+        block,
+        HasSubstr("* Filename: harbor.klt\r\n* Created: March 7, 2001\r\n* Modified: x\r\n* Requires TVM "
+                  "v2.2\u00df or later!\r\n*\r\n* This file holds information taken from the ZENDA  Men "
+                  "sourcebook. \r\n* ZENDA  Men is Copyright(C)1999 by the publisher of ZENDA\r\n"));
+    EXPECT_THAT(block, HasSubstr("includes:\r\n*    Skills, Including Bonuses, Classes, Needs and "
+                                 "Prereqs.\r\n*    Maps.\r\n***"));
+    EXPECT_THAT(block, HasSubstr("* Contact: Merry Anvil\r\n*          m1\r\n"
+                                 "*          anvil@example.org\r\n*          m(\r\n***"));
+    EXPECT_EQ(box().SelStart(), box().Length());
+    EXPECT_EQ(panel(3), "Line 33             Column 75");
+    EXPECT_EQ(box().StyleAt(box().Length() - 1), static_cast<StyleByte>(StyleCategory::Comments));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return box().hasFocus(); }));
+    EXPECT_EQ(lastAuthor(), "5");
+    EXPECT_EQ(notice(), "");
+    EXPECT_TRUE(document.Modified());
+    box().Undo();
+    EXPECT_EQ(textOf(document), kHead) << "it is one step";
+    inWizard([&] {
+        EXPECT_EQ(author(), "Merry Anvil merry.anvil@example.net anvil@example.org");
+        done();
+    });
+    inWizard([&] { done(); });
+    EXPECT_NE(textOf(document).rfind("[Author]"), textOf(document).find("[Author]")) << "another one";
+}
+
+TEST_F(AuthorWizardTest, TakesTheNoticeOfTheTabInFront) {
+    const std::tuple<int, const char*, const char*> rows[] = {
+        {1, "GazetteNumber2", "Gazette #7\r\n* Gazette is"},
+        {2, "RulesName2", "ZENDA rules 7\r\n* by . ZENDA 7 is based"},
+    };
+    for (const auto& [tab, field, expected] : rows) {
+        openNew();
+        inWizard([&] {
+            auto& tabs = the<QTabWidget>("vbTabControl1");
+            EXPECT_EQ(tabs.currentIndex(), 0);
+            keys("\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t");
+            for (int i = 0; i < tab; ++i) press(Qt::Key_Right);
+            in(field);
+            keys("7");
+            done();
+        });
+        EXPECT_THAT(textOf(active()), HasSubstr(expected));
+    }
+}
+
+TEST_F(AuthorWizardTest, CompletesNamesAndStoresNewOnesByEveryRoad) {
+    openNew();
+    inWizard([&] {
+        EXPECT_EQ(author(), "  ");
+        keys("co");
+        EXPECT_EQ(author(), "Copper Lantern lantern@example.net ");
+        keys("rn");
+        EXPECT_EQ(author(), "Corn  ");
+        keys("\tmine");
+        press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(profile("8") + profile("8", "E-Mail 1") + profile("8", "E-Mail 3"), "Cornmine");
+    EXPECT_EQ(profile("Number", "Value"), "9");
+    EXPECT_EQ(lastAuthor(), "(none)") << "nothing was written";
+    EXPECT_EQ(setting("frmAuthorWizard", "First Time"), "False");
+
+    inWizard([&] {
+        keys("Dora");
+        press(Qt::Key_Return);
+    });
+    EXPECT_THAT(textOf(active()), HasSubstr("* Contact: Dora\r\n"));
+    EXPECT_EQ(profile("9"), "Dora");
+    EXPECT_EQ(lastAuthor(), "2") << "its place in the list";
+    inWizard([&] {
+        keys("Only typed");
+        press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(profile("Number", "Value"), "10");
+
+    inWizard([&] {
+        keys("Zed\t");
+        the<QWidget>("AuthorName").setFocus();
+        press(Qt::Key_Up);
+        EXPECT_EQ(author(), "Dora  ");
+        press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(profile("Number", "Value"), "10") << "a name that a profile has";
+}
+
+TEST_F(AuthorWizardTest, StoresANewAuthorWhereTheProgramTakesItDown) {
+    openNew();
+    inWizard([&] {
+        keys("Zed\t");
+        delete form_.data();
+    });
+    EXPECT_EQ(profile("8"), "Zed");
+}
+
+TEST_F(AuthorWizardTest, TakesPlainTexts) {
+    openNew();
+    inWizard([&] {
+        EXPECT_EQ(text("FileName"), "");
+        keys("(\t(\t\t\t/b\\a/");
+        EXPECT_EQ(author(), "( ( ");
+        EXPECT_EQ(text("FileName"), "ba");
+        the<QLineEdit>("FileName").undo();
+        EXPECT_EQ(text("FileName"), "");
+        QGuiApplication::clipboard()->setText("/x\\y\n\x7f\u00e9");
+        the<QLineEdit>("FileName").paste();
+        EXPECT_EQ(text("FileName"), "xy\u00e9");
+        click("Other");
+        EXPECT_EQ(focus(), "OtherName");
+        click("Other");
+        EXPECT_FALSE(the<QLineEdit>("OtherName").isEnabled());
+    });
+}
+
+TEST_F(AuthorWizardTest, NamesTheFileOfTheNextSave) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"harbor.klt", "bay", "bay.klt"},
+        {"harbor.klt", "bay.KLT", "bay.klt"},
+        {"harbor.klt", "", "harbor.klt"},
+        {"harbor.klt", " ", "harbor.klt"},
+        {"harbor.klt", ".klt", "harbor.klt"},
+        {"harbor.klt", "harbor", "harbor.klt"},
+        {"a.KLT", "a", "a.KLT"},
+        {"a.KLT", "a.klt", "a.KLT"},
+        {"a.txt", "a.txt", "a.txt"},
+        {"a.txt", "a", "a.klt"},
+    };
+    int folder = 0;
+    for (const auto& [old, typed, name] : rows) {
+        const auto in = std::to_string(++folder) + '/';
+        const std::string path = file(in + old, kHead), wanted = home / (in + name);
+        auto& document = open(path);
+        nameFile(typed);
+        EXPECT_EQ(document.Caption(), wanted);
+        EXPECT_EQ(variables().CurrentFilePath, wanted);
+        EXPECT_EQ(notice(), path == wanted ? ""
+                                           : path + " stays as it is. The document is saved as " + wanted +
+                                                 " from now on.");
+        if (path != wanted) {
+            EXPECT_EQ(action("F4")->text().toStdString(), std::string("Save ") + name);
+            dismissNotice();
+            run("F4");
+            EXPECT_EQ(readBytes(path), kHead);
+        } else {
+            run("F4");
+        }
+        EXPECT_THAT(readBytes(wanted), HasSubstr("[Author]"));
+        EXPECT_FALSE(document.Modified());
+    }
+}
+
+TEST_F(AuthorWizardTest, AsksWhereANameIsTaken) {
+    const std::string path = file("a.klt", kHead), taken = file("b.klt", "taken"), gone = file("c.klt", "c");
+    auto& document = open(path);
+    nameFile("b");
+    nameFile("a");
+    EXPECT_EQ(document.Caption(), path) << "the old file's name again";
+    run("F4");
+    EXPECT_THAT(readBytes(path), HasSubstr("[Author]"));
+
+    nameFile("b");
+    answerFileDialog("");
+    run("F4");
+    EXPECT_EQ(proposed, "b.klt");
+    EXPECT_EQ(lastTitle, "Select Data File to Open");
+    EXPECT_TRUE(document.Modified());
+    answerFileDialog(home / "d");
+    run("F4");
+    EXPECT_EQ(readBytes(taken), "taken");
+    EXPECT_EQ(document.Caption(), home / "d.klt");
+    type("x");
+    run("F4");
+    EXPECT_FALSE(document.Modified()) << "it asks once";
+
+    open(gone);
+    std::filesystem::remove(gone);
+    window().showDocument(document);
+    nameFile("c");
+    answerMessage(QMessageBox::Yes);
+    answerFileDialog(home / "e");
+    run("F3");
+    EXPECT_EQ(asked.back(), "The data file c.klt has been changed!\nSave changes?");
+    EXPECT_EQ(proposed, "c.klt");
+    EXPECT_EQ(lastTitle, "Select Data File Name");
+    EXPECT_TRUE(std::filesystem::exists(home / "e.klt"));
+    EXPECT_FALSE(std::filesystem::exists(gone));
+}
+
+TEST_F(AuthorWizardTest, NamesADocumentWithoutAFile) {
+    auto& document = openNew();
+    nameFile("bay");
+    EXPECT_EQ(document.Caption(), "bay.klt");
+    EXPECT_FALSE(document.Exists());
+    EXPECT_EQ(notice(), "");
+    inWizard([&] { EXPECT_EQ(text("FileName"), "bay"); });
+    answerFileDialog("");
+    run("F4");
+    EXPECT_EQ(proposed, "bay.klt");
+}
+
+TEST_F(AuthorWizardTest, WritesIntoItsOwnDocument) {
+    auto& document = open(file("a.klt", kHead));
+    const std::string other = file("b.klt", "b");
+    inWizard([&] {
+        editor().queue.submit(Origin::Outside, [&] { editor().documents.openFiles({other}); });
+        in("FileName");
+        keys("c");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !editor().queue.isHeld(); }));
+        done();
+    });
+    EXPECT_EQ(textOf(active()), "b");
+    EXPECT_EQ(active().Caption(), other);
+    EXPECT_THAT(textOf(document), HasSubstr("[Author]"));
+    EXPECT_EQ(document.Caption(), home / "c.klt");
+    EXPECT_EQ(variables().CurrentFilePath, other);
+
+    inWizard([&] {
+        active().AppEnd = true;
+        window().closeDocument(active());
+        letEventsRun();
+        answerMessage(QMessageBox::Ok);
+        done();
+        EXPECT_TRUE(form_->isVisible());
+    });
+    EXPECT_THAT(asked.back(), HasSubstr("Nothing was written"));
+}
+
+}  // namespace
