@@ -52,8 +52,8 @@ const std::array<StyleDefault, kStyleCategoryNames.size()> kStyleDefaults = {{
      "time, basevalue, step, maxscore, minscore, up, down, symbol, doubleinplay, display, round.\r\n"
      "Package items: ADD=, CREATE=, MESSAGE=, EMESSAGE=, .WITH. .AND. .AT."},
     {3, false, false,
-     "AD:, ADS:, DI:, DISADS:, QU:, QUIRKS:, PO:, POWERS:, SK:, SK_RL:, SP:, CL:, CO:, COLLEGE:, GR:\r\n"
-     "In packages, PA:, ST:, STAT:."},
+     "In packages, PA:, ST:, STAT:.\r\n"
+     "AD:, ADS:, DI:, DISADS:, QU:, QUIRKS:, PO:, POWERS:, SK:, SK_RL:, SP:, CL:, CO:, COLLEGE:, GR:"},
     {12, false, false, "Things in which you (or someone else) screwed up in the data file."},
     {17, true, false,
      "This is the Version=2 thing. It is PROTECTED against editing. Give up, you will NOT be able to edit "
@@ -72,17 +72,19 @@ StyleTable::StyleTable() {
     }
 }
 
+StoredStyle readStyle(CRegSettings& settings, StyleCategory category) {
+    const auto section = styleCategoryName(category);
+    const auto& row = kStyleDefaults[static_cast<size_t>(category)];
+    const auto truth = [&](std::string_view key, bool otherwise) {
+        return truthFrom(settings.GetSetting(section, key, "")).value_or(otherwise);
+    };
+    return {numberFrom(settings.GetSetting(section, "Color", "")).value_or(row.colourIndex),
+            truth("Bold", row.bold), truth("Italic", row.italic)};
+}
+
 StyleTable LoadStyles(CRegSettings& settings) {
     StyleTable table;
-    for (const auto category : kReadingOrder) {
-        const auto section = styleCategoryName(category);
-        const auto& row = kStyleDefaults[static_cast<size_t>(category)];
-        const auto truth = [&](std::string_view key, bool otherwise) {
-            return truthFrom(settings.GetSetting(section, key, "")).value_or(otherwise);
-        };
-        const auto index = numberFrom(settings.GetSetting(section, "Color", "")).value_or(row.colourIndex);
-        table.set(category, {ColourIndexToRgb(index), truth("Bold", row.bold), truth("Italic", row.italic)});
-    }
+    for (const auto category : kReadingOrder) table.set(category, readStyle(settings, category).style());
     return table;
 }
 

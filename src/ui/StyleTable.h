@@ -54,6 +54,17 @@ private:
     std::array<Style, kStyleCategoryNames.size()> styles_;
 };
 
+/// What a category has where it is stored, else its default; the colour as an index, which may be none of the
+/// table.
+struct StoredStyle {
+    int colourIndex = 0;
+    bool bold = false;
+    bool italic = false;
+
+    Style style() const { return {ColourIndexToRgb(colourIndex), bold, italic}; }
+};
+StoredStyle readStyle(CRegSettings& settings, StyleCategory category);
+
 /// Reads all categories from the settings, each from the section of its name; a key that is absent, or holds
 /// no number or truth value, gives the default.
 StyleTable LoadStyles(CRegSettings& settings);
