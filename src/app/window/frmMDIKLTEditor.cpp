@@ -16,7 +16,7 @@
 #include <QVBoxLayout>
 #include <filesystem>
 
-#include "app/ProgramFolder.h"
+#include "app/DataFilesFolder.h"
 #include "app/documents/frmKLTEditor.h"
 #include "app/menus/CommandIcons.h"
 #include "app/modVariables.h"
@@ -102,9 +102,9 @@ void frmMDIKLTEditor::buildToolbars() {
 
 void frmMDIKLTEditor::prepareFileDialog() {
     fileDialog_ = new CommonDialog1(*this);
-    std::string folder = readSetting(store_, settings::kDataFilesPath, programFolder());
+    std::string folder = dataFilesFolder(store_);
     if (std::error_code unknown; !std::filesystem::is_directory(folder, unknown)) {
-        folder = programFolder();
+        folder = defaultDataFilesFolder();
         writeSetting(store_, settings::kDataFilesPath, folder);
     }
     fileDialog_->InitDir(folder);
