@@ -18,11 +18,8 @@ using settings::kVersion;
 /// The recent-files list kept its numbers as texts.
 void convertRecentFiles(Store& store) {
     if (!isStored(store, settings::kMaxMRUFiles)) writeSetting(store, settings::kMRUMaxCount, "4");
-    const auto path = recentFilesPath();
-    if (!store.read({HKEY_CURRENT_USER, path}, "RecentFile1")) return;
-    cRegistry registry(store);
-    registry.ClassKey(HKEY_CURRENT_USER);
-    registry.SectionKey(path);
+    if (!store.read({HKEY_CURRENT_USER, recentFilesPath()}, "RecentFile1")) return;
+    auto registry = recentFilesRegistry(store);
     const auto capacity = cMRUFileList::storedCapacity(registry);
     const auto rewrite = [&](std::string_view name, std::int32_t value) {
         registry.ValueType(REG_DWORD);

@@ -37,6 +37,13 @@ std::string recentFilesPath() {
     return std::string(kSettingsFolder).append("\\").append(kSettingsApplication).append("\\MRU");
 }
 
+cRegistry recentFilesRegistry(Store& store) {
+    cRegistry registry(store);
+    registry.ClassKey(HKEY_CURRENT_USER);
+    registry.SectionKey(recentFilesPath());
+    return registry;
+}
+
 void cMRUFileList::MaxFileCount(std::int32_t value) {
     maxFileCount_ = value;
     const auto room = static_cast<size_t>(std::max(value, 0));

@@ -12,6 +12,8 @@ namespace klt {
 
 /// The section of the recent-files list, by its path below the current user.
 std::string recentFilesPath();
+/// A registry that is set to that section.
+cRegistry recentFilesRegistry(Store& store);
 
 /// The list of recently used files, newest at 1.
 class cMRUFileList {

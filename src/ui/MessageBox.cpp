@@ -80,14 +80,15 @@ void nameSkipButton(QMessageBox& box) {
 }  // namespace
 
 QMessageBox::StandardButton MessageBox(QWidget* owner, std::string_view text, MessageIcon icon,
-                                       std::string_view title, QMessageBox::StandardButtons buttons) {
+                                       std::string_view title, QMessageBox::StandardButtons buttons,
+                                       QMessageBox::StandardButton preferred) {
     // On the heap, since the owner may take it along.
     const QPointer<QMessageBox> box =
         new QMessageBox(iconOf(icon), toQString(title), QString(), buttons, owner);
     box->setObjectName("MessageBox");
     box->setTextFormat(Qt::PlainText);
     box->setText(toQString(text));
-    for (const auto first : {QMessageBox::Ok, QMessageBox::Yes})
+    for (const auto first : {QMessageBox::Ok, QMessageBox::Yes, preferred})
         if (buttons.testFlag(first)) box->setDefaultButton(first);
     nameSkipButton(*box);
     fitIntoScreen(*box);

@@ -61,9 +61,7 @@ protected:
     }
     /// The recent files, in upper case, as the list has those that it has come across again.
     std::vector<std::string> opened() {
-        cRegistry registry(store_);
-        registry.ClassKey(HKEY_CURRENT_USER);
-        registry.SectionKey(recentFilesPath());
+        auto registry = recentFilesRegistry(store_);
         cMRUFileList list;
         list.Load(registry);
         std::vector<std::string> files;

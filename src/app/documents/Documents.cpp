@@ -19,7 +19,6 @@
 #include "platform/ProgramNames.h"
 #include "platform/Recovery.h"
 #include "settings/Catalogue.h"
-#include "settings/cRegistry.h"
 #include "ui/MessageBox.h"
 
 namespace klt {
@@ -312,9 +311,7 @@ bool Documents::keep(const frmKLTEditor& document, const std::string& failure) {
 
 void Documents::AddToRecent(const std::string& path) {
     cMRUFileList& recent = variables_.RecentFiles;
-    cRegistry registry(store_);
-    registry.ClassKey(HKEY_CURRENT_USER);
-    registry.SectionKey(recentFilesPath());
+    auto registry = recentFilesRegistry(store_);
     // Loaded anew: another editor may have added to the list, or it could not be read at start-up.
     const cMRUFileList before = recent;
     const bool stored = store_.together([&] {

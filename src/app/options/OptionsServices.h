@@ -15,7 +15,7 @@ struct OptionsServices {
     /// The road to the styles.
     CRegSettings& styles;
     cMRUFileList& recentFiles;
-    /// Shows the list of recent files anew in the menu.
+    /// Loads the list of recent files anew and shows it in the menu.
     std::function<void()> recentFilesChanged = {};
     std::function<void(bool isShown)> showStatusBar = {};
     /// Where the file dialogs start.

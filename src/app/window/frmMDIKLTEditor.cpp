@@ -24,7 +24,6 @@
 #include "platform/Paths.h"
 #include "settings/Catalogue.h"
 #include "settings/Upgrade.h"
-#include "settings/cRegistry.h"
 #include "ui/DroppedFiles.h"
 #include "ui/QtStrings.h"
 
@@ -111,9 +110,8 @@ void frmMDIKLTEditor::prepareFileDialog() {
 }
 
 void frmMDIKLTEditor::loadRecentFiles() {
-    cRegistry registry(store_);
-    registry.ClassKey(HKEY_CURRENT_USER);
-    registry.SectionKey(recentFilesPath());
+    auto registry = recentFilesRegistry(store_);
+    variables_.RecentFiles = {};
     variables_.RecentFiles.MaxFileCount(cMRUFileList::storedCapacity(registry));
     variables_.RecentFiles.Load(registry);
 }

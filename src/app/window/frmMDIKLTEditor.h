@@ -53,6 +53,8 @@ public:
     void closeDocument(frmKLTEditor& document);
     /// Makes the menus' variable parts again and brings the states up to date.
     void updateMenus();
+    /// Takes the list of recent files from the store, whatever it holds; the menu does not show it yet.
+    void loadRecentFiles();
     /// Brings the menu items' states up to date: after each move of the caret and each edit.
     void UpdateEditMenu() { menus_.UpdateEditMenu(); }
     /// Shows the popup of that name at a place of the screen, in pixels.
@@ -89,7 +91,6 @@ private:
     void buildStatusBar();
     void buildToolbars();
     void prepareFileDialog();
-    void loadRecentFiles();
     void activated(QMdiSubWindow* window);
     void activate(frmKLTEditor& document);
     QMdiSubWindow* subWindowOf(const frmKLTEditor& document) const;
