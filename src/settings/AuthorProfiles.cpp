@@ -1,5 +1,8 @@
 #include "settings/AuthorProfiles.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "settings/Catalogue.h"
 #include "settings/MakerProfile.h"
 
@@ -50,6 +53,20 @@ bool seedAuthorProfiles(Store& store) {
     });
 }
 
+template <typename Profiles>
+auto findName(Profiles& profiles, const std::string& name) {
+    return std::ranges::find(profiles, name, &AuthorProfile::name);
+}
+
+bool contains(const std::vector<AuthorProfile>& profiles, const AuthorProfile& profile) {
+    return std::ranges::find(profiles, profile) != profiles.end();
+}
+
+void takeAddresses(AuthorProfile& profile, const AuthorProfile& loaded, const AuthorProfile& stored) {
+    for (size_t i = 0; i < profile.addresses.size(); ++i)
+        if (profile.addresses[i] == loaded.addresses[i]) profile.addresses[i] = stored.addresses[i];
+}
+
 }  // namespace
 
 AuthorProfile readAuthorProfile(Store& store, std::int32_t index) {
@@ -78,6 +95,51 @@ bool writeAuthorProfile(Store& store, std::int32_t index, const AuthorProfile& p
     });
 }
 
+AuthorList readAuthorList(Store& store) {
+    AuthorList list{.profiles = readAuthorProfiles(store), .last = readSetting(store, settings::kLastAuthor)};
+    if (std::cmp_greater_equal(list.last, list.profiles.size())) list.last = -1;
+    return list;
+}
+
+AuthorList mergeAuthorLists(AuthorList shown, const std::vector<AuthorProfile>& loaded,
+                            const AuthorList& stored) {
+    for (const auto& profile : stored.profiles) {
+        // An empty one is counted only: what everybody has until the stock profiles are written.
+        if (profile == AuthorProfile{} || contains(loaded, profile) || contains(shown.profiles, profile))
+            continue;
+        const auto before = findName(loaded, profile.name);
+        const auto mine = findName(shown.profiles, profile.name);
+        if (before != loaded.end() && mine != shown.profiles.end()) {
+            takeAddresses(*mine, *before, profile);
+        } else {
+            shown.profiles.push_back(profile);
+        }
+    }
+    if (shown.last >= 0 || stored.last < 0) return shown;
+    const auto last = findName(shown.profiles, stored.profiles.at(static_cast<size_t>(stored.last)).name);
+    if (last != shown.profiles.end()) shown.last = static_cast<std::int32_t>(last - shown.profiles.begin());
+    return shown;
+}
+
+std::optional<AuthorList> storeAuthorList(Store& store, const AuthorList& shown,
+                                          const std::vector<AuthorProfile>& loaded) {
+    AuthorList merged;
+    const bool isStored = store.together([&] {
+        merged = mergeAuthorLists(shown, loaded, readAuthorList(store));
+        if (std::cmp_greater(merged.profiles.size(), settings::kAuthorCount.bounds.most)) return false;
+        const auto count = static_cast<std::int32_t>(merged.profiles.size());
+        bool stored = writeSetting(store, settings::kAuthorCount, count) &&
+                      writeSetting(store, settings::kLastAuthor, merged.last) &&
+                      // Else, after a reset elsewhere, the stock profiles would be written over these.
+                      writeSetting(store, settings::kFirstTime, false);
+        for (std::int32_t index = 0; index < count; ++index)
+            stored &= writeAuthorProfile(store, index, merged.profiles[static_cast<size_t>(index)]);
+        return stored;
+    });
+    if (!isStored) return {};
+    return merged;
+}
+
 void correctSecondAddress(Store& store, std::string_view name, std::string_view address) {
     const auto count = readSetting(store, settings::kAuthorCount);
     for (std::int32_t index = 0; index < count; ++index) {
@@ -89,7 +151,9 @@ void correctSecondAddress(Store& store, std::string_view name, std::string_view 
 }
 
 bool seedAuthorProfilesOnce(Store& store) {
-    return !readSetting(store, settings::kFirstTime) || seedAuthorProfiles(store);
+    const auto isDone = [&] { return !readSetting(store, settings::kFirstTime); };
+    // Asked again when nobody else can write: another process may have done it, and profiles been changed.
+    return isDone() || store.together([&] { return isDone() || seedAuthorProfiles(store); });
 }
 
 bool resetAuthorProfiles(Store& store) {
