@@ -12,6 +12,7 @@
 #include <QWhatsThis>
 #include <array>
 #include <functional>
+#include <utility>
 
 #include "platform/CommandKeys.h"
 #include "ui/RichTextBox.h"
@@ -21,6 +22,7 @@ namespace {
 
 constexpr char kFieldPopup[] = "SingleItemRTFPopup";
 constexpr char kBoxPopup[] = "MultiItemRTFPopup";
+constexpr char kMailPopup[] = "MailToRTFPopup";
 
 /// What the popup asks of a field, and does to it.
 struct Face {
@@ -30,6 +32,13 @@ struct Face {
     std::function<void()> undo, cut, copy, paste, remove, selectAll;
     /// Puts the line at the caret back on its tab; empty where the field holds no collected lines.
     std::function<void()> editLine = {};
+    /// Mails to what the field holds; empty where that is no address.
+    std::function<void()> mailTo = {};
+
+    const char* popupName() const {
+        if (mailTo) return kMailPopup;
+        return editLine ? kBoxPopup : kFieldPopup;
+    }
 };
 
 Face faceOf(RichTextBox& box) {
@@ -98,16 +107,16 @@ constexpr std::array kRows = {
     Row{},
 };
 
-QAction& addItem(QMenu& menu, const char* key, const char* caption, const char* keys) {
+QAction& addItem(QMenu& menu, const char* key, const char* caption, const char* keys = "") {
     // The keys are told only: they act in the field itself.
-    QAction& item = *menu.addAction(QString(caption) + '\t' + keys);
+    QAction& item = *menu.addAction(*keys == '\0' ? QString(caption) : QString(caption) + '\t' + keys);
     item.setObjectName(menu.objectName() + '.' + key);
     return item;
 }
 
 void ShowFieldPopup(const Face& face, QPoint global) {
     auto* menu = new QMenu(face.widget);
-    menu->setObjectName(face.editLine ? kBoxPopup : kFieldPopup);
+    menu->setObjectName(face.popupName());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const Row& row : kRows) {
         if (row.run == nullptr || !(face.*row.run)) {
@@ -122,6 +131,10 @@ void ShowFieldPopup(const Face& face, QPoint global) {
     help.setEnabled(!helpOn(face.widget).isEmpty());
     QObject::connect(&help, &QAction::triggered, face.widget,
                      [widget = face.widget, global] { showHelp(*widget, global); });
+    if (face.mailTo) {
+        QAction& mail = addItem(*menu, commands::kMailTo, "&Mail to");
+        QObject::connect(&mail, &QAction::triggered, face.widget, face.mailTo);
+    }
     menu->popup(global);
 }
 
@@ -132,35 +145,40 @@ void addHelpKey(QWidget& field) {
                      [&field] { showHelp(field, field.mapToGlobal(field.rect().bottomLeft())); });
 }
 
-/// Stands between a combo and its own popup.
-class ComboPopup : public QObject {
+/// Stands between a line of text and its own popup. In a combo the keys reach the combo, the mouse its line.
+class LinePopup : public QObject {
 public:
-    explicit ComboPopup(QComboBox& combo) : QObject(&combo), combo_(combo) {
-        // The keys reach the combo, the mouse its line.
-        combo.installEventFilter(this);
-        combo.lineEdit()->installEventFilter(this);
+    LinePopup(QWidget& field, QLineEdit& edit, MailTo mailTo)
+        : QObject(&field), edit_(edit), mailTo_(std::move(mailTo)) {
+        field.installEventFilter(this);
+        edit.installEventFilter(this);
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        // Others come also while the combo is being destroyed.
+        // Others come also while the field is being destroyed.
         if (event->type() != QEvent::ContextMenu && event->type() != QEvent::MouseButtonRelease) return false;
-        QLineEdit* const edit = combo_.lineEdit();
         if (event->type() == QEvent::ContextMenu) {
             const auto& wish = static_cast<QContextMenuEvent&>(*event);
             // The right button's popup comes with its release.
-            if (wish.reason() != QContextMenuEvent::Mouse) ShowFieldPopup(faceOf(*edit), wish.globalPos());
+            if (wish.reason() != QContextMenuEvent::Mouse) show(wish.globalPos());
             return true;
         }
-        if (receiver == edit && event->type() == QEvent::MouseButtonRelease) {
+        if (receiver == &edit_ && event->type() == QEvent::MouseButtonRelease) {
             const auto& release = static_cast<QMouseEvent&>(*event);
-            if (release.button() == Qt::RightButton)
-                ShowFieldPopup(faceOf(*edit), release.globalPosition().toPoint());
+            if (release.button() == Qt::RightButton) show(release.globalPosition().toPoint());
         }
         return false;
     }
 
 private:
-    QComboBox& combo_;
+    void show(QPoint global) {
+        Face face = faceOf(edit_);
+        if (mailTo_ && edit_.text().contains('@')) face.mailTo = [this] { mailTo_(edit_.text()); };
+        ShowFieldPopup(face, global);
+    }
+
+    QLineEdit& edit_;
+    const MailTo mailTo_;
 };
 
 }  // namespace
@@ -181,8 +199,13 @@ void addBoxPopup(RichTextBox& box, std::function<void()> editLine) {
 
 void addFieldPopup(QComboBox& combo) {
     // A list takes no text that could be edited.
-    if (combo.isEditable()) new ComboPopup(combo);
+    if (combo.isEditable()) new LinePopup(combo, *combo.lineEdit(), {});
     addHelpKey(combo);
+}
+
+void addFieldPopup(QLineEdit& line, MailTo mailTo) {
+    new LinePopup(line, line, std::move(mailTo));
+    addHelpKey(line);
 }
 
 }  // namespace klt

@@ -3,6 +3,8 @@
 #include <functional>
 
 class QComboBox;
+class QLineEdit;
+class QString;
 
 namespace klt {
 
@@ -16,5 +18,11 @@ void addFieldPopup(RichTextBox& field);
 void addBoxPopup(RichTextBox& box, std::function<void()> editLine);
 /// The same for the text of a combo.
 void addFieldPopup(QComboBox& combo);
+
+/// Writes a mail to an address.
+using MailTo = std::function<void(const QString& address)>;
+/// The same for a line of text. Where it can mail, and while the text holds "@", the popup is
+/// "MailToRTFPopup", whose last item mails to the text.
+void addFieldPopup(QLineEdit& line, MailTo mailTo = {});
 
 }  // namespace klt

@@ -2,36 +2,23 @@
 
 #include <gmock/gmock.h>
 
-#include <QDesktopServices>
 #include <QListWidget>
-#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTextBrowser>
 
 #include "app/dialogs/frmAbout.h"
 #include "app/dialogs/frmThanks.h"
 #include "app/dialogs/frmTip.h"
 #include "app/dialogs/frmWindows.h"
+#include "support/Desktop.h"
 #include "support/EditorFixture.h"
 
 using namespace klt;
 
 namespace {
 
-constexpr char kBlank[] = "about:blank";
-
 class SmallWindowsTest : public EditorFixture {
 protected:
-    SmallWindowsTest() {
-        for (const char* scheme : {"https", "mailto"})
-            QDesktopServices::setUrlHandler(scheme, &browser_, "setSource");
-        opened();
-    }
-    ~SmallWindowsTest() override {
-        for (const char* scheme : {"https", "mailto"}) QDesktopServices::unsetUrlHandler(scheme);
-    }
-
     /// Opens a window; `work` works with it, and Escape closes it where it is still up.
     template <typename Dialog>
     void in(const std::function<void()>& open, const std::function<void()>& work) {
@@ -68,19 +55,11 @@ protected:
     void click(const char* list, int row) {
         QTest::mouseClick(control<QListWidget>(list).viewport(), Qt::LeftButton, {}, rowOf(list, row));
     }
-    /// What the desktop was asked to open since the last call.
-    std::string opened() {
-        const auto address = browser_.source().toString(QUrl::FullyEncoded).toStdString();
-        browser_.setSource(QUrl(kBlank));
-        return address == kBlank ? "" : address;
-    }
+    std::string opened() { return desktop_.opened(); }
     QWidget* form() { return form_; }
 
 private:
-    /// Stands for the desktop. A page that it does not find it still names.
-    class Browser : public QTextBrowser {
-        QVariant loadResource(int, const QUrl&) override { return " "; }
-    } browser_;
+    Desktop desktop_;
     QWidget* form_ = nullptr;
 };
 
@@ -239,26 +218,6 @@ TEST_F(SmallWindowsTest, TheListOfDocumentsActivatesTheChosenOne) {
         EXPECT_EQ(active().Caption(), row.active) << row.name;
         EXPECT_FALSE(subWindow(active()).isMinimized()) << row.name;
     }
-}
-
-TEST_F(SmallWindowsTest, ThePopupMailsToWhatTheFieldHolds) {
-    openNew();
-    QDialog dialog(&window());
-    RichTextBox field(RichTextBox::Kind::Field, &dialog);
-    QLineEdit edit(&dialog);
-    field.SetText("a@example.org?cc=b@example.org");
-    edit.setText("c@example.org");
-    dialog.show();
-    const auto mailed = [this](QWidget& focus) {
-        activate(*focus.window());
-        focus.setFocus();
-        window().showPopup("MailToRTFPopup", {});
-        QTest::keyClick(window().findChild<QMenu*>("MailToRTFPopup"), Qt::Key_M);
-        return opened();
-    };
-    EXPECT_EQ(mailed(field), "mailto:a@example.org%3Fcc=b@example.org");
-    EXPECT_EQ(mailed(edit), "mailto:c@example.org");
-    EXPECT_EQ(mailed(box()), "") << "a document is no address";
 }
 
 }  // namespace

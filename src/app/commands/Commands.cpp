@@ -1,7 +1,5 @@
 #include "app/commands/Commands.h"
 
-#include <QApplication>
-#include <QLineEdit>
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -19,7 +17,6 @@
 #include "app/window/ArrangeWindows.h"
 #include "platform/CommandKeys.h"
 #include "settings/Catalogue.h"
-#include "ui/QtStrings.h"
 #include "wizards/Wizards.h"
 
 namespace klt {
@@ -53,14 +50,6 @@ void chooseDocument(Editor& editor) {
     frmMDIKLTEditor& window = editor.mainWindow();
     const auto list = showDialog<frmWindows>(window.forms(), window);
     if (list && list->chosen() != nullptr) activateDocument(window, *list->chosen());
-}
-
-/// The field that the popup stands over has the focus.
-void mailToField() {
-    const auto* const widget = QApplication::focusWidget();
-    if (const auto* edit = qobject_cast<const QLineEdit*>(widget)) return mailTo(edit->text());
-    const auto* box = qobject_cast<const RichTextBox*>(widget);
-    if (box != nullptr && box->kind() == RichTextBox::Kind::Field) mailTo(toQString(box->Text()));
 }
 
 struct Command {
@@ -109,7 +98,6 @@ constexpr auto kCommands = std::to_array<Command>({
     {commands::kMoreDocuments, chooseDocument},
     {commands::kTips, showTips},
     {commands::kAbout, [](Editor& editor) { showDialog<frmAbout>(editor.store(), editor.mainWindow()); }},
-    {commands::kMailTo, [](Editor&) { mailToField(); }},
 });
 
 const Command* commandOf(std::string_view key) {

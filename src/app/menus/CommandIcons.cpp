@@ -63,7 +63,6 @@ constexpr std::array kImages = {
     Image{commands::kHarborPage, "globe"},
     Image{commands::kHarborPrograms, "globe"},
     Image{commands::kAbout, "help-about"},
-    Image{commands::kMailTo, "mail-message-new"},
 };
 
 constexpr int kMiddleLightness = 128;

@@ -57,19 +57,10 @@ inline constexpr auto kMain = std::to_array<PopupRow>({
     command(commands::kComment, "&Comment"),
 });
 
-inline constexpr auto kMailTo = std::to_array<PopupRow>({
-    kSeparator,
-    command(commands::kSelectAll, "&Select All"),
-    kSeparator,
-    command(commands::kContents, "&Help"),
-    command(commands::kMailTo, "&Mail to"),
-});
-
 }  // namespace popups
 
 inline constexpr auto kPopups = std::to_array<PopupTable>({
     {"MainRTFPopup", popups::kMain},
-    {"MailToRTFPopup", popups::kMailTo},
 });
 
 }  // namespace klt
