@@ -1,0 +1,281 @@
+// The tab of the dialog of options in which author profiles are edited.
+
+#include <gmock/gmock.h>
+
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "app/options/AuthorsPage.h"
+#include "app/options/OptionsServices.h"
+#include "settings/Catalogue.h"
+#include "settings/EditorFormat.h"
+#include "support/Desktop.h"
+#include "support/EditorFixture.h"
+
+using namespace klt;
+using testing::ElementsAre;
+using Lines = std::vector<std::string>;
+
+namespace {
+
+/// A line for each profile, with "*" before the default one.
+Lines linesOf(const AuthorList& list) {
+    Lines lines;
+    for (const auto& [name, addresses] : list.profiles)
+        lines.push_back(name + "|" + addresses[0] + "|" + addresses[1] + "|" + addresses[2]);
+    if (list.last >= 0) lines.at(static_cast<size_t>(list.last)).insert(0, "*");
+    return lines;
+}
+
+class OptionAuthorsTest : public EditorFixture {
+protected:
+    /// Makes the page anew, over three profiles, in a dialog that Enter and Escape would close.
+    void load() {
+        storeAuthorList(store, {{{"Ann", {"a@x"}}, {"Bob", {"b@x", "b@y"}}, {"Cid", {}}}, 1},
+                        readAuthorProfiles(store));
+        dialog = std::make_unique<QDialog>();
+        page = new AuthorsPage(services);
+        auto* done = new QPushButton;
+        dialog->setLayout(new QVBoxLayout);
+        dialog->layout()->addWidget(page);
+        dialog->layout()->addWidget(done);
+        done->setDefault(true);
+        QObject::connect(done, &QPushButton::clicked, dialog.get(), &QDialog::accept);
+        changed = std::make_unique<QSignalSpy>(page, &OptionsPage::changed);
+        settled = std::make_unique<QSignalSpy>(page, &OptionsPage::settled);
+        takesEnter = std::make_unique<QSignalSpy>(page, &OptionsPage::takesEnter);
+        dialog->show();
+        activate(*dialog);
+    }
+    template <typename Control>
+    Control& control(const char* name) {
+        return *page->findChild<Control*>(name);
+    }
+    QTableWidget& grid() { return control<QTableWidget>("vbAuthorList"); }
+    QLineEdit& edit() { return control<QLineEdit>("txtEdit"); }
+    void click(int row, int column) {
+        const QRect cell = grid().visualItemRect(grid().item(row, column));
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, cell.center());
+        EXPECT_TRUE(edit().isVisible() && edit().hasFocus() && cell.contains(edit().geometry()));
+        EXPECT_EQ(edit().selectedText(), grid().item(row, column)->text());
+        EXPECT_TRUE(takesEnter->back().front().toBool());
+    }
+    static void key(Qt::Key which) { QTest::keyClick(QApplication::focusWidget(), which); }
+    static void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    void press(const char* button) { QTest::mouseClick(&control<QWidget>(button), Qt::LeftButton); }
+    QMenu& popUp() {
+        QTest::mouseClick(&edit(), Qt::RightButton);
+        return dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+    }
+    /// What the grid shows.
+    Lines shown() {
+        AuthorList list;
+        for (int row = 0; row < grid().rowCount(); ++row) {
+            const auto text = [&](int column) { return grid().item(row, column)->text().toStdString(); };
+            list.profiles.push_back({text(0), {text(1), text(2), text(3)}});
+            if (grid().item(row, 0)->background().color() == QColor(0, 255, 255)) list.last = row;
+        }
+        return linesOf(list);
+    }
+    Lines stored() { return linesOf(readAuthorList(store)); }
+
+    const std::string ann = "Ann|a@x||", bob = "*Bob|b@x|b@y|", cid = "Cid|||";
+    CRegSettings styles = editorFormatSettings(store);
+    OptionsServices services{.store = store, .styles = styles, .recentFiles = variables().RecentFiles};
+    std::unique_ptr<QDialog> dialog;
+    AuthorsPage* page = nullptr;
+    std::unique_ptr<QSignalSpy> changed, settled, takesEnter;
+};
+
+TEST_F(OptionAuthorsTest, CellsAreEditedInPlace) {
+    struct Row {
+        const char* name;
+        std::function<void()> edit;
+        Lines shown;
+    } const rows[] = {
+        {"Enter", [this] { click(0, 1), type("1"), key(Qt::Key_Return); }, {"Ann|1||", bob, cid}},
+        {"Escape", [this] { click(0, 1), type("1"), key(Qt::Key_Escape); }, {ann, bob, cid}},
+        {"Tab",
+         [this] {
+             click(0, 2), type("2"), key(Qt::Key_Tab);
+             type("3"), key(Qt::Key_Tab);
+             type("Rob"), key(Qt::Key_Enter);
+         },
+         {"Ann|a@x|2|3", "*Rob|b@x|b@y|", cid}},
+        {"another cell",
+         [this] { click(0, 1), type("1"), click(2, 0), key(Qt::Key_Escape); },
+         {"Ann|1||", bob, cid}},
+        {"Down", [this] { click(0, 1), type("1"), key(Qt::Key_Down); }, {"Ann|1||", bob, cid}},
+        {"the focus goes", [this] { click(0, 1), type("1"), grid().setFocus(); }, {"Ann|1||", bob, cid}},
+        {"keys alone",
+         [this] {
+             grid().setFocus();
+             for (const auto which : {Qt::Key_Down, Qt::Key_Right, Qt::Key_F2}) key(which);
+             type("1"), key(Qt::Key_Return);
+         },
+         {ann, "*Bob|1|b@y|", cid}},
+        {"stored meanwhile", [this] { click(0, 1), type("1"), page->save(); }, {"Ann|1||", bob, cid}},
+        {"a popup is opened, and another one used",
+         [this] {
+             click(0, 1), type("1");
+             QTest::keyClick(&popUp(), Qt::Key_Escape);
+             type("2");
+             EXPECT_EQ(edit().text(), "12");
+             QTest::keyClick(&popUp(), Qt::Key_S);
+             type("3"), key(Qt::Key_Return);
+         },
+         {"Ann|3||", bob, cid}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        load();
+        EXPECT_EQ(shown(), Lines({ann, bob, cid}));
+        EXPECT_TRUE(grid().selectedItems().isEmpty());
+        row.edit();
+        EXPECT_EQ(shown(), row.shown);
+        EXPECT_FALSE(edit().isVisible());
+        EXPECT_FALSE(takesEnter->back().front().toBool());
+        EXPECT_GT(changed->count(), 0);
+        EXPECT_TRUE(dialog->isVisible());
+    }
+}
+
+TEST_F(OptionAuthorsTest, AChangeIsToldAsSoonAsOneTypes) {
+    load();
+    click(0, 1), key(Qt::Key_Return);
+    click(0, 1), key(Qt::Key_Escape);
+    EXPECT_EQ(changed->count(), 0);
+    click(0, 1), type("x");
+    EXPECT_EQ(changed->count(), 1);
+}
+
+TEST_F(OptionAuthorsTest, ButtonsChangeRowsAndSavingNumbersThemAnew) {
+    struct Row {
+        const char* name;
+        std::function<void()> change;
+        Lines stored;
+    } const rows[] = {
+        {"add", [this] { press("Command1"), type("Dan"), key(Qt::Key_Return); }, {ann, bob, cid, "Dan|||"}},
+        {"add more",
+         [this] { press("Command1"), type("Dan"), press("Command1"); },
+         {ann, bob, cid, "Dan|||", "New Author|||"}},
+        {"no name",
+         [this] { click(0, 0), key(Qt::Key_Delete), press("Command1"); },
+         {"|a@x||", bob, cid, "New Author|||"}},
+        {"delete", [this] { click(0, 2), press("Command2"); }, {bob, cid}},
+        {"delete two", [this] { click(1, 2), press("Command2"), press("Command2"); }, {ann}},
+        {"delete the default", [this] { click(1, 0), press("Command2"); }, {ann, cid}},
+        {"delete by keys, and edit on",
+         [this] {
+             grid().setFocus(), key(Qt::Key_F2), type("x");
+             QSignalSpy clicked(&control<QPushButton>("Command2"), &QPushButton::clicked);
+             QTest::keyClick(dialog.get(), Qt::Key_E, Qt::AltModifier);
+             EXPECT_TRUE(clicked.wait());
+             key(Qt::Key_F2), type("Rob"), key(Qt::Key_Return);
+         },
+         {"*Rob|b@x|b@y|", cid}},
+        {"another default",
+         [this] { click(0, 1), type("1"), press("Command5"); },
+         {"*Ann|1||", bob.substr(1), cid}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        load();
+        row.change();
+        EXPECT_GT(changed->count(), 0);
+        EXPECT_EQ(stored(), Lines({ann, bob, cid}));
+        EXPECT_TRUE(page->save());
+        EXPECT_EQ(stored(), row.stored);
+        EXPECT_EQ(shown(), row.stored);
+    }
+}
+
+TEST_F(OptionAuthorsTest, TheDefaultStandsOutAlsoWhileItsRowIsSelected) {
+    load();
+    for (const auto background : {Qt::white, Qt::black}) {
+        dialog->setPalette(QPalette(background, background));
+        click(0, 1), press("Command5");
+        const QRect cell = grid().visualItemRect(grid().item(0, 0));
+        const QImage image = grid().viewport()->grab().toImage();
+        EXPECT_EQ(image.pixelColor(cell.right() - 4, cell.center().y()), QColor(0, 255, 255));
+        EXPECT_NE(image.pixelColor(cell.right() + 4, cell.center().y()), QColor(0, 255, 255));
+        EXPECT_EQ(grid().item(0, 0)->foreground().color(), QColor(Qt::black));
+    }
+}
+
+TEST_F(OptionAuthorsTest, ButtonsAskForARow) {
+    load();
+    for (const auto& [button, text] : {std::pair("Command2", "Must select an author to delete!"),
+                                       {"Command5", "Must select an author to be default!"}}) {
+        answerMessage(QMessageBox::Ok);
+        press(button);
+        EXPECT_EQ(asked.back(), text);
+        EXPECT_EQ(lastIcon, QMessageBox::Warning);
+        EXPECT_EQ(lastTitle, "KLT Editor Beta 1.60");
+    }
+    EXPECT_EQ(changed->count(), 0);
+    EXPECT_EQ(shown(), Lines({ann, bob, cid}));
+}
+
+TEST_F(OptionAuthorsTest, ResetIsAskedForAndStoredAtOnce) {
+    load();
+    for (const auto which : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Y}) {
+        const bool isYes = which == Qt::Key_Y;
+        press("Command1");
+        answerNext<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_EQ(box.text(),
+                      "This will delete all author profiles and reset installation defaults!\r\n"
+                      "Are you sure you want to continue?");
+            EXPECT_EQ(box.icon(), QMessageBox::Warning);
+            EXPECT_EQ(box.windowTitle(), "KLT Editor Beta 1.60");
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+            QTest::keyClick(&box, which, isYes ? Qt::AltModifier : Qt::NoModifier);
+        });
+        press("Command6");
+        EXPECT_EQ(stored().size(), isYes ? 8 : 3);
+        EXPECT_EQ(settled->count(), isYes ? 1 : 0);
+    }
+    EXPECT_EQ(shown(), stored());
+    EXPECT_TRUE(page->save());
+    EXPECT_EQ(stored().size(), 8) << "what was deleted does not come back";
+}
+
+TEST_F(OptionAuthorsTest, SavingTakesInWhatOthersStoredMeanwhile) {
+    load();
+    writeAuthorProfile(store, 3, {"Dan", {}});
+    writeSetting(store, settings::kAuthorCount, 4);
+    click(0, 1), type("1");
+    EXPECT_TRUE(page->save());
+    EXPECT_EQ(shown(), Lines({"Ann|1||", bob, cid, "Dan|||"}));
+    EXPECT_EQ(stored(), shown());
+    click(3, 0), press("Command2");
+    EXPECT_TRUE(page->save());
+    EXPECT_EQ(stored(), Lines({"Ann|1||", bob, cid})) << "it is known by now";
+}
+
+TEST_F(OptionAuthorsTest, ThePopupMailsToAnAddress) {
+    Desktop desktop;
+    load();
+    for (const auto& [text, address] :
+         {std::pair("a@example.org?cc=b@example.org", "mailto:a@example.org%3Fcc=b@example.org"),
+          {"nobody", ""}}) {
+        SCOPED_TRACE(text);
+        click(2, 3), type(text);
+        QMenu& menu = popUp();
+        QStringList captions;
+        for (const auto* item : menu.actions()) captions += item->text().section('\t', 0, 0);
+        const QStringList plain = {"&Undo",   "", "&Cut",        "C&opy", "&Paste",
+                                   "&Delete", "", "&Select All", "",      "&Help"};
+        EXPECT_EQ(captions, *address == '\0' ? plain : plain + QStringList("&Mail to"));
+        EXPECT_EQ(menu.objectName(), *address == '\0' ? "SingleItemRTFPopup" : "MailToRTFPopup");
+        QTest::keyClick(&menu, Qt::Key_M);
+        menu.close();
+        EXPECT_EQ(desktop.opened(), address);
+        key(Qt::Key_Escape);
+    }
+}
+
+}  // namespace
