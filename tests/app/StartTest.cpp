@@ -10,6 +10,7 @@
 #include "platform/Instances.h"
 #include "platform/Paths.h"
 #include "settings/GetSetting.h"
+#include "settings/HostProgram.h"
 #include "settings/cMRUFileList.h"
 #include "support/ChildProcess.h"
 #include "support/Scratch.h"
@@ -94,6 +95,11 @@ TEST_F(StartTest, OfTwentyAtOnceOneOpensAllFiles) {
               19);
     EXPECT_EQ(windows().size(), 1U);
     expectOpened(files);
+}
+
+TEST_F(StartTest, APictureForTheHostStandsBesideTheProgram) {
+    const auto picture = hostProgram(KLT_BIN "/klteditor", home_ / "TVM.INI", "").bitmap;
+    EXPECT_TRUE(readBytes(picture).starts_with("BM")) << picture;
 }
 
 TEST_F(StartTest, ALaterOneHandsItsFilesOverAndEnds) {
