@@ -1,4 +1,4 @@
-// The wizards' windows over long documents.
+// The wizards' windows over long documents, and the dialog of options.
 
 #include <benchmark/benchmark.h>
 
@@ -16,23 +16,27 @@
 namespace klt {
 namespace {
 
-/// From the command to the painted form, and out of it again.
+/// From the command to the painted dialog, and out of it again. False where none has come up.
+bool openAndReject(OpenEditor& open, const char* command) {
+    bool isSeen = false;
+    QTimer::singleShot(0, qApp, [&isSeen] {
+        auto* const form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (form == nullptr) return;
+        form->repaint();
+        isSeen = true;
+        form->reject();
+    });
+    open.editor().MenuClick(command);
+    return isSeen;
+}
+
 void openAndCancelWizard(benchmark::State& state, const char* command) {
     OpenEditor open(state);
-    int seen = 0;
     for ([[maybe_unused]] auto _ : state) {
         open.box().SetSelStart(open.box().Find("[ADS]", 0));
         open.box().SetSelStart(open.box().LineIndex(open.box().GetLineFromChar(open.box().SelStart()) + 2));
-        QTimer::singleShot(0, qApp, [&seen] {
-            auto* const form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (form == nullptr) return;
-            form->repaint();
-            ++seen;
-            form->reject();
-        });
-        open.editor().MenuClick(command);
+        if (!openAndReject(open, command)) return state.SkipWithError("the wizard has not come up");
     }
-    if (seen != state.iterations()) state.SkipWithError("the wizard has not come up");
 }
 BENCHMARK_CAPTURE(openAndCancelWizard, Ad, "I1")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Skill, "I2")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -44,6 +48,16 @@ BENCHMARK_CAPTURE(openAndCancelWizard, Bonus, "I5")->Arg(10)->Unit(benchmark::kM
 BENCHMARK_CAPTURE(openAndCancelWizard, Package, "I9")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Author, "I8")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(openAndCancelWizard, Edit, "E6")->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void openOptions(benchmark::State& state, const char* command) {
+    OpenEditor open(state);
+    for ([[maybe_unused]] auto _ : state)
+        if (!openAndReject(open, command)) return state.SkipWithError("the dialog has not come up");
+}
+BENCHMARK_CAPTURE(openOptions, General, "T1")->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openOptions, Paths, "T2")->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openOptions, Authors, "T3")->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(openOptions, Format, "T4")->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// A wizard over the document, not modal.
 class OpenForm {

@@ -13,6 +13,7 @@
 #include <tuple>
 
 #include "app/Editor.h"
+#include "app/commands/OptionCommands.h"
 #include "app/dialogs/ShowDialog.h"
 #include "app/dialogs/frmTip.h"
 #include "app/window/ProgramIcon.h"
@@ -141,6 +142,8 @@ void startUp(Editor& editor, const std::string& commandLine) {
     for (int i = 0; i < 2; ++i) reportingErrors(letEventsRun);
     if (editor.isOver()) return;
     reportingErrors([&] { showTipsAtStartup(editor); });
+    if (editor.isOver()) return;
+    reportingErrors([&] { demandVersion(editor); });
     for (int i = 0; i < 2; ++i) reportingErrors(letEventsRun);
     if (editor.isOver()) return;
     variables.StartupComplete = true;

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "app/dialogs/frmTip.h"
+#include "app/options/frmOptions.h"
 #include "platform/HandOver.h"
 #include "support/EditorFixture.h"
 
@@ -18,7 +19,10 @@ namespace {
 
 class MainTest : public EditorFixture {
 protected:
-    MainTest() { set("Options", "Show Tips at Startup", "0"); }
+    MainTest() {
+        set("Options", "Show Tips at Startup", "0");
+        set("Options", "TVM Version", "0");
+    }
 
     /// Calls `work` while the first document is opened; before it events run for the splash.
     void duringFirstDocument(const std::function<void()>& work) {
@@ -117,6 +121,51 @@ TEST_F(MainTest, TipsComeWhenAllIsOpenAndOnlyFor1) {
     });
     start(file("a.klt", "a"));
     EXPECT_TRUE(variables().StartupComplete);
+}
+
+TEST_F(MainTest, TheHostsVersionIsDemandedBehindTheTipsAndBesideTheWindow) {
+    set("Options", "TVM Version", "");
+    set("Options", "Show Tips at Startup", "1");
+    const auto dialogs = [this] {
+        auto all = window().findChildren<frmOptions*>();
+        all.removeIf([](const frmOptions* dialog) { return !dialog->isVisible(); });
+        return all;
+    };
+    answerNext<frmTip>([&](frmTip& tips) {
+        EXPECT_TRUE(dialogs().isEmpty());
+        answerMessage(QMessageBox::Ok);
+        QTest::mouseClick(tips.findChild<QWidget*>("cmdOK"), Qt::LeftButton);
+    });
+    start("");
+    EXPECT_THAT(asked, testing::ElementsAre("You MUST set your TVM version."));
+    EXPECT_EQ(lastIcon, QMessageBox::NoIcon);
+    EXPECT_EQ(lastTitle, kTitle);
+    EXPECT_TRUE(variables().StartupComplete);
+    ASSERT_EQ(dialogs().size(), 1);
+    EXPECT_FALSE(dialogs()[0]->isModal());
+    EXPECT_EQ(dialogs()[0]->focusWidget()->objectName(), "Combo1");
+    box().SetSelStart(box().Length());
+    type("x");
+    EXPECT_TRUE(textOf(active()).ends_with("x"));
+
+    window().activateWindow();
+    run("T1");
+    EXPECT_EQ(dialogs().size(), 1);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(dialogs()[0]));
+
+    answerNext<QMessageBox>([this](QMessageBox& question) {
+        answerNext<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        QTest::keyClick(&question, Qt::Key_Escape);
+    });
+    const QPointer before = dialogs()[0];
+    QTest::mouseClick(before->findChild<QWidget*>("Command4"), Qt::LeftButton);
+    ASSERT_EQ(dialogs().size(), 1);
+    EXPECT_NE(dialogs()[0], before);
+    EXPECT_FALSE(dialogs()[0]->isModal());
+
+    emit window().unloading();
+    EXPECT_TRUE(dialogs().isEmpty()) << "it goes with the main window";
+    EXPECT_EQ(setting("Options", "TVM Version"), "");
 }
 
 TEST_F(MainTest, ADirectoryAloneShowsAnEmptyWindow) {

@@ -5,6 +5,7 @@
 #include <random>
 #include <thread>
 
+#include "settings/Catalogue.h"
 #include "support/OrdinaryUser.h"
 #include "support/StoreFixture.h"
 
@@ -219,34 +220,62 @@ TEST_F(StoreFaultsTest, LosesNothingBetweenTwoWriters) {
     EXPECT_EQ(GetAllSettings(store_, "KLTEdit", "Options").size(), 2U * kWrites + 1);
 }
 
-// In memory where there is such a folder: a kill needs no disk, and meets more writes there.
-TEST(StoreKillTest, KeepsWhatWasSaved) {
-    const ScopedVariable place(
-        "TMPDIR", fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path().string());
-    const ScratchFolder folder;
-    const auto path = folder / "store.sqlite3";
-    std::mt19937 random(1);
+class StoreKillTest : public testing::Test {
+protected:
+    // In memory where there is such a folder: a kill needs no disk, and meets more writes there.
+    const ScopedVariable place_{
+        "TMPDIR", fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path().string()};
+    const ScratchFolder folder_;
+    const std::string path_ = folder_ / "store.sqlite3";
+    std::mt19937 random_{1};
+};
+
+TEST_F(StoreKillTest, ResetsAllOrNothing) {
+    int whole = 0, reset = 0;
+    for (int round = 0; round < 100; ++round) {
+        ChildProcess child([&](const ChildProcess::Report& report) {
+            Store store(path_);
+            for (;;) {
+                store.together([&] {
+                    return save(store, "Name", "kept") && SaveSetting(store, "Authors", "0", "Name", "A");
+                });
+                report("saved");
+                resetAllSettings(store);
+            }
+        });
+        EXPECT_EQ(child.nextReport(), "saved");
+        std::this_thread::sleep_for(std::chrono::microseconds(random_() % 2'000));
+        child.kill();
+        Store store(path_);
+        const bool isKept = get(store, "Name") == "kept";
+        EXPECT_EQ(HasSetting(store, "Authors", "0", "Name"), isKept) << round;
+        ++(isKept ? whole : reset);
+    }
+    EXPECT_TRUE(whole > 0 && reset > 0) << whole;
+}
+
+TEST_F(StoreKillTest, KeepsWhatWasSaved) {
     int told = 0;
     for (int round = 0; round < 200; ++round) {
         // Saves ever greater numbers, alone and in pairs, and tells of each that was saved.
         ChildProcess child([&](const ChildProcess::Report& report) {
-            Store store(path);
+            Store store(path_);
             for (auto n = number(store, "Alone") + 1;; ++n) {
                 const auto text = std::to_string(n);
                 const auto both = [&] { return save(store, "Left", text) && save(store, "Right", text); };
                 if (save(store, "Alone", text) && store.together(both)) report(text);
             }
         });
-        for (auto reports = random() % 3; reports > 0; --reports) told = std::stoi(child.nextReport());
-        std::this_thread::sleep_for(std::chrono::microseconds(random() % 8'000));
+        for (auto reports = random_() % 3; reports > 0; --reports) told = std::stoi(child.nextReport());
+        std::this_thread::sleep_for(std::chrono::microseconds(random_() % 8'000));
         child.kill();
         for (auto line = child.nextReport(); !line.empty(); line = child.nextReport()) told = std::stoi(line);
         // The write that was under way may have been kept too.
-        Store store(path);
+        Store store(path_);
         EXPECT_GE(number(store, "Left"), told) << round;
         EXPECT_EQ(number(store, "Left"), number(store, "Right")) << round;
         EXPECT_GE(number(store, "Alone"), number(store, "Left")) << round;
     }
     EXPECT_GT(told, 100) << "too few writes came through before the kills";
-    EXPECT_THAT(namesIn(folder.path()), testing::Each(testing::Not(testing::HasSubstr("aside"))));
+    EXPECT_THAT(namesIn(folder_.path()), testing::Each(testing::Not(testing::HasSubstr("aside"))));
 }

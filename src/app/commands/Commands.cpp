@@ -6,6 +6,7 @@
 
 #include "app/Editor.h"
 #include "app/commands/EditCommands.h"
+#include "app/commands/OptionCommands.h"
 #include "app/commands/WindowCommands.h"
 #include "app/commands/WizardCommands.h"
 #include "app/dialogs/Addresses.h"
@@ -46,6 +47,11 @@ void showTips(Editor& editor) {
     showDialog<frmTip>(editor.store(), editor.mainWindow());
 }
 
+template <OptionsTab kTab>
+void options(Editor& editor) {
+    openOptions(editor, kTab);
+}
+
 void chooseDocument(Editor& editor) {
     frmMDIKLTEditor& window = editor.mainWindow();
     const auto list = showDialog<frmWindows>(window.forms(), window);
@@ -79,6 +85,10 @@ constexpr auto kCommands = std::to_array<Command>({
     {commands::kComment, onText<insertComment>},
     {commands::kDefaultToolbar, [](Editor& editor) { toggleBand(editor.mainWindow(), kDefaultBand); }},
     {commands::kWizardsToolbar, [](Editor& editor) { toggleBand(editor.mainWindow(), kWizardsBand); }},
+    {commands::kPreferences, options<OptionsTab::General>},
+    {commands::kProgramPaths, options<OptionsTab::Paths>},
+    {commands::kAuthorList, options<OptionsTab::Authors>},
+    {commands::kEditorFormat, options<OptionsTab::Format>},
     {commands::kMerger, [](Editor& editor) { editor.openMerger(); }},
     {commands::kSyntaxChecker, colour},
     {commands::kTileHorizontally, arrange<Arrangement::TileHorizontally>},
