@@ -11,6 +11,7 @@
 #include <QToolButton>
 
 #include "app/options/HostButtons.h"
+#include "app/options/OptionsPage.h"
 #include "app/options/SpinField.h"
 #include "app/options/frmOptions.h"
 #include "settings/AuthorProfiles.h"
@@ -54,13 +55,14 @@ protected:
         field(name).selectAll();
         QTest::keyClicks(&field(name), text);
     }
+    static void key(QWidget& control, Qt::Key which) { QTest::keyClick(&control, which); }
     void arrow(const char* bar, const char* which) {
         QTest::mouseClick(control(bar).findChild<QWidget*>(which), Qt::LeftButton);
     }
     void choose(int version) {
         auto& combo = control<QComboBox>("Combo1");
         combo.setFocus();
-        QTest::keyClick(&combo, version == 1 ? Qt::Key_Down : Qt::Key_Up);
+        key(combo, version == 1 ? Qt::Key_Down : Qt::Key_Up);
         EXPECT_EQ(combo.currentIndex(), version);
     }
     std::string lineBreaker() {
@@ -152,52 +154,45 @@ TEST_F(OptionsTest, NumbersAreDigitsWithinLimits) {
     struct Row {
         const char *field, *bar;
         int limit;
-        const char *typed, *left, *told;
+        const char *typed, *pasted, *left, *told;
     } const rows[] = {
-        {"Text1", "VScroll1", 10, "10", "9", "You are not allowed to have more than 9 MRU files."},
-        {"Text1", "VScroll1", 10, "0", "0", ""},
-        {"Text2", "VScroll2", 100, "101", "100",
+        {"Text1", "VScroll1", 10, "10", "", "9", "You are not allowed to have more than 9 MRU files."},
+        {"Text1", "VScroll1", 10, "0", "", "0", ""},
+        {"Text2", "VScroll2", 100, "101", "", "100",
          "You're not allowed to have more than 100 nested @Functions."},
-        {"Text2", "VScroll2", 100, "-1.x\b5 ", "15", ""},
-        {"Text4", "VScroll4", 200, "201", "200",
+        {"Text4", "VScroll4", 200, "201", "", "200",
          "Seriously, breaking lines after that much characters is meaningless..."},
-        {"Text5", "VScroll5", 20, "21", "20", "Sorry, you're not cleared for this much."},
-        {"Text2", "VScroll2", 100, "\b", "50", ""},
+        {"Text5", "VScroll5", 20, "21", "", "20", "Sorry, you're not cleared for this much."},
+        {"Text2", "VScroll2", 100, "-1.x\b5 ", "", "15", ""},
+        {"Text2", "VScroll2", 100, "\b", "", "50", ""},
+        {"Text2", "VScroll2", 100, "", " 7\n", "7", ""},
+        {"Text2", "VScroll2", 100, "", "7.5", "50", ""},
+        {"Text4", "VScroll4", 200, "", "99999999999", "200",
+         "Seriously, breaking lines after that much characters is meaningless..."},
     };
     for (const auto& row : rows) {
+        const bool isTold = *row.told != '\0';
         in([&] {
-            if (*row.told != '\0') answerMessage(QMessageBox::Ok);
+            if (isTold) answerMessage(QMessageBox::Ok);
             enter(row.field, row.typed);
-            EXPECT_EQ(field(row.field).text(), row.left) << row.typed;
+            QGuiApplication::clipboard()->setText(row.pasted);
+            if (*row.pasted != '\0') QTest::keyClick(&field(row.field), Qt::Key_V, kCtrl);
+            EXPECT_EQ(field(row.field).text(), row.left) << row.typed << row.pasted;
             EXPECT_EQ(control<SpinBar>(row.bar).value(), row.limit - field(row.field).text().toInt());
         });
-        if (*row.told == '\0') continue;
+        if (!isTold) continue;
         EXPECT_EQ(asked.back(), row.told);
         EXPECT_EQ(lastIcon, QMessageBox::Information);
         EXPECT_EQ(lastTitle, kTitle);
     }
 }
 
-TEST_F(OptionsTest, OtherKeysAndPasteWorkAsInAnyField) {
-    struct Row {
-        const char *pasted, *left;
-        bool isTold = false;
-    } const rows[] = {{" 7\n", "7"}, {"7.5", "50"}, {"99999999999", "100", true}, {"x", "50"}};
-    for (const auto& row : rows) {
-        in([&] {
-            QGuiApplication::clipboard()->setText(row.pasted);
-            if (row.isTold) answerMessage(QMessageBox::Ok);
-            field("Text2").setFocus();
-            field("Text2").selectAll();
-            QTest::keyClick(&field("Text2"), Qt::Key_V, kCtrl);
-            EXPECT_EQ(field("Text2").text(), row.left) << row.pasted;
-        });
-    }
+TEST_F(OptionsTest, OtherKeysWorkAsInAnyField) {
     in([this] {
         QLineEdit& edit = field("Text2");
         enter("Text2", "12");
-        QTest::keyClick(&edit, Qt::Key_Home);
-        QTest::keyClick(&edit, Qt::Key_Delete);
+        key(edit, Qt::Key_Home);
+        key(edit, Qt::Key_Delete);
         EXPECT_EQ(edit.text(), "2");
         EXPECT_EQ(edit.cursorPosition(), 1) << "the end, after each change";
         QTest::keyClick(&edit, Qt::Key_Z, kCtrl);
@@ -206,12 +201,6 @@ TEST_F(OptionsTest, OtherKeysAndPasteWorkAsInAnyField) {
 }
 
 TEST_F(OptionsTest, TheLineBreakersFieldsAreCoupled) {
-    const auto erase = [this](const char* name) {
-        field(name).setFocus();
-        field(name).selectAll();
-        QTest::keyClick(&field(name), Qt::Key_Delete);
-    };
-    const auto leave = [this] { control("Check1").setFocus(); };
     struct Row {
         const char* name;
         std::function<void()> act;
@@ -220,27 +209,26 @@ TEST_F(OptionsTest, TheLineBreakersFieldsAreCoupled) {
         {"lowered", [&] { enter("Text4", "5"); }, "5/5 on"},
         {"typed on", [&] { enter("Text4", "120"); }, "120/10 on"},
         {"tolerance above", [&] { enter("Text4", "5"), enter("Text5", "12"); }, "12/12 on"},
-        {"tolerance typed on",
-         [&] {
-             enter("Text4", "5"), enter("Text5", "12"), QTest::keyClick(&field("Text5"), Qt::Key_Home),
-                 QTest::keyClick(&field("Text5"), Qt::Key_Delete);
-         },
+        {"tolerance typed on", [&] { enter("Text4", "5"), enter("Text5", "12"), enter("Text5", "2"); },
          "5/2 on"},
-        {"nothing", [&] { enter("Text4", "0"); }, "0/0 off"},
-        {"by the bar", [&] { enter("Text4", "5"), arrow("VScroll4", "Down"); }, "4/4 on"},
-        {"the bar's keys",
-         [&] { control("VScroll5").setFocus(), QTest::keyClick(&control("VScroll5"), Qt::Key_Up); },
+        {"0", [&] { enter("Text4", "0"); }, "0/0 off"},
+        {"the bar", [&] { enter("Text4", "5"), arrow("VScroll4", "Down"); }, "4/4 on"},
+        {"the bar's keys", [&] { control("VScroll5").setFocus(), key(control("VScroll5"), Qt::Key_Up); },
          "80/11 on"},
         {"off", [&] { enter("Text4", "100"), press("Check4"); }, "0/0 off"},
         {"off and on", [&] { enter("Text4", "100"), press("Check4"), press("Check4"); }, "80/10 on"},
-        {"off by its key while one types", [&] { enter("Text5", "7"), control<QCheckBox>("Check4").click(); },
+        {"off while one types", [&] { enter("Text5", "7"), control<QCheckBox>("Check4").click(); },
          "0/0 off"},
-        {"empty", [&] { erase("Text4"); }, "/10 on"},
-        {"empty and left", [&] { enter("Text4", "1"), erase("Text4"), leave(); }, "80/10 on"},
+        {"empty", [&] { enter("Text4", ""), key(field("Text4"), Qt::Key_Delete); }, "/10 on"},
+        {"empty and left",
+         [&] {
+             enter("Text4", "1"), key(field("Text4"), Qt::Key_Home), key(field("Text4"), Qt::Key_Delete),
+                 control("Check1").setFocus();
+         },
+         "80/10 on"},
         {"empty and a button's key",
          [&] {
-             erase("Text5"), QTest::keyClick(&field("Text5"), Qt::Key_A, Qt::AltModifier);
-             EXPECT_TRUE(QTest::qWaitFor([&] { return !field("Text5").text().isEmpty(); }));
+             enter("Text5", ""), key(field("Text5"), Qt::Key_Delete), control<QPushButton>("Apply").click();
          },
          "80/10 on"},
     };
@@ -303,6 +291,35 @@ TEST_F(OptionsTest, ResetAllReopensTheDialogWhateverTheAnswer) {
         EXPECT_EQ(action("RecentMenu1") == nullptr, resets);
         EXPECT_EQ(readAuthorProfile(store, 0).name == "Somebody", !resets) << "seeded by the load";
     }
+}
+
+TEST_F(OptionsTest, AFieldMayKeepEnterAndEscape) {
+    in([this] {
+        auto* page = form().findChild<OptionsPage*>();
+        emit page->takesEnter(true);
+        for (const auto which : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
+            QTest::keyClick(&field("Text1"), which);
+            EXPECT_TRUE(isUp()) << which;
+        }
+        emit page->takesEnter(false);
+        QTest::keyClick(&field("Text1"), Qt::Key_Return);
+        EXPECT_FALSE(isUp());
+        EXPECT_EQ(setting("Options", "TVM Version"), "0");
+    });
+}
+
+TEST_F(OptionsTest, TellsWhatTheStoreDidNotTake) {
+    Store nowhere(file("file", "") + "/store.sqlite3");
+    frmOptions dialog(
+        {.store = nowhere, .styles = variables().Settings, .recentFiles = variables().RecentFiles});
+    dialog.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    answerMessage(QMessageBox::Ok);
+    QTest::mouseClick(dialog.findChild<QWidget*>("Done"), Qt::LeftButton);
+    EXPECT_EQ(asked.back(), "The settings could not be stored.");
+    EXPECT_EQ(lastIcon, QMessageBox::Warning);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(variables().RecentFiles.MaxFileCount(), 4);
 }
 
 TEST_F(OptionsTest, TheHostsFileTakesTheEditor) {

@@ -204,7 +204,7 @@ bool GeneralPage::save() {
     const cMRUFileList before = services_.recentFiles;
     if (!services_.store.together([this] { return saveRecentFiles() && bound_.save(); })) {
         services_.recentFiles = before;
-        return false;
+        return storedOrTold(*this, false);
     }
     if (Text1->value() < before.MaxFileCount()) services_.recentFilesChanged();
     services_.showStatusBar(Check3->isChecked());

@@ -11,7 +11,7 @@ class OptionsPage : public QWidget {
 public:
     using QWidget::QWidget;
 
-    /// Stores what is shown. False if the store did not take it.
+    /// Stores what is shown. False where that can't be, and the user has been told why.
     virtual bool save() = 0;
 
 signals:
@@ -22,5 +22,8 @@ signals:
     /// A field inside the page has Enter and Escape for itself; false when they are the dialog's again.
     void takesEnter(bool own);
 };
+
+/// Tells, over `owner`, that settings were not stored. What it is given comes back.
+bool storedOrTold(QWidget& owner, bool isStored);
 
 }  // namespace klt

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "app/options/GeneralPage.h"
@@ -22,7 +23,6 @@ constexpr std::string_view kResetQuestion =
     "This will reset ALL settings to installation defaults!\nAre you want to continue?";
 constexpr std::string_view kReopening =
     "KLT Editor will now close and reopen the frmOptions window to refresh the settings.";
-constexpr std::string_view kNotStored = "The settings could not be stored.";
 
 }  // namespace
 
@@ -92,7 +92,7 @@ void frmOptions::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmOptions::apply() {
-    if (!storedOrTold(pages_[static_cast<size_t>(vbTabControl1->currentIndex())]->save())) return;
+    if (!pages_[static_cast<size_t>(vbTabControl1->currentIndex())]->save()) return;
     // Else the focus would go on to the button that drops everything.
     if (Apply->hasFocus()) Done->setFocus();
     Apply->setEnabled(false);
@@ -104,15 +104,9 @@ void frmOptions::finish() {
 
 /// What is changed on the other tabs is stored by their own means.
 bool frmOptions::saveFirstTabs() {
-    constexpr size_t kFirst = 2;
-    bool isStored = true;
-    for (size_t tab = 0; tab < std::min(kFirst, pages_.size()); ++tab) isStored &= pages_[tab]->save();
-    return storedOrTold(isStored);
-}
-
-bool frmOptions::storedOrTold(bool isStored) {
-    if (!isStored) MessageBox(this, kNotStored, MessageIcon::Exclamation, kTitle);
-    return isStored;
+    const auto first = pages_.begin();
+    return std::all_of(first, first + std::min<std::ptrdiff_t>(2, std::ssize(pages_)),
+                       [](OptionsPage* page) { return page->save(); });
 }
 
 void frmOptions::tabChanged() {
@@ -124,7 +118,7 @@ void frmOptions::resetAll() {
     const auto answer = MessageBox(this, kResetQuestion, MessageIcon::Exclamation, kTitle,
                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     if (!self) return;
-    if (answer == QMessageBox::Yes && storedOrTold(resetAllSettings(services_.store))) {
+    if (answer == QMessageBox::Yes && storedOrTold(*this, resetAllSettings(services_.store))) {
         services_.recentFilesChanged();
         services_.showStatusBar(readSetting(services_.store, settings::kShowStatusBar));
     }

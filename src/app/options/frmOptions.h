@@ -45,7 +45,6 @@ private:
     void tabChanged();
     void resetAll();
     bool saveFirstTabs();
-    bool storedOrTold(bool isStored);
 
     const OptionsServices services_;
     QTabWidget* vbTabControl1;
