@@ -8,7 +8,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QToolButton>
+#include <QTabWidget>
 
 #include "app/options/HostButtons.h"
 #include "app/options/OptionsPage.h"
@@ -20,8 +20,8 @@
 #include "support/EditorFixture.h"
 
 using namespace klt;
-using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -37,8 +37,7 @@ protected:
     void meet(const std::function<void()>& work) {
         answerNext<frmOptions>([this, work](frmOptions& shown) {
             form_ = &shown;
-            shown.activateWindow();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+            activate(shown);
             work();
             if (form_ != nullptr && form_->isVisible()) QTest::keyClick(form_, Qt::Key_Escape);
         });
@@ -70,6 +69,7 @@ protected:
             .toStdString();
     }
     bool check(const char* name) { return control<QCheckBox>(name).isChecked(); }
+    int tab() { return control<QTabWidget>("vbTabControl1").currentIndex(); }
     bool mayApply() { return control("Apply").isEnabled(); }
     QDialog& form() { return *form_; }
     bool isUp() const { return form_ != nullptr && form_->isVisible(); }
@@ -265,9 +265,9 @@ TEST_F(OptionsTest, ResetAllReopensTheDialogWhateverTheAnswer) {
         writeAuthorProfile(store, 0, {.name = "Somebody", .addresses = {}});
         in([&] {
             answerNext<QMessageBox>([&](QMessageBox& box) {
-                EXPECT_EQ(
-                    box.text(),
-                    "This will reset ALL settings to installation defaults!\nAre you want to continue?");
+                EXPECT_EQ(box.text(),
+                          "This will reset ALL settings to installation defaults!\n"
+                          "Are you want to continue?");
                 EXPECT_EQ(box.icon(), QMessageBox::Warning);
                 EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
                 answerNext<QMessageBox>([&](QMessageBox& second) {
@@ -293,16 +293,35 @@ TEST_F(OptionsTest, ResetAllReopensTheDialogWhateverTheAnswer) {
     }
 }
 
+TEST_F(OptionsTest, ItsCommandsOpenItsTabs) {
+    for (int number = 0; number < 4; ++number)
+        in([&] { EXPECT_EQ(tab(), number); }, ("T" + std::to_string(number + 1)).c_str());
+}
+
+TEST_F(OptionsTest, AnotherTabStoresTheFirstTwo) {
+    in([&] {
+        control<QTabWidget>("vbTabControl1").setCurrentIndex(2);
+        control<QTabWidget>("vbTabControl1").setCurrentIndex(0);
+        EXPECT_EQ(setting("Options", "TVM Version"), "(none)") << "nothing was changed";
+        enter("Text2", "7");
+        QTest::keyClick(&field("Text2"), Qt::Key_Tab, kCtrl);
+        EXPECT_EQ(tab(), 1);
+        EXPECT_FALSE(mayApply());
+        EXPECT_EQ(setting("Options", "Maximum Nested @Functions"), "7");
+        EXPECT_NE(setting("KLTEditor", "Data Files Path"), "(none)");
+    });
+}
+
 TEST_F(OptionsTest, AFieldMayKeepEnterAndEscape) {
     in([this] {
         auto* page = form().findChild<OptionsPage*>();
         emit page->takesEnter(true);
         for (const auto which : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
-            QTest::keyClick(&field("Text1"), which);
+            key(field("Text1"), which);
             EXPECT_TRUE(isUp()) << which;
         }
         emit page->takesEnter(false);
-        QTest::keyClick(&field("Text1"), Qt::Key_Return);
+        key(field("Text1"), Qt::Key_Return);
         EXPECT_FALSE(isUp());
         EXPECT_EQ(setting("Options", "TVM Version"), "0");
     });
@@ -324,26 +343,18 @@ TEST_F(OptionsTest, TellsWhatTheStoreDidNotTake) {
 
 TEST_F(OptionsTest, TheHostsFileTakesTheEditor) {
     set("Options", "TVM Version", "1");
-    constexpr auto kNoPath = "You'll have to specify the TVM.INI path";
     const auto host = home / "host/TVM.INI";
-    const auto program = runningProgram();
-    struct Row {
-        const char *name, *button, *told;
-        std::string file;
-        QMessageBox::Icon icon = QMessageBox::Information;
-    };
-    const std::string entry = "TVM Data File Editor=" + program + " %filelistquoted%";
-    const Row rows[] = {
-        {"new", "Command7", "did not contain an entry for KLT Editor in the Add-Ons menu",
-         "[Addons]\r\n" + entry + "\r\n"},
-        {"again", "Command7", "already contained an entry for KLT Editor in the Add-Ons menu",
-         "[Addons]\r\n" + entry + "\r\n"},
-        {"toolbar", "Command8", "did not contain an entry for KLT Editor in the toolbar",
-         "[Addons]\r\n" + entry + "\r\n[Toolbits]\r\nspace1=|\r\n" + entry + "|" + program + ".bmp\r\n"},
-        {"toolbar again", "Command8", "already contained an entry for KLT Editor in the toolbar",
-         "[Addons]\r\n" + entry +
-             "\r\n[Toolbits]\r\nspace1=|\r\nTVM Data File Editor=RunAddon(TVM Data File Editor)|" + program +
-             ".bmp\r\n"},
+    const auto program = hostProgram(runningProgram(), host, qgetenv("PATH").toStdString());
+    const std::string key = "TVM Data File Editor",
+                      addOns = "[Addons]\r\n" + key + "=" + program.command + "\r\n",
+                      toolbar = addOns + "[Toolbits]\r\nspace1=|\r\n" + key + "=";
+    const std::tuple<const char*, const char*, std::string> rows[] = {
+        {"Command7", "did not contain an entry for KLT Editor in the Add-Ons menu", addOns},
+        {"Command7", "already contained an entry for KLT Editor in the Add-Ons menu", addOns},
+        {"Command8", "did not contain an entry for KLT Editor in the toolbar",
+         toolbar + program.command + "|" + program.bitmap + "\r\n"},
+        {"Command8", "already contained an entry for KLT Editor in the toolbar",
+         toolbar + "RunAddon(" + key + ")|" + program.bitmap + "\r\n"},
     };
     const auto click = [this](const char* button) {
         in([&] {
@@ -353,7 +364,7 @@ TEST_F(OptionsTest, TheHostsFileTakesTheEditor) {
     };
     for (const char* button : {"Command7", "Command8"}) {
         click(button);
-        EXPECT_THAT(asked.back(), HasSubstr(kNoPath));
+        EXPECT_THAT(asked.back(), StartsWith("You'll have to specify the TVM.INI path"));
         EXPECT_EQ(lastTitle, kTitle);
     }
     set("Options", "TVMINIPath", home / "host");
@@ -362,11 +373,11 @@ TEST_F(OptionsTest, TheHostsFileTakesTheEditor) {
     EXPECT_EQ(lastIcon, QMessageBox::Warning);
     EXPECT_FALSE(std::filesystem::exists(home / "host"));
     file("host/TVM.INI", "");
-    for (const auto& row : rows) {
-        click(row.button);
-        EXPECT_THAT(asked.back(), HasSubstr(row.told)) << row.name;
-        EXPECT_EQ(lastIcon, row.icon);
-        EXPECT_EQ(readBytes(host), row.file) << row.name;
+    for (const auto& [button, told, bytes] : rows) {
+        click(button);
+        EXPECT_THAT(asked.back(), HasSubstr(told));
+        EXPECT_EQ(lastIcon, QMessageBox::Information);
+        EXPECT_EQ(readBytes(host), bytes);
     }
     answerMessage(QMessageBox::Ok);
     tellHostResult(window(), host, kHostAddOns, {false, modINIStuff().IniFlush()});
