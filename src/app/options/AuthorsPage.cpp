@@ -172,7 +172,7 @@ void AuthorsPage::reset() {
     const auto answer = MessageBox(this, kResetQuestion, MessageIcon::Exclamation, kTitle,
                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     if (answer != QMessageBox::Yes) return;
-    if (!resetAuthorProfiles(store_)) return tell("The author profiles could not be reset.");
+    if (!storedOrTold(*this, resetAuthorProfiles(store_))) return;
     fill(readAuthorList(store_));
     emit settled();
 }
@@ -180,7 +180,7 @@ void AuthorsPage::reset() {
 bool AuthorsPage::save() {
     cells_->finishEditing();
     const auto stored = storeAuthorList(store_, shownList(), loaded_);
-    if (!stored) return false;
+    if (!stored) return storedOrTold(*this, false);
     const int row = vbAuthorList_->currentRow(), column = vbAuthorList_->currentColumn();
     const bool isSelected = selectedRow() >= 0;
     fill(*stored);

@@ -11,11 +11,9 @@
 #include <algorithm>
 
 #include "app/options/ColourIcon.h"
-#include "platform/ProgramNames.h"
 #include "settings/Conversions.h"
 #include "settings/EditorFormat.h"
 #include "ui/Combo.h"
-#include "ui/MessageBox.h"
 #include "ui/Named.h"
 #include "ui/QtStrings.h"
 #include "ui/StyleTable.h"
@@ -170,7 +168,7 @@ void FormatPage::showRow() {
 void FormatPage::write(std::string_view key, std::string_view value) {
     const bool isStored = services_.styles.SaveSetting(styleCategoryName(category()), key, value);
     showRow();
-    if (!isStored) MessageBox(this, "The style could not be stored.", MessageIcon::Exclamation, kTitle);
+    storedOrTold(*this, isStored);
 }
 
 }  // namespace klt

@@ -180,8 +180,9 @@ std::optional<std::string> PathsPage::toStore() const {
 }
 
 bool PathsPage::store(const std::string& path) {
-    if (folder_ == Folder::Host) return writeSetting(services_.store, settings::kTvmIniPath, path);
-    if (!writeSetting(services_.store, settings::kDataFilesPath, path)) return false;
+    const auto& setting = folder_ == Folder::Host ? settings::kTvmIniPath : settings::kDataFilesPath;
+    if (!storedOrTold(*this, writeSetting(services_.store, setting, path))) return false;
+    if (folder_ == Folder::Host) return true;
     if (services_.setInitialFolder) services_.setInitialFolder(path);
     return true;
 }
@@ -208,8 +209,7 @@ void PathsPage::innerTabChanged(int index) {
         const auto answer = MessageBox(this, "Do you wish to save the changes to the " + left + "?",
                                        MessageIcon::None, kTitle, QMessageBox::Yes | QMessageBox::No);
         if (!page) return;
-        if (answer == QMessageBox::Yes && !store(*path))
-            MessageBox(this, "The path could not be stored.", MessageIcon::Exclamation, kTitle);
+        if (answer == QMessageBox::Yes) store(*path);
         if (!page) return;
     }
     load(static_cast<Folder>(index));

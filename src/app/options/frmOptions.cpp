@@ -8,7 +8,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/options/AuthorsPage.h"
+#include "app/options/FormatPage.h"
 #include "app/options/GeneralPage.h"
+#include "app/options/PathsPage.h"
 #include "forms/FittingArea.h"
 #include "platform/ProgramNames.h"
 #include "settings/AuthorProfiles.h"
@@ -42,6 +45,10 @@ frmOptions::frmOptions(OptionsServices services, QWidget* owner)
     area->setWidget(vbTabControl1);
     all->addWidget(area, 1);
     general_ = &addPage<GeneralPage>("General");
+    auto& paths = addPage<PathsPage>("Program Paths");
+    addPage<AuthorsPage>("Edit Author Profiles");
+    addPage<FormatPage>("Editor Format");
+    connect(general_, &GeneralPage::hostChosen, &paths, &PathsPage::showHost);
     connect(general_, &GeneralPage::resetWanted, this, &frmOptions::resetAll);
     buildButtons();
     connect(vbTabControl1, &QTabWidget::currentChanged, this, &frmOptions::tabChanged);
@@ -105,8 +112,7 @@ void frmOptions::finish() {
 /// What is changed on the other tabs is stored by their own means.
 bool frmOptions::saveFirstTabs() {
     const auto first = pages_.begin();
-    return std::all_of(first, first + std::min<std::ptrdiff_t>(2, std::ssize(pages_)),
-                       [](OptionsPage* page) { return page->save(); });
+    return std::all_of(first, first + 2, [](OptionsPage* page) { return page->save(); });
 }
 
 void frmOptions::tabChanged() {
