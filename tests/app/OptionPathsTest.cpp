@@ -285,7 +285,10 @@ TEST(FolderTree, GoesOnBesideAFolderThatDoesNotAnswer) {
         std::unique_lock lock(mutex);
         if (folder == "/dead") answers.wait(lock, [&] { return isAnswering; });
         lock.unlock();
-        found({{"a", "dead"}, {}, true, {}});
+        if (folder == "/locked")
+            found({{}, {}, true, "Permission denied"});
+        else
+            found({{"a", "dead", "locked"}, {}, true, {}});
         lock.lock();
         ++ended;
         answers.notify_all();
@@ -297,11 +300,13 @@ TEST(FolderTree, GoesOnBesideAFolderThatDoesNotAnswer) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return shown.path() == "/dead"; }));
         shown.goTo("/a/a/a");
         EXPECT_TRUE(QTest::qWaitFor([&] { return shown.path() == "/a/a/a"; }));
+        shown.goTo("/locked/a");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return shown.path() == "/locked/a"; })) << "it may be open below";
     }
     std::unique_lock lock(mutex);
     isAnswering = true;
     answers.notify_all();
-    EXPECT_TRUE(answers.wait_for(lock, std::chrono::seconds(30), [&] { return ended == 4; }));
+    EXPECT_TRUE(answers.wait_for(lock, std::chrono::seconds(30), [&] { return ended == 5; }));
 }
 
 }  // namespace
