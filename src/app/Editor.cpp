@@ -25,13 +25,12 @@ Editor::Editor(Store& store, Instances* instances, std::string commandLine)
     : variables(store),
       highlighter(variables.Settings),
       aids({store, highlighter, variables.SuppressCaretUpdate}),
-      colouring(store, queue, highlighter, [this]() -> frmMDIKLTEditor& { return mainWindow(); }),
+      colouring(
+          store, queue, highlighter, [this]() -> frmMDIKLTEditor& { return mainWindow(); },
+          [this] { closeSplash(); }),
       documents(
           variables, store, queue, [this]() -> frmMDIKLTEditor& { return mainWindow(); },
-          [this](frmKLTEditor& document) {
-              closeSplash();
-              colouring.ColourDocument(document);
-          }),
+          [this](frmKLTEditor& document) { colouring.ColourDocument(document); }),
       store_(store),
       instances_(instances),
       commandLine_(std::move(commandLine)) {

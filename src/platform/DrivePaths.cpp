@@ -73,8 +73,9 @@ std::vector<std::string> fromDrivePaths(std::vector<std::string> arguments, cons
 std::string prefixOf(const std::string& file) {
     if (auto prefix = prefixAbove(fs::path(file).parent_path()); !prefix.empty()) return prefix;
     std::error_code error;
-    const auto folder = fs::canonical(fs::path(file).parent_path(), error);
-    return error ? std::string() : prefixAbove(folder);
+    // The file itself may be a link into the prefix.
+    const auto real = fs::weakly_canonical(file, error);
+    return error ? std::string() : prefixAbove(real.parent_path());
 }
 
 std::optional<std::string> toDrivePath(const std::string& path, const std::string& prefix) {

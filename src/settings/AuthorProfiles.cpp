@@ -20,12 +20,12 @@ struct StockProfile {
 constexpr std::array<StockProfile, 8> kStockProfiles = {{
     {"Amber Quill", "amber.quill@example.org", "quill@example.net"},
     {"Copper Lantern", "lantern@example.net", {}},
-    {kMakerName, "grey.harbor@example.org", kMakerAddress},
+    {kMakerName, kMakerFirstAddress, kMakerAddress},
     {"Hollow Birch", "hollow.birch@example.org", "birch@example.net"},
     {"Juniper Vale", "juniper@example.org", {}},
     {"Merry Anvil", "merry.anvil@example.net", "anvil@example.org"},
     {"Quiet Meadow", {}, {}},
-    {"Winter Finch", "finch@example.org", "winter.finch@example.net"},
+    {"Winter Finch", "finch@example.org", {}},
 }};
 static_assert(kStockProfiles.size() == settings::kAuthorCount.fallback);
 

@@ -20,7 +20,7 @@ constexpr std::string_view kHostFolder = "TVM";
 constexpr std::string_view kPrograms = "Program Files";
 
 std::string pathIn(std::string_view folder, std::string_view name) {
-    return std::string(folder).append("/").append(name);
+    return std::string(folder).append(folder.ends_with('/') ? "" : "/").append(name);
 }
 
 // None where the folder has no such file.
@@ -49,8 +49,8 @@ std::vector<std::string> programFolders(const std::string& drive) {
 }  // namespace
 
 std::string hostFileIn(std::string_view folder) {
-    auto file = CanonicalPath(pathIn(folder, kHostFile));
-    return existingFile(file.substr(0, file.rfind('/'))).value_or(file);
+    const auto full = FullFileName(folder);
+    return existingFile(full).value_or(pathIn(full, kHostFile));
 }
 
 std::string findHostFolder() {

@@ -103,6 +103,11 @@ TEST_F(MainTest, TheSplashIsGoneWhenTheFirstPassBegins) {
     qApp->installEventFilter(&watch);
     start("\"" + (home / "missing.klt") + "\" \"" + file("a.klt", "Version=2\r\n[ADS]\r\n") + "\"");
     EXPECT_GT(watch.shown, 0);
+
+    set("Options", "AutoSyntaxCheck", "False");
+    duringFirstDocument([this] { run("T6"); });
+    start("\"" + file("b.klt", "Version=2\r\n[ADS]\r\n") + "\"");
+    EXPECT_GT(watch.shown, 2);
     EXPECT_EQ(watch.left, 0);
 }
 

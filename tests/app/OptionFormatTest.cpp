@@ -143,7 +143,7 @@ TEST_F(OptionFormatTest, AStoreThatTakesNothingIsToldAndShownAsItIs) {
     auto& bold = *page.findChild<QCheckBox*>("chkEffects(0)");
     answerMessage(QMessageBox::Ok);
     QTest::mouseClick(&bold, Qt::LeftButton, {}, {8, bold.height() / 2});
-    EXPECT_THAT(asked, testing::ElementsAre("The style could not be stored."));
+    EXPECT_THAT(asked, testing::ElementsAre("The settings could not be stored."));
     EXPECT_FALSE(bold.isChecked());
 }
 

@@ -176,6 +176,8 @@ TEST_F(SmallWindowsTest, ThanksLeadToTheContributors) {
                           }
                           click("lstURL", addresses.currentRow() - 1);
                           EXPECT_TRUE(opened().starts_with("https://"));
+                          click("lstContributor", contributors.currentRow());
+                          EXPECT_EQ(addresses.currentRow(), contributors.currentRow());
                           press("cmdOK");
                       });
     });

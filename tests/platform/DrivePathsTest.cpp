@@ -25,6 +25,8 @@ protected:
         for (const auto& [drive, folder] : drives)
             fs::create_symlink(folder, prefix_ + "/dosdevices/" + drive);
         fs::create_symlink(prefix_ + "/drive_c/TVM", root_ + "/link");
+        writeBytes(prefix_ + "/drive_c/TVM/TVM.INI", "");
+        fs::create_symlink(prefix_ + "/drive_c/TVM/TVM.INI", root_ + "/linked.ini");
     }
     const ScratchFolder folder_;
     const std::string root_ = fs::canonical(folder_.path()), prefix_ = root_ + "/wine";
@@ -71,6 +73,7 @@ TEST_F(DrivePaths, PrefixIsBesideTheFirstDrive) {
         {prefix_ + "/drive_c/TVM/TVM.INI", prefix_},
         {prefix_ + "/dosdevices/c:/TVM/none", prefix_},
         {root_ + "/link/TVM.INI", prefix_},
+        {root_ + "/linked.ini", prefix_},
         {root_ + "/other/drive_c/TVM.INI", ""},
         {prefix_ + "/drive_c", ""},
         {root_ + "/none/x", ""},

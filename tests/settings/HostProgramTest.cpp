@@ -67,6 +67,8 @@ TEST(HostFolder, IsTheFirstThatHasTheFile) {
         EXPECT_EQ(hostFileIn(home / made), (home / made) + "/Tvm.Ini");
     }
     EXPECT_EQ(hostFileIn(root + "/"), root + "/TVM.INI");
+    EXPECT_EQ(hostFileIn("/"), "/TVM.INI");
+    EXPECT_EQ(hostFileIn(R"(/a\b)"), R"(/a\b/TVM.INI)");
     for (const auto* made : {"tvm.ini", "TVM.ini", "TVM.INI"}) {
         writeBytes(home / made, "");
         EXPECT_EQ(hostFileIn(root), home / made);

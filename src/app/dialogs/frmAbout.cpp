@@ -9,6 +9,7 @@
 #include "app/dialogs/frmThanks.h"
 #include "platform/ProgramNames.h"
 #include "settings/Catalogue.h"
+#include "settings/MakerProfile.h"
 #include "ui/Named.h"
 #include "ui/QtStrings.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 constexpr int kTickMilliseconds = 50;
 constexpr int kGap = 16;
-constexpr const char* kMails[] = {"klt-editor@example.org", "grey-harbor@example.net"};
+constexpr std::string_view kMails[] = {kMakerFirstAddress, kMakerAddress};
 
 }  // namespace
 
@@ -67,8 +68,8 @@ QLayout* frmAbout::buildTexts() {
     column->addWidget(named<QLabel>("lblLicence", "Free software: GNU GPL, version 3 or later."));
     column->addSpacing(kGap);
     int index = 0;
-    for (const auto* address : kMails) {
-        auto* mail = named<LinkLabel>("lblMail", QString(address));
+    for (const auto address : kMails) {
+        auto* mail = named<LinkLabel>("lblMail", toQString(address));
         mail->setObjectName(QString("lblMail(%1)").arg(index++));
         mail->setAccessibleDescription("Opens your mail program");
         connect(mail, &LinkLabel::clicked, this, [mail] { mailTo(mail->text()); });

@@ -34,6 +34,9 @@ frmThanks::frmThanks(QWidget* owner)
     fill();
     buildLayout();
     connect(lstContributor_, &QListWidget::currentRowChanged, this, &frmThanks::showContributor);
+    // Also where the current one is clicked again, after another address was chosen.
+    connect(lstContributor_, &QListWidget::itemClicked, this,
+            [this] { showContributor(lstContributor_->currentRow()); });
     connect(lstURL_, &QListWidget::itemClicked, this, &frmThanks::openSelected);
     connect(cmdMailTo_, &QPushButton::clicked, this, &frmThanks::openSelected);
     connect(cmdOK_, &QPushButton::clicked, this, &QDialog::accept);

@@ -17,8 +17,13 @@
 namespace klt {
 
 DocumentColouring::DocumentColouring(Store& store, CommandQueue& queue, modKLTSyntaxHighlighter& highlighter,
-                                     std::function<frmMDIKLTEditor&()> mainWindow)
-    : store_(store), queue_(queue), highlighter_(highlighter), mainWindow_(std::move(mainWindow)) {}
+                                     std::function<frmMDIKLTEditor&()> mainWindow,
+                                     std::function<void()> passBegins)
+    : store_(store),
+      queue_(queue),
+      highlighter_(highlighter),
+      mainWindow_(std::move(mainWindow)),
+      passBegins_(std::move(passBegins)) {}
 
 bool DocumentColouring::showsProgress(const frmKLTEditor& document) const {
     if (readSetting(store_, settings::kShowKLTCheckerWindow) != 1) return false;
@@ -29,6 +34,7 @@ bool DocumentColouring::showsProgress(const frmKLTEditor& document) const {
 
 void DocumentColouring::ColourDocument(frmKLTEditor& document) {
     WindowPass::requireRoomFor(*document.RichTextBox1);
+    passBegins_();
     std::unique_ptr<frmKLTChecker> progress;
     // Below a dialog that is up it would not answer.
     QWidget* const dialog = QApplication::activeModalWidget();
