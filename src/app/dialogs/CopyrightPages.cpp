@@ -12,8 +12,6 @@
 namespace klt {
 namespace {
 
-constexpr int kFieldWidth = 120;
-
 /// One line of a notice as a row. `spoken` is what a screen reader calls its fields: the words in front.
 QLayout* makeRow(const NoticeLine& line, const QString& tab, QString& spoken) {
     auto* row = new QHBoxLayout;
@@ -26,7 +24,6 @@ QLayout* makeRow(const NoticeLine& line, const QString& tab, QString& spoken) {
         auto* field = new QLineEdit;
         field->setObjectName(toQString(part.field));
         field->setAccessibleName(tab + ": " + spoken);
-        field->setMinimumWidth(kFieldWidth);
         row->addWidget(field, 1);
         hasField = true;
     }
@@ -43,12 +40,10 @@ QWidget* makePage(const Notice& notice) {
     return page;
 }
 
-void keepEqual(QLineEdit& first, QLineEdit& second) {
-    for (const auto& [from, to] : {std::pair(&first, &second), std::pair(&second, &first)}) {
-        QObject::connect(from, &QLineEdit::textChanged, to, [to](const QString& text) {
-            if (to->text() != text) to->setText(text);
-        });
-    }
+void copyChanges(const QLineEdit& from, QLineEdit& to) {
+    QObject::connect(&from, &QLineEdit::textChanged, &to, [&to](const QString& text) {
+        if (to.text() != text) to.setText(text);
+    });
 }
 
 }  // namespace
@@ -59,9 +54,12 @@ QTabWidget* makeCopyrightPages() {
     // All of them are to be seen.
     tabs->setUsesScrollButtons(false);
     for (const Notice& notice : kNotices) tabs->addTab(makePage(notice), literally(notice.tab));
-    for (const auto& [first, second] : kPairedFields)
-        keepEqual(*tabs->findChild<QLineEdit*>(toQString(first)),
-                  *tabs->findChild<QLineEdit*>(toQString(second)));
+    for (const FieldPair& pair : kPairedFields) {
+        auto& first = *tabs->findChild<QLineEdit*>(toQString(pair.first));
+        auto& second = *tabs->findChild<QLineEdit*>(toQString(pair.second));
+        copyChanges(first, second);
+        copyChanges(second, first);
+    }
     return tabs;
 }
 
