@@ -1,5 +1,6 @@
 #include "ui/Combo.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QStyledItemDelegate>
@@ -58,6 +59,13 @@ void Combo::takeText() {
     disconnect(&edit, &QLineEdit::returnPressed, this, nullptr);
     connect(&edit, &QLineEdit::textEdited, this, [this] { isEdit_ = true; });
     connect(&edit, &QLineEdit::textChanged, this, &Combo::changed);
+}
+
+void Combo::keyPressEvent(QKeyEvent* event) {
+    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    // The base class would look for an item that begins with it.
+    if (isTab) return event->ignore();
+    QComboBox::keyPressEvent(event);
 }
 
 void Combo::wheelEvent(QWheelEvent* event) {

@@ -19,6 +19,7 @@ public:
     explicit Combo(TypedText typed, QWidget* parent = nullptr);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:

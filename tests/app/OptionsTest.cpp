@@ -304,7 +304,8 @@ TEST_F(OptionsTest, AnotherTabStoresTheFirstTwo) {
         control<QTabWidget>("vbTabControl1").setCurrentIndex(0);
         EXPECT_EQ(setting("Options", "TVM Version"), "(none)") << "nothing was changed";
         enter("Text2", "7");
-        QTest::keyClick(&field("Text2"), Qt::Key_Tab, kCtrl);
+        choose(1);
+        QTest::keyClick(&control("Combo1"), Qt::Key_Tab, kCtrl);
         EXPECT_EQ(tab(), 1);
         EXPECT_FALSE(mayApply());
         EXPECT_EQ(setting("Options", "Maximum Nested @Functions"), "7");
