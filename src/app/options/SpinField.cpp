@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "platform/ProgramNames.h"
+#include "ui/FieldPopup.h"
 #include "ui/MessageBox.h"
 #include "ui/Named.h"
 
@@ -62,6 +63,7 @@ int numberOf(const QString& text) {
 
 NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
     constexpr char kWidest[] = "000000";
+    addFieldPopup(*this);
     setValidator(new Digits(this));
     setFixedWidth(fontMetrics().horizontalAdvance(kWidest) + 2 * fontMetrics().averageCharWidth());
     connect(this, &QLineEdit::inputRejected, this, [] { QApplication::beep(); });
