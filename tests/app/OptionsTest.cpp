@@ -261,6 +261,8 @@ TEST_F(OptionsTest, ResetAllReopensTheDialogWhateverTheAnswer) {
         set("Options", "AutoComplete", "False");
         set("Options", "ShowStatusBar", "False");
         window().statusBar()->hide();
+        const auto data = std::filesystem::path(file("data/b.klt", "")).parent_path().string();
+        window().fileDialog().InitDir(data);
         seedAuthorProfilesOnce(store);
         writeAuthorProfile(store, 0, {.name = "Somebody", .addresses = {}});
         in([&] {
@@ -287,6 +289,11 @@ TEST_F(OptionsTest, ResetAllReopensTheDialogWhateverTheAnswer) {
         });
         EXPECT_EQ(setting("Options", "AutoComplete"), resets ? "(none)" : "False");
         EXPECT_EQ(window().statusBar()->isVisible(), resets);
+        answerNext<QFileDialog>([&](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.directory().path().toStdString() == data, !resets);
+            dialog.reject();
+        });
+        run("F2");
         EXPECT_EQ(recentFile(1).empty(), resets);
         EXPECT_EQ(action("RecentMenu1") == nullptr, resets);
         EXPECT_EQ(readAuthorProfile(store, 0).name == "Somebody", !resets) << "seeded by the load";

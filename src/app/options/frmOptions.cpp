@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/DataFilesFolder.h"
 #include "app/options/AuthorsPage.h"
 #include "app/options/FormatPage.h"
 #include "app/options/GeneralPage.h"
@@ -41,7 +42,6 @@ frmOptions::frmOptions(OptionsServices services, QWidget* owner)
     seedAuthorProfilesOnce(services_.store);
     auto* all = new QVBoxLayout(this);
     auto* area = new FittingArea;
-    area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(vbTabControl1);
     all->addWidget(area, 1);
     general_ = &addPage<GeneralPage>("General");
@@ -127,6 +127,7 @@ void frmOptions::resetAll() {
     if (answer == QMessageBox::Yes && storedOrTold(*this, resetAllSettings(services_.store))) {
         services_.recentFilesChanged();
         services_.showStatusBar(readSetting(services_.store, settings::kShowStatusBar));
+        services_.setInitialFolder(dataFilesFolder(services_.store));
     }
     if (self) MessageBox(this, kReopening, MessageIcon::None, kTitle);
     if (self) done(kReopen);
