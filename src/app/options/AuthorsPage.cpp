@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <limits>
 
 #include "app/dialogs/Addresses.h"
@@ -53,7 +54,6 @@ AuthorsPage::AuthorsPage(const OptionsServices& services, QWidget* parent)
 
 void AuthorsPage::buildGrid() {
     constexpr int kCharactersShown = 84;
-    constexpr int kWidestColumn = 32;
     constexpr int kRowsShown = 10;
     auto& grid = *vbAuthorList_;
     const QFontMetrics metrics = grid.fontMetrics();
@@ -61,7 +61,6 @@ void AuthorsPage::buildGrid() {
     grid.setColumnCount(static_cast<int>(kFirstAddressColumn + kAddressKeys.size()));
     grid.setHorizontalHeaderLabels({"Name", "E-Mail #1", "E-Mail #2", "E-Mail #3"});
     grid.horizontalHeader()->setHighlightSections(false);
-    grid.horizontalHeader()->setMaximumSectionSize(kWidestColumn * metrics.averageCharWidth());
     grid.horizontalHeader()->setStretchLastSection(true);
     grid.verticalHeader()->hide();
     grid.verticalHeader()->setDefaultSectionSize(metrics.height() * 3 / 2);
@@ -106,9 +105,18 @@ void AuthorsPage::wire() {
 void AuthorsPage::fill(const AuthorList& list) {
     vbAuthorList_->setRowCount(0);
     for (const auto& profile : list.profiles) addRow(profile);
-    vbAuthorList_->resizeColumnsToContents();
+    fitColumns();
     if (list.last >= 0) mark(list.last);
     loaded_ = list.profiles;
+}
+
+/// As wide as what stands in them, but no long text pushes the others out of view.
+void AuthorsPage::fitColumns() {
+    constexpr int kCharactersShown = 28;
+    const int most = kCharactersShown * vbAuthorList_->fontMetrics().averageCharWidth();
+    vbAuthorList_->resizeColumnsToContents();
+    for (int column = 0; column < vbAuthorList_->columnCount(); ++column)
+        vbAuthorList_->setColumnWidth(column, std::min(vbAuthorList_->columnWidth(column), most));
 }
 
 void AuthorsPage::addRow(const AuthorProfile& profile) {

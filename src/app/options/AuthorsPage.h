@@ -28,6 +28,7 @@ private:
     QLayout* buildButtons();
     void wire();
     void fill(const AuthorList& list);
+    void fitColumns();
     void addRow(const AuthorProfile& profile);
     AuthorList shownList() const;
     /// The row that is selected; -1 for none.
