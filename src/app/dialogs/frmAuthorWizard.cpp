@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/dialogs/Addresses.h"
 #include "app/dialogs/CopyrightPages.h"
 #include "app/dialogs/FileNameEdit.h"
 #include "forms/FittingArea.h"
@@ -22,6 +23,7 @@
 #include "platform/ProgramNames.h"
 #include "settings/Catalogue.h"
 #include "text/Ascii.h"
+#include "ui/FieldPopup.h"
 #include "ui/FormPlace.h"
 #include "ui/MessageBox.h"
 #include "ui/Named.h"
@@ -168,6 +170,9 @@ void frmAuthorWizard::buildLayout() {
     for (int column = 0; column < 2; ++column) frames->setColumnStretch(column, 1);
     frames->setRowStretch(3, 1);
     alignLabels(*content);
+    for (auto* field : content->findChildren<QLineEdit*>())
+        if (field->parent() != AuthorName_)
+            addFieldPopup(*field, std::ranges::find(Email_, field) == Email_.end() ? MailTo() : mailTo);
     auto* area = new FittingArea;
     area->setWidget(content);
 
