@@ -33,6 +33,7 @@ constexpr std::string_view kReopening =
 frmOptions::frmOptions(OptionsServices services, QWidget* owner)
     : QDialog(owner),
       services_(std::move(services)),
+      area_(new FittingArea),
       vbTabControl1(named<QTabWidget>("vbTabControl1")),
       Apply(named<QPushButton>("Apply", "&Apply")),
       Cancelbttn(named<QPushButton>("Cancelbttn", "&Cancel")),
@@ -41,9 +42,8 @@ frmOptions::frmOptions(OptionsServices services, QWidget* owner)
     setWindowTitle("Preferences");
     seedAuthorProfilesOnce(services_.store);
     auto* all = new QVBoxLayout(this);
-    auto* area = new FittingArea;
-    area->setWidget(vbTabControl1);
-    all->addWidget(area, 1);
+    area_->setWidget(vbTabControl1);
+    all->addWidget(area_, 1);
     general_ = &addPage<GeneralPage>("General");
     auto& paths = addPage<PathsPage>("Program Paths");
     addPage<AuthorsPage>("Edit Author Profiles");
@@ -84,6 +84,7 @@ void frmOptions::showTab(OptionsTab tab) {
 
 void frmOptions::focusVersion() {
     general_->focusVersion();
+    area_->ensureWidgetVisible(focusWidget());
 }
 
 void frmOptions::takeEnter(bool own) {

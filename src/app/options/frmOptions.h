@@ -10,6 +10,7 @@ class QTabWidget;
 
 namespace klt {
 
+class FittingArea;
 class GeneralPage;
 class OptionsPage;
 
@@ -27,7 +28,8 @@ public:
     explicit frmOptions(OptionsServices services, QWidget* owner = nullptr);
 
     void showTab(OptionsTab tab);
-    /// Gives the focus to the list of the host's versions.
+    /// Gives the focus to the list of the host's versions, and shows it where the screen is too small for
+    /// all.
     void focusVersion();
 
     void done(int result) override;
@@ -47,6 +49,7 @@ private:
     bool saveFirstTabs();
 
     const OptionsServices services_;
+    FittingArea* area_;
     QTabWidget* vbTabControl1;
     QPushButton *Apply, *Cancelbttn, *Done;
     std::vector<OptionsPage*> pages_;
