@@ -31,6 +31,7 @@ Entries readEntries(const std::string& folder) {
         }
     }
     if (error) entries.told.error = error.message();
+    entries.told.isNoFolder = error == std::errc::not_a_directory;
     return entries;
 }
 

@@ -18,6 +18,8 @@ struct FolderEntries {
     /// Nothing more will be found.
     bool isWhole = false;
     Failure error;
+    /// The path leads to a file.
+    bool isNoFolder = false;
 };
 
 /// The order in which a person looks for names: hidden ones last, without regard to case.

@@ -10,16 +10,49 @@ namespace klt {
 
 namespace {
 
+/// What the kernel puts behind a mount point that was removed.
+constexpr std::string_view kDeleted = "//deleted";
 constexpr char kTable[] = "/proc/self/mountinfo";
 
 /// What the kernel and its servants make up, what lives in memory alone, and layers of other mounts. Sorted.
-constexpr std::array<std::string_view, 36> kWithoutFiles = {
-    "autofs",          "binder",     "binfmt_misc", "bpf",           "cgroup",     "cgroup2",
-    "configfs",        "debugfs",    "devfs",       "devpts",        "devtmpfs",   "efivarfs",
-    "fuse.gvfsd-fuse", "fuse.lxcfs", "fuse.portal", "fuse.snapfuse", "fusectl",    "hugetlbfs",
-    "mqueue",          "nfsd",       "none",        "nsfs",          "overlay",    "proc",
-    "pstore",          "ramfs",      "resctrl",     "rootfs",        "rpc_pipefs", "securityfs",
-    "selinuxfs",       "smackfs",    "squashfs",    "sysfs",         "tmpfs",      "tracefs"};
+constexpr std::array<std::string_view, 38> kWithoutFiles = {"autofs",
+                                                            "binder",
+                                                            "binfmt_misc",
+                                                            "bpf",
+                                                            "cgroup",
+                                                            "cgroup2",
+                                                            "configfs",
+                                                            "debugfs",
+                                                            "devfs",
+                                                            "devpts",
+                                                            "devtmpfs",
+                                                            "efivarfs",
+                                                            "fuse.gvfsd-fuse",
+                                                            "fuse.lxcfs",
+                                                            "fuse.portal",
+                                                            "fuse.snapfuse",
+                                                            "fuse.vmware-vmblock",
+                                                            "fusectl",
+                                                            "hugetlbfs",
+                                                            "mqueue",
+                                                            "nfsd",
+                                                            "none",
+                                                            "nsfs",
+                                                            "overlay",
+                                                            "proc",
+                                                            "pstore",
+                                                            "ramfs",
+                                                            "resctrl",
+                                                            "rootfs",
+                                                            "rpc_pipefs",
+                                                            "securityfs",
+                                                            "selinuxfs",
+                                                            "smackfs",
+                                                            "squashfs",
+                                                            "sysfs",
+                                                            "tmpfs",
+                                                            "tracefs",
+                                                            "xenfs"};
 static_assert(std::ranges::is_sorted(kWithoutFiles));
 
 std::string_view takeField(std::string_view& line, char end = ' ') {
@@ -73,6 +106,7 @@ std::vector<std::string> mountPoints(std::string_view table) {
     while (!table.empty()) {
         auto mount = mountOf(takeField(table, '\n'));
         if (!mount.point.starts_with('/') || mount.point == "/" || mount.type.empty()) continue;
+        if (mount.point.ends_with(kDeleted)) continue;
         if (std::ranges::binary_search(kWithoutFiles, mount.type)) {
             found.erase(mount.point);
         } else {

@@ -49,7 +49,7 @@ std::vector<std::string> programFolders(const std::string& drive) {
 }  // namespace
 
 std::string hostFileIn(std::string_view folder) {
-    const auto full = FullFileName(folder);
+    const auto full = FullFileName(fromDrivePath(folder, winePrefix()));
     return existingFile(full).value_or(pathIn(full, kHostFile));
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "settings/Catalogue.h"
 #include "text/Unicode.h"
@@ -18,7 +19,8 @@ AuthorEntry::AuthorEntry(std::vector<AuthorProfile> profiles, int chosen)
 void AuthorEntry::choose(int item) {
     name.state = item;
     name.text = item < 0 ? std::string() : name.list[static_cast<size_t>(item)];
-    shown_ = kNoProfile;
+    shown_ = last_ = kNoProfile;
+    typedOver_ = {};
     follow();
 }
 
@@ -29,16 +31,22 @@ void AuthorEntry::follow() {
 }
 
 void AuthorEntry::fill(int profile) {
-    if (profile == kNoProfile) {
-        addresses_ = typed_;
-    } else if (profile != shown_) {
-        addresses_ = profiles_[static_cast<size_t>(profile)].addresses;
-    }
+    if (profile == shown_ && profile != kNoProfile) return;
     shown_ = profile;
+    addresses_ = profile == kNoProfile ? typed_ : profiles_[static_cast<size_t>(profile)].addresses;
+    if (profile != kNoProfile && std::exchange(last_, profile) != profile) typedOver_ = {};
+    layTyped();
+}
+
+void AuthorEntry::layTyped() {
+    for (size_t i = 0; i < addresses_.size(); ++i)
+        if (typedOver_[i]) addresses_[i] = *typedOver_[i];
 }
 
 void AuthorEntry::typeAddress(size_t index, std::string_view text) {
-    addresses_[index] = typed_[index] = text;
+    addresses_[index] = text;
+    if (shown_ == kNoProfile) typed_[index] = text;
+    if (shown_ != kNoProfile || typedOver_[index]) typedOver_[index] = text;
 }
 
 bool AuthorEntry::store(Store& store) const {
@@ -49,7 +57,8 @@ bool AuthorEntry::store(Store& store) const {
             return equalIgnoringCase(profile.name, name.text);
         });
         const auto count = static_cast<std::int32_t>(stored.size());
-        return isKnown || (writeAuthorProfile(store, count, {name.text, addresses_}) &&
+        const bool isRoom = count < settings::kAuthorCount.bounds.most;
+        return isKnown || (isRoom && writeAuthorProfile(store, count, {name.text, addresses_}) &&
                            writeSetting(store, settings::kAuthorCount, count + 1));
     });
 }

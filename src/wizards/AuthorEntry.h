@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +12,8 @@
 namespace klt {
 
 /// An author as it is entered: a name, chosen or typed, and the addresses. Those of a profile come and go
-/// with its name; typed ones stay, and come back where a profile has covered them.
+/// with its name; typed ones stay, over those of a profile too until another one is chosen, and come back
+/// where a profile has covered them.
 class AuthorEntry {
 public:
     using Addresses = std::array<std::string, 3>;
@@ -36,12 +38,16 @@ public:
 private:
     static constexpr int kNoProfile = -1;
     void fill(int profile);
+    void layTyped();
 
     std::vector<AuthorProfile> profiles_;
     /// Of each item of the list the index of its profile.
     std::vector<int> profileOf_;
-    int shown_ = kNoProfile;
+    /// The one that has the name, and the last that had it.
+    int shown_ = kNoProfile, last_ = kNoProfile;
+    /// What was typed while no profile had the name, and over the addresses of the last one.
     Addresses addresses_, typed_;
+    std::array<std::optional<std::string>, 3> typedOver_;
 };
 
 }  // namespace klt

@@ -215,6 +215,16 @@ TEST_F(AuthorWizardTest, TakesPlainTexts) {
     });
 }
 
+TEST_F(AuthorWizardTest, CancelByItsAccessKeyKeepsANewNameToo) {
+    openNew();
+    inWizard([&] {
+        keys("Zed");
+        QTest::keyClick(form_, Qt::Key_C, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !form_ || !form_->isVisible(); }));
+    });
+    EXPECT_EQ(profile("8"), "Zed");
+}
+
 TEST_F(AuthorWizardTest, NamesTheFileOfTheNextSave) {
     const std::tuple<const char*, const char*, const char*> rows[] = {
         {"harbor.klt", "bay", "bay.klt"},
@@ -227,6 +237,7 @@ TEST_F(AuthorWizardTest, NamesTheFileOfTheNextSave) {
         {"a.KLT", "a.klt", "a.KLT"},
         {"a.txt", "a.txt", "a.txt"},
         {"a.txt", "a", "a.klt"},
+        {"a.txt", "a.txt.klt", "a.txt.klt"},
     };
     int folder = 0;
     for (const auto& [old, typed, name] : rows) {

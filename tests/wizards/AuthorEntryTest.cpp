@@ -52,6 +52,8 @@ TEST_F(AuthorEntryTest, AddressesGoWithTheProfileAndTypedOnesStay) {
         {0, {"1mine", "=Bob", "!"}, "Bob 1  mine "},
         {0, {"1mine", "#0"}, "Amber Quill 0 a1 a2 "},
         {0, {"1mine", "!"}, "Amber Quill 0 a1 mine "},
+        {0, {"0mine", "=Amb", "!"}, "Amber Quill 0 mine a2 "},
+        {0, {"0mine", "#1", "=Dora", "!"}, "Dora 2   "},
         {-1, {"0mine", "=Co", "!", "=Cold", "!"}, "Cold 1 mine  "},
         {-1, {"=Bob", "!", "0b", "#0", "#1"}, "Bob 1 b  "},
         {-1, {"=Bob", "!", "=Al", "!", "#3"}, "Copper 3  c2 c3"},

@@ -25,6 +25,11 @@ OptionsServices servicesOf(Editor& editor) {
                 window.updateMenus();
             },
         .showStatusBar = [&window](bool isShown) { window.statusBar()->setVisible(isShown); },
+        .showToolbars =
+            [&window] {
+                for (const char* band : {kDefaultBand, kWizardsBand}) window.toolbars().showBand(band, true);
+                window.updateMenus();
+            },
         .setInitialFolder = [&window](const std::string& folder) { window.fileDialog().InitDir(folder); }};
 }
 

@@ -181,7 +181,11 @@ void frmAuthorWizard::buildLayout() {
     auto* help = named<QPushButton>("HelpMe", "&Help");
     help->setEnabled(static_cast<bool>(services_.showHelp));
     connect(done, &QPushButton::clicked, this, &frmAuthorWizard::finish);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cancel, &QPushButton::clicked, this, [this] {
+        // Pressed by its access key it leaves the focus where it is.
+        AuthorName_->commit();
+        reject();
+    });
     connect(help, &QPushButton::clicked, this, [this] { services_.showHelp(kName); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -199,6 +203,7 @@ void frmAuthorWizard::fill() {
         findChild<QLineEdit*>(field)->setText(text);
     };
     set("FileName", document_.fileName);
+    filledFileName_ = findChild<QLineEdit*>("FileName")->text();
     if (readSetting(services_.store, settings::kTvmVersion) == 1) set("TVMVersion", "2.2ß");
     for (const char* field : {"Created", "Modified"}) set(field, toQString(longDate(today())));
     AuthorName_->showState();
@@ -230,6 +235,7 @@ void frmAuthorWizard::setVisible(bool visible) {
 
 void frmAuthorWizard::done(int result) {
     keepAuthor();
+    if (TextArea* const text = document_.text(); text != nullptr && result == Rejected) text->ScrollCaret();
     storePosition(*this, services_.store, *settings::windowPosition(kName));
     QDialog::done(result);
 }
@@ -255,8 +261,8 @@ bool frmAuthorWizard::write() {
     const WaitCursor wait;
     const QScopedValueRollback suppress(services_.SuppressCaretUpdate, true);
     const QString fileName = findChild<QLineEdit*>("FileName")->text();
-    // A name with bytes that are no letters is not shown as it is.
-    if (fileName != document_.fileName) document_.nameFile(fileName);
+    // It may not show the document's own name as it is.
+    if (fileName != filledFileName_) document_.nameFile(fileName);
     const std::string text = authorBlockText(block());
     const bool isWritten = FieldEnd(document_.text, {}).write({text, authorBlockStyles(text)});
     document_.text()->ScrollCaret();

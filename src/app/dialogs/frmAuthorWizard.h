@@ -63,6 +63,7 @@ private:
     WizardCombo* AuthorName_;
     std::array<QLineEdit*, 3> Email_{};
     QTabWidget* vbTabControl1_;
+    QString filledFileName_;
     bool isPlaced_ = false;
     bool isAuthorKept_ = false;
 };

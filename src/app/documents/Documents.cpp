@@ -220,7 +220,9 @@ void Documents::saved(frmKLTEditor& document) {
 
 void Documents::NameFile(frmKLTEditor& document, const std::string& name) {
     const std::string stem(withoutFileEnding(name));
-    if (isBlank(stem) || stem == document.fileStem()) return;
+    if (isBlank(stem) || name == document.fileStem()) return;
+    const bool hasEnding = withoutFileEnding(document.Caption()) != document.Caption();
+    if (hasEnding && stem == document.fileStem()) return;
     std::string path = stem;
     path += kFileEnding;
     if (document.Exists()) {
@@ -241,7 +243,8 @@ bool Documents::asksForFile(const frmKLTEditor& document) {
     if (!document.Exists()) return true;
     if (document.oldFile.empty()) return false;
     const std::string& path = document.Caption();
-    return PathExists(path) || std::ranges::any_of(mainWindow_().forms().documents(), [&](const auto* other) {
+    return PathExists(path) || linkTarget(path) != path ||
+           std::ranges::any_of(mainWindow_().forms().documents(), [&](const auto* other) {
                return other != &document && linkTarget(other->Caption()) == linkTarget(path);
            });
 }

@@ -37,7 +37,7 @@ void frmKLTEditor::setCaption(std::string caption) {
 }
 
 std::string frmKLTEditor::fileStem() const {
-    const std::string name = FileName(caption_);
+    const std::string name = caption_.substr(caption_.rfind('/') + 1);
     return Exists() || !FileExtension(name).empty() ? std::string(withoutFileEnding(name)) : std::string();
 }
 

@@ -49,7 +49,7 @@ FolderReader::~FolderReader() {
 void FolderReader::read(const std::string& folder) {
     if (const auto known = reading_.find(folder); known != reading_.end()) {
         const auto entries = known->second;
-        emit found(folder, entries);
+        if (!entries.folders.empty() || !entries.files.empty()) emit found(folder, entries);
         return;
     }
     reading_[folder];
@@ -72,10 +72,14 @@ void FolderReader::take(const std::string& folder, const FolderEntries& entries)
     emit found(folder, entries);
 }
 
-std::optional<bool> isFolderWithin(const std::string& path, std::chrono::milliseconds time) {
-    const auto answer = std::make_shared<std::promise<bool>>();
+std::optional<std::string> folderWithin(std::function<std::string()> find, std::chrono::milliseconds time) {
+    const auto answer = std::make_shared<std::promise<std::string>>();
     auto known = answer->get_future();
-    if (startDetached([answer, path] { answer->set_value(isFolder(path)); })) return isFolder(path);
+    const auto work = [find = std::move(find)] {
+        auto path = find();
+        return isFolder(path) ? path : std::string();
+    };
+    if (startDetached([answer, work] { answer->set_value(work()); })) return work();
     if (known.wait_for(time) != std::future_status::ready) return std::nullopt;
     return known.get();
 }

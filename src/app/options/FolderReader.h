@@ -42,7 +42,8 @@ private:
     std::map<std::string, FolderEntries> reading_;
 };
 
-/// Whether a path leads to a folder; nothing where that can't be found out within the time.
-std::optional<bool> isFolderWithin(const std::string& path, std::chrono::milliseconds time);
+/// The path that `find` gives on another thread, empty where it leads to no folder; nothing where that can't
+/// be found out within the time.
+std::optional<std::string> folderWithin(std::function<std::string()> find, std::chrono::milliseconds time);
 
 }  // namespace klt

@@ -135,8 +135,12 @@ void FormatPage::wire() {
     connect(excmbColor_, &Combo::activated, this,
             [this](int index) { write("Color", std::to_string(index)); });
     connect(Command9_, &QPushButton::clicked, this, [this] {
-        resetEditorFormat(services_.store);
+        const bool isStored = services_.store.together([this] {
+            resetEditorFormat(services_.store);
+            return true;
+        });
         showRow();
+        storedOrTold(*this, isStored);
     });
 }
 

@@ -181,6 +181,7 @@ void GeneralPage::coupleLineBreaker() {
 
 void GeneralPage::breakLines(bool on) {
     const QScopedValueRollback apart(isCoupled_, false);
+    if (!on && (Text4->isAncestorOf(focusWidget()) || Text5->isAncestorOf(focusWidget()))) Check4->setFocus();
     for (QWidget* widget : lineBreaker_) widget->setEnabled(on);
     Text4->setValue(on ? settings::kLineBreakerMaximum.fallback : 0);
     Text5->setValue(on ? settings::kLineBreakerTolerance.fallback : 0);
@@ -206,7 +207,7 @@ bool GeneralPage::save() {
         services_.recentFiles = before;
         return storedOrTold(*this, false);
     }
-    if (Text1->value() < before.MaxFileCount()) services_.recentFilesChanged();
+    services_.recentFilesChanged();
     services_.showStatusBar(Check3->isChecked());
     return true;
 }

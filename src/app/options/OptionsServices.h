@@ -18,6 +18,8 @@ struct OptionsServices {
     /// Loads the list of recent files anew and shows it in the menu.
     std::function<void()> recentFilesChanged = {};
     std::function<void(bool isShown)> showStatusBar = {};
+    /// Shows all toolbars.
+    std::function<void()> showToolbars = {};
     /// Where the file dialogs start.
     std::function<void(const std::string& folder)> setInitialFolder = {};
 };

@@ -42,8 +42,7 @@ std::string withoutEnd(std::string path) {
 
 /// The path that a person means: one of Windows programs, one that begins at home, or one that goes on from
 /// `here`.
-std::string pathMeant(const QString& typed, const std::string& here) {
-    auto path = toPath(typed.trimmed());
+std::string pathMeant(std::string path, const std::string& here) {
     if (path.empty()) return path;
     path = fromDrivePath(path, winePrefix());
     if (path == "~" || path.starts_with("~/")) path.replace(0, 1, homeFolder());
@@ -88,6 +87,8 @@ void PathsPage::fillLists() {
         auto* item = new QListWidgetItem(place.name, placeList_);
         item->setToolTip(fromPath(place.folder));
     }
+    // So that the first key goes to the first place.
+    static_cast<QAbstractItemView&>(*placeList_).setCurrentIndex({});
 }
 
 void PathsPage::buildLayout() {
@@ -138,11 +139,13 @@ void PathsPage::buildLayout() {
 }
 
 void PathsPage::wire() {
-    const auto goToPlace = [this](const QListWidgetItem* item) {
-        if (item) goTo(places_.at(static_cast<size_t>(placeList_->row(item))).folder);
+    const auto goToPlace = [this] {
+        const auto chosen = placeList_->selectedItems();
+        if (!chosen.isEmpty()) goTo(places_.at(static_cast<size_t>(placeList_->row(chosen.front()))).folder);
     };
     connect(vbTabControl2_, &QTabBar::currentChanged, this, &PathsPage::innerTabChanged);
-    connect(placeList_, &QListWidget::currentItemChanged, this, goToPlace);
+    // The focus alone makes the first item the current one, which is nobody's choice.
+    connect(placeList_, &QListWidget::itemSelectionChanged, this, goToPlace);
     connect(placeList_, &QListWidget::itemClicked, this, goToPlace);
     connect(Drive1_, &Combo::activated, this, [this](int index) {
         const auto& drive = mountPoints_.at(static_cast<size_t>(index));
@@ -189,6 +192,10 @@ bool PathsPage::store(const std::string& path) {
 
 bool PathsPage::save() {
     if (FullPath_->isModified() && !takeTyped()) return false;
+    if (isNoFolder_) {
+        tell(kNoFolder);
+        return false;
+    }
     const auto path = toStore();
     return !path || store(*path);
 }
@@ -202,7 +209,10 @@ void PathsPage::showHost(bool is22) {
 }
 
 void PathsPage::innerTabChanged(int index) {
-    if (FullPath_->isModified()) takeTyped();
+    if (FullPath_->isModified() && !takeTyped()) {
+        const QSignalBlocker silent(vbTabControl2_);
+        return vbTabControl2_->setCurrentIndex(static_cast<int>(folder_));
+    }
     const QPointer<PathsPage> page(this);
     if (const auto path = toStore(); path && *path != stored()) {
         const auto left = vbTabControl2_->tabText(static_cast<int>(folder_)).toStdString();
@@ -230,13 +240,14 @@ void PathsPage::goTo(const std::string& path) {
 }
 
 bool PathsPage::takeTyped() {
-    const auto path = pathMeant(FullPath_->text(), view_);
-    const auto answer = path.empty() ? false : isFolderWithin(path, kAnswerTime);
-    if (answer == true) {
-        goTo(path);
+    const auto folder = folderWithin(
+        [typed = toPath(FullPath_->text().trimmed()), here = view_] { return pathMeant(typed, here); },
+        kAnswerTime);
+    if (folder && !folder->empty()) {
+        goTo(*folder);
         return true;
     }
-    tell(answer ? kNoFolder : kSilent);
+    tell(folder ? kNoFolder : kSilent);
     return false;
 }
 
@@ -249,6 +260,7 @@ void PathsPage::showPath() {
     const auto place = std::ranges::find(places_, view_, &Place::folder);
     placeList_->setCurrentRow(place == places_.end() ? -1 : static_cast<int>(place - places_.begin()));
     tell({});
+    isNoFolder_ = false;
     File1_->clear();
     patience_.start();
     reader_.read(view_);
@@ -257,6 +269,7 @@ void PathsPage::showPath() {
 void PathsPage::showFiles(const std::string& folder, const FolderEntries& entries) {
     if (folder != view_) return;
     patience_.stop();
+    isNoFolder_ = entries.isNoFolder;
     File1_->clear();
     for (const auto& name : entries.files)
         if (folder_ == Folder::Host ? equalIgnoringCase(name, kHostFile)

@@ -86,6 +86,8 @@ private:
     std::string path_;
     /// The same as the lists spell it.
     std::string view_;
+    /// It is a file, as what is mounted may be.
+    bool isNoFolder_ = false;
     /// The view merely begins there.
     bool isStart_ = false;
 };

@@ -128,6 +128,7 @@ void frmOptions::resetAll() {
     if (answer == QMessageBox::Yes && storedOrTold(*this, resetAllSettings(services_.store))) {
         services_.recentFilesChanged();
         services_.showStatusBar(readSetting(services_.store, settings::kShowStatusBar));
+        services_.showToolbars();
         services_.setInitialFolder(dataFilesFolder(services_.store));
     }
     if (self) MessageBox(this, kReopening, MessageIcon::None, kTitle);
