@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <random>
-#include <sstream>
 
 #include "support/MemoryTextArea.h"
-#include "text/TextOperations.h"
+#include "support/Scratch.h"
+#include "support/WizardSteps.h"
 #include "wizards/LineLoss.h"
 #include "wizards/Wizards.h"
 
@@ -15,43 +14,17 @@ using namespace klt;
 
 namespace {
 
-/// A wizard with its box. What is done to it stands in words, with "; " between: "name=text" types,
-/// "name#n" chooses an item, "name" alone presses a button or turns a mark on.
+/// A wizard with its box, and the document that it writes into.
 struct Form {
     explicit Form(std::unique_ptr<Wizard> made) : wizard(std::move(made)) { wizard->attach(box); }
-    Form(const WizardTable& table, MemoryTextArea& document)
-        : Form(makeWizard(table, {.target = [&document] { return &document; }})) {}
+    explicit Form(const WizardTable& table, const char* before = "")
+        : document(before), wizard(openWizard(table, document)) {
+        wizard->attach(box);
+    }
+    PressResult work(std::string_view steps) { return klt::work(*wizard, steps); }
+    const std::string& text(std::string_view control) const { return wizard->state.text(control); }
 
-    /// What the last press came to.
-    PressResult work(std::string_view steps) {
-        PressResult result;
-        for (const auto& step : SplitText(steps, "; ")) {
-            const auto equals = step.find('='), hash = step.find('#');
-            if (equals != step.npos) {
-                const auto name = step.substr(0, equals);
-                wizard->state.setText(name, step.substr(equals + 1));
-                wizard->changed(name);
-            } else if (hash != step.npos) {
-                wizard->click(step.substr(0, hash), std::stoi(step.substr(hash + 1)));
-            } else if (isButton(step)) {
-                result = wizard->press(step, {.maximum = 40, .tolerance = 5});
-            } else {
-                wizard->click(step, kOn);
-            }
-        }
-        return result;
-    }
-    /// Puts the caret into the first line that holds the text, and takes that back.
-    bool takeBack(std::string_view text) {
-        box.SetSelStart(static_cast<Position>(box.Text().find(text)));
-        return wizard->takeBack() != nullptr;
-    }
-    bool isButton(std::string_view name) const {
-        const auto controls = wizard->table().controls;
-        return std::ranges::find(controls, name, &ControlRow::name)->kind == ControlKind::Button;
-    }
-
-    MemoryTextArea box;
+    MemoryTextArea document, box;
     std::unique_ptr<Wizard> wizard;
 };
 
@@ -62,30 +35,27 @@ std::string told(const PressResult& result) {
     return all;
 }
 
-struct Adding {
-    const char *steps, *outcome;
-};
+using Rows = std::initializer_list<std::pair<const char*, const char*>>;
 
-/// An outcome is what is told, what stands in the box, and, behind ">", what has the focus then.
-void expectEach(const WizardTable& table, const std::vector<Adding>& rows) {
+/// Of what is done and its outcome: what is told, what stands in the box, what is previewed behind "?", and
+/// what has the focus then behind ">".
+void expectEach(const WizardTable& table, Rows rows) {
     for (const auto& [steps, outcome] : rows) {
-        MemoryTextArea document;
-        Form form(table, document);
+        Form form(table);
         const auto result = form.work(steps);
         std::string seen = told(result).append(form.box.Text());
+        if (const auto& preview = result.preview) seen += "?" + preview->text + '|' + preview->title;
         if (!result.focus.empty()) seen.append(">").append(result.focus);
         EXPECT_EQ(seen, outcome) << steps;
     }
 }
 
 TEST(GroupWizard, AddsMembers) {
-    const std::vector<Adding> rows = {
-        {"ItemName=a; Command2", "Invalid Entry!@ItemType|"},
-        {"ItemType#4; Command2", "MUST type a name!@ItemName|"},
-        {"ItemType#4; ItemName=a; Command2; ItemName=b; Command2", "SK:a\r\nSK:b>ItemName"}};
-    expectEach(kGroupWizard, rows);
-    MemoryTextArea document;
-    Form form(kGroupWizard, document);
+    expectEach(kGroupWizard,
+               {{"ItemName=a; Command2", "Invalid Entry!@ItemType|"},
+                {"ItemType#4; Command2", "MUST type a name!@ItemName|"},
+                {"ItemType#4; ItemName=a; Command2; ItemName=b; Command2", "SK:a\r\nSK:b>ItemName"}});
+    Form form(kGroupWizard);
     form.box.SetText("by hand\r\n");
     form.wizard->state.setText("FullGroup", form.box.Text());
     form.work("ItemType#0; ItemName=a; Command2");
@@ -95,98 +65,91 @@ TEST(GroupWizard, AddsMembers) {
 }
 
 TEST(BonusWizard, ComposesHeadingAndLines) {
-    const std::vector<Adding> rows = {
-        {"Command1", "MUST choose whether it is a bonus or a penalty!@Bonus|"},
-        {"Bonus; Command1", "MUST enter a value!@BonusAmount|"},
-        {"Bonus; BonusAmount=-; Command1", "Must be a number!@BonusAmount|"},
-        {"Bonus; BonusAmount=.5; Command1", "MUST select an Item Type!@ItemType|"},
-        {"Bonus; BonusAmount=1; ItemType#0; Command1", "MUST type a name!@ItemName|"},
-        {"Command2",
-         "MUST choose whether it is a bonus or a penalty!@Bonus|MUST create the item first!@FullItemLine|"},
-        {"Penalty; BonusAmount=2; ItemType#9; ItemName=Strength; Command2", "-2 Strength>ItemName"},
-        {"Bonus; BonusAmount=-3; ItemType#1; ItemName=x; Command2", "+-3 DI:x>ItemName"},
-        // An earlier preview passes.
-        {"Penalty; BonusAmount=2; ItemType#9; ItemName=Strength; Command1; ItemName=; Command2",
-         "MUST type a name!@ItemName|-2 Strength>ItemName"},
-        {"Command6", "MUST choose a type for the bonus!@BonusItemType|"},
-        {"BonusItemType#0; BonusItemName=x; Command6", "Invalid Entry!@Evaluation|"}};
-    expectEach(kBonusWizard, rows);
-    MemoryTextArea document;
-    Form form(kBonusWizard, document);
+    expectEach(
+        kBonusWizard,
+        {{"Command1", "MUST choose whether it is a bonus or a penalty!@Bonus|"},
+         {"Bonus; Command1", "MUST enter a value!@BonusAmount|"},
+         {"Bonus; BonusAmount=-; Command1", "Must be a number!@BonusAmount|"},
+         {"Bonus; BonusAmount=.5; Command1", "MUST select an Item Type!@ItemType|"},
+         {"Bonus; BonusAmount=1; ItemType#0; Command1", "MUST type a name!@ItemName|"},
+         {"Command2",
+          "MUST choose whether it is a bonus or a penalty!@Bonus|MUST create the item first!@FullItemLine|"},
+         {"Penalty; BonusAmount=2; ItemType#9; ItemName=Strength; Command2", "-2 Strength>ItemName"},
+         {"Bonus; BonusAmount=-3; ItemType#1; ItemName=x; Command2", "+-3 DI:x>ItemName"},
+         // An earlier preview passes.
+         {"Penalty; BonusAmount=2; ItemType#9; ItemName=Strength; Command1; ItemName=; Command2",
+          "MUST type a name!@ItemName|-2 Strength>ItemName"},
+         {"Command6", "MUST choose a type for the bonus!@BonusItemType|"},
+         {"BonusItemType#0; BonusItemName=x; Command6", "Invalid Entry!@Evaluation|"}});
+    Form form(kBonusWizard);
     form.wizard->fillCombos("[BONUS]\r\n<SK:A>=12>\r\n<ST>=120>\r\n");
     form.work("BonusItemType#5; BonusItemName=st; Evaluation#0; Score=12; Command6");
-    EXPECT_EQ(form.wizard->state.text("FullBonusLine"), "st>=12") << "the beginning of another is none";
+    EXPECT_EQ(form.text("FullBonusLine"), "st>=12") << "the beginning of another is none";
     EXPECT_EQ(form.wizard->state.control("FullBonusLine").state, 1);
     form.work("Score=120; Command6");
-    EXPECT_EQ(form.wizard->state.text("FullBonusLine"), "ST>=120") << "an equal one is it";
+    EXPECT_EQ(form.text("FullBonusLine"), "ST>=120") << "an equal one is it";
 }
 
 TEST(BonusWizard, TakesNumbersAsTheyAreTyped) {
-    MemoryTextArea document;
-    Form form(kBonusWizard, document);
-    for (const std::string text : {"", "+", "-1.", ".5", "x", "1-", "1.2.3"}) {
-        const bool passes = text.empty() || (text != "x" && text != "1-" && text != "1.2.3");
+    Form form(kBonusWizard);
+    for (const std::string_view text : {"", "+", "-1.", ".5", "x", "1-", "1.2.3"}) {
+        const bool passes = text != "x" && text != "1-" && text != "1.2.3";
         form.wizard->state.setText("BonusAmount", text);
-        const auto complaint = form.wizard->changed("BonusAmount").complaint;
-        EXPECT_EQ(complaint ? complaint->message : "", passes ? "" : "Must be a number!") << text;
-        EXPECT_EQ(form.wizard->state.text("BonusAmount"), passes ? text : "");
+        const auto complaint = form.wizard->changed("BonusAmount").complaint.value_or(Complaint());
+        EXPECT_EQ(complaint.message, passes ? "" : "Must be a number!") << text;
+        EXPECT_EQ(form.text("BonusAmount"), passes ? text : "");
     }
 }
 
 TEST(PackageWizard, ComposesAndAddsLines) {
-    const std::vector<Adding> rows = {
-        {"AddItemType#4; ItemName=Name; AddLevel=12; Check1; Command9", "ADD=SK:Name .AT. 12pts>Command9"},
-        {"AddItemType#0; ItemName=Name; AddLevel=2; AddMods(0)=mod; Command9",
-         "ADD=AD:Name .AT. 2 .WITH. mod>Command9"},
-        {"AddItemType#2; ItemName=Name; AddMods(0)=mod; Command9", "ADD=PO:Name .WITH. mod>Command9"},
-        // A package loses what it can't have.
-        {"AddItemType#0; AddLevel=2; Check1; AddMods(0)=m; AddItemType#6; ItemName=P; Command9",
-         "ADD=PA:P>Command9"},
-        {"AddItemType#7; AddLevel=1; AtrDX; Command9", "ADD=DXAdj .AT. 1>Command9"},
-        {"AddItemType#8; AddLevel=1; AtrHT; Command9", "ADD=HT .AT. 1>Command9"},
-        {"AddItemType#0; ItemName=A long name, and more of it, (a, b); AddMods(0)=mod, -10%; Command9",
-         "ADD=AD:A long name, and more of it,\r\n\t(a, b) .WITH. mod, -10%>Command9"},
-        {"CreateItemType#6; RichTextBox1=S, step(1); Command10", "CREATE=ST:S, step(1)>Command10"},
-        {"CreateItemType#4; CreateLevel=1; CreateItemType#3; RichTextBox1=Q, -1; Command10",
-         "CREATE=QU:Q, -1>Command10"},
-        {"Message=hi; Command13", "MESSAGE=hi>Command13"},
-        {"RaceName=Elf; Command11", "ADD=Race .AT. Elf>Command11"},
-        {"DialogCaption=Cap; EMessage=one\r\ntwo\r\nthree\r\n; Command14",
-         "EMESSAGE=Cap .WITH. one ~P two ~P three>Command14"},
-        {"Command9", "MUST select an Item Type!@AddItemType|"},
-        {"AddItemType#0; Command9", "MUST select an Item Name!@ItemName|"},
-        {"AddItemType#5; ItemName=x; Command9", "MUST select a level!@AddLevel|"},
-        // A caption counts only while its frame shows.
-        {"AddItemType#5; AddItemType#3; ItemName=x; Command9", "ADD=QU:x>Command9"},
-        {"AddItemType#7; AddLevel=1; Command9", "MUST select an Attribute!@AddItemType|"},
-        // What was composed earlier is not added.
-        {"AddItemType#3; ItemName=x; Command7; ItemName=; Command9", "MUST select an Item Name!@ItemName|"},
-        {"Command10", "MUST create item first!@Command6|"},
-        {"RichTextBox1=x; Command10", "MUST select an Item Type!@CreateItemType|"},
-        {"RichTextBox1=x; CreateItemType#4; Command10", "Invalid Entry!@CreateLevel|"},
-        {"Command6", "MUST select an Item Type!@CreateItemType|"},
-        {"Command13", "Invalid Message!@Message|"},
-        {"Command11", "Invalid Race!@RaceName|"},
-        {"Command14", "Invalid caption!@DialogCaption|"},
-        {"DialogCaption=x; Command15", "Invalid message!@EMessage|"},
-        {"Command12", "MUST enter a name for the package!@PackName|"},
-        {"PackName=x; Command12", "Invalid Message!@Message|"}};
-    expectEach(kPackWizard, rows);
+    expectEach(
+        kPackWizard,
+        {{"AddItemType#4; ItemName=Name; AddLevel=12; Check1; Command9", "ADD=SK:Name .AT. 12pts>Command9"},
+         {"AddItemType#0; ItemName=Name; AddLevel=2; AddMods(0)=mod; Command9",
+          "ADD=AD:Name .AT. 2 .WITH. mod>Command9"},
+         {"AddItemType#2; ItemName=Name; AddMods(0)=mod; Command9", "ADD=PO:Name .WITH. mod>Command9"},
+         // A package loses what it can't have.
+         {"AddItemType#0; AddLevel=2; Check1; AddMods(0)=m; AddItemType#6; ItemName=P; Command9",
+          "ADD=PA:P>Command9"},
+         {"AddItemType#7; AddLevel=1; AtrDX; Command9", "ADD=DXAdj .AT. 1>Command9"},
+         {"AddItemType#8; AddLevel=1; AtrHT; Command9", "ADD=HT .AT. 1>Command9"},
+         {"AddItemType#0; ItemName=A long name, and more of it, (a, b); AddMods(0)=mod, -10%; Command9",
+          "ADD=AD:A long name, and more of it,\r\n\t(a, b) .WITH. mod, -10%>Command9"},
+         {"CreateItemType#6; RichTextBox1=S, step(1); Command10", "CREATE=ST:S, step(1)>Command10"},
+         {"CreateItemType#4; CreateLevel=1; CreateItemType#3; RichTextBox1=Q, -1; Command10",
+          "CREATE=QU:Q, -1>Command10"},
+         {"Message=hi; Command13", "MESSAGE=hi>Command13"},
+         {"RaceName=Elf; Command11", "ADD=Race .AT. Elf>Command11"},
+         {"DialogCaption=Cap; EMessage=one\r\ntwo\r\nthree\r\n; Command14",
+          "EMESSAGE=Cap .WITH. one ~P two ~P three>Command14"},
+         {"Command9", "MUST select an Item Type!@AddItemType|"},
+         {"AddItemType#0; Command9", "MUST select an Item Name!@ItemName|"},
+         {"AddItemType#5; ItemName=x; Command9", "MUST select a level!@AddLevel|"},
+         // A caption counts only while its frame shows.
+         {"AddItemType#5; AddItemType#3; ItemName=x; Command9", "ADD=QU:x>Command9"},
+         {"AddItemType#7; AddLevel=1; Command9", "MUST select an Attribute!@AddItemType|"},
+         // What was composed earlier is not added.
+         {"AddItemType#3; ItemName=x; Command7; ItemName=; Command9", "MUST select an Item Name!@ItemName|"},
+         {"Command10", "MUST create item first!@Command6|"},
+         {"RichTextBox1=x; Command10", "MUST select an Item Type!@CreateItemType|"},
+         {"RichTextBox1=x; CreateItemType#4; Command10", "Invalid Entry!@CreateLevel|"},
+         {"Command6", "MUST select an Item Type!@CreateItemType|"},
+         {"Command13", "Invalid Message!@Message|"},
+         {"Command11", "Invalid Race!@RaceName|"},
+         {"Command14", "Invalid caption!@DialogCaption|"},
+         {"DialogCaption=x; Command15", "Invalid message!@EMessage|"},
+         {"Command12", "MUST enter a name for the package!@PackName|"},
+         {"PackName=P; Message=hi; Command12", "?hi|P"},
+         {"DialogCaption=Cap; EMessage=a\r\nb; Command15", "?a\r\nb|Cap>EMessage"},
+         {"PackName=x; Command12", "Invalid Message!@Message|"}});
 }
 
-TEST(PackageWizard, AsksForPreviewsAndItems) {
-    MemoryTextArea document;
-    Form form(kPackWizard, document);
-    auto preview = form.work("PackName=P; Message=hi; Command12").preview;
-    ASSERT_TRUE(preview.has_value());
-    EXPECT_EQ(preview->text + '|' + preview->title, "hi|P");
-    preview = form.work("DialogCaption=Cap; EMessage=a\r\nb; Command15").preview;
-    ASSERT_TRUE(preview.has_value());
-    EXPECT_EQ(preview->text + '|' + preview->title, "a\r\nb|Cap");
-    EXPECT_EQ(form.wizard->state.text("FullEMessage"), "EMESSAGE=Cap .WITH. a ~P b");
+TEST(PackageWizard, AsksForItems) {
+    Form form(kPackWizard);
+    form.work("DialogCaption=Cap; EMessage=a\r\nb; Command15");
+    EXPECT_EQ(form.text("FullEMessage"), "EMESSAGE=Cap .WITH. a ~P b");
     const auto call = form.work("CreateItemType#5; Command1").call;
-    ASSERT_TRUE(call.has_value());
-    EXPECT_TRUE(call->section == Section::Spells && call->field == "RichTextBox1" && call->isFilled);
+    EXPECT_TRUE(call && call->section == Section::Spells && call->field == "RichTextBox1" && call->isFilled);
     EXPECT_FALSE(form.work("Command6").call->isFilled);
 }
 
@@ -227,40 +190,32 @@ TEST(CollectingWizards, PutALineBackOnItsTab) {
         {kPackWizard, "* a comment", nullptr},
     };
     for (const auto& row : rows) {
-        MemoryTextArea document;
-        Form form(row.table, document);
+        Form form(row.table);
         const std::string before = "first\r\n" + std::string(row.line) + "\r\nlast";
         form.box.SetText(before);
         form.work("ItemName=old");
-        EXPECT_EQ(form.takeBack(row.line), row.fields != nullptr) << row.line;
+        form.box.SetSelStart(static_cast<Position>(form.box.Text().find(row.line)));
+        EXPECT_EQ(form.wizard->takeBack() != nullptr, row.fields != nullptr) << row.line;
         if (row.fields == nullptr) {
             EXPECT_EQ(form.box.Text(), before);
-            EXPECT_EQ(form.wizard->state.text("ItemName"), "old") << "nothing is changed";
+            EXPECT_EQ(form.text("ItemName"), "old") << "nothing is changed";
             continue;
         }
         EXPECT_EQ(form.box.Text(), "first\r\nlast");
         EXPECT_EQ(form.box.SelStart(), 7) << "at the start of what was taken";
         for (const auto& field : SplitText(row.fields, "; ")) {
             const auto equals = field.find('=');
-            EXPECT_EQ(form.wizard->state.text(field.substr(0, equals)), field.substr(equals + 1)) << row.line;
+            EXPECT_EQ(form.text(field.substr(0, equals)), field.substr(equals + 1)) << row.line;
         }
         EXPECT_EQ(told(form.work(row.button)), "");
         EXPECT_TRUE(form.box.Text().starts_with("first\r\nlast\r\n")) << form.box.Text();
     }
 }
 
-/// The wizard that Edit Line opens at `place`.
-std::unique_ptr<Wizard> edited(MemoryTextArea& document, Position place) {
-    document.SetSelStart(place);
-    const auto found = EditLine(document);
-    return wizardOfItem(
-        document, [&document] { return &document; }, found);
-}
-
 std::string squeezed(std::string_view text) {
-    std::string rest;
-    for (const char c : text)
-        if (std::string_view(" \t\r\n_").find(c) == std::string_view::npos) rest += c;
+    std::string rest(text);
+    std::erase_if(rest,
+                  [](char c) { return std::string_view(" \t\r\n_").find(c) != std::string_view::npos; });
     return rest;
 }
 
@@ -295,37 +250,35 @@ class RandomLines {
 public:
     /// A file of blocks, some of them empty.
     std::string file() {
-        constexpr const char* kHeadings[] = {"[GROUPS]", "[BONUS]", "[PACKAGES]", "<a>",
-                                             " <b>",     "{P=d}",   "{Q}",        "{R=x _\r\n\ty}"};
         std::string text = "Version=2";
         for (int lines = 0; lines < 40; ++lines)
-            text += "\r\n" +
-                    (random_() % 3 == 0 ? std::string(kHeadings[random_() % std::size(kHeadings)]) : line());
-        return text + (random_() % 2 == 0 ? "\r\n" : "");
+            text += "\r\n" + (random_() % 3 == 0 ? oneOf({"[GROUPS]", "[BONUS]", "[PACKAGES]", "<a>", " <b>",
+                                                          "{P=d}", "{Q}", "{R=x _\r\n\ty}"})
+                                                 : line());
+        return text + oneOf({"\r\n", ""});
     }
     std::string line() {
-        constexpr const char* kStarts[] = {"ADD=SK:",        "ADD=AD:",    "ADD=PA:",    "ADD=ST",
-                                           "ADD=Race .AT. ", "CREATE=QU:", "CREATE=ST:", "MESSAGE=",
-                                           "EMESSAGE=",      "* ",         "+1 "};
-        constexpr const char* kWords[] = {" .AT. ", " .WITH. ", "pts",     " ~P ", "Adj",
-                                          "a (b)",  "c, d",     "grün",    "=",    "12",
-                                          ":",      ",\r\n\t",  "_\r\n\t", "//",   "\"q\""};
-        std::string text = kStarts[random_() % std::size(kStarts)];
-        for (auto left = random_() % 6; left > 0; --left) text += kWords[random_() % std::size(kWords)];
+        std::string text = oneOf({"ADD=SK:", "ADD=AD:", "ADD=PA:", "ADD=ST", "ADD=Race .AT. ",
+                                  "CREATE=QU:", "CREATE=ST:", "MESSAGE=", "EMESSAGE=", "* ", "+1 "});
+        for (auto left = random_() % 6; left > 0; --left)
+            text += oneOf({" .AT. ", " .WITH. ", "pts", " ~P ", "Adj", "a (b)", "c, d", "grün", "=", "12",
+                           ":", ",\r\n\t", "_\r\n\t", "//", "\"q\""});
         return text;
     }
 
 private:
+    std::string oneOf(std::initializer_list<const char*> texts) {
+        return texts.begin()[random_() % texts.size()];
+    }
+
     std::mt19937 random_{1};
 };
 
 TEST(CollectingWizards, LeaveABlockOfAFileAsItIs) {
     for (const auto& [name, blocks] : std::vector<std::pair<std::string, int>>{
              {"harbor", 80}, {"coast", 0}, {"errors", 0}, {"inland", 0}, {"legacy", 0}, {"case", 0}}) {
-        std::ifstream file(KLT_TEST_DATA "/golden/" + name + ".klt", std::ios::binary);
-        std::ostringstream bytes;
-        bytes << file.rdbuf();
-        EXPECT_GE(expectUntouched(MemoryTextArea(bytes.str())), blocks) << name;
+        const auto bytes = readBytes(KLT_TEST_DATA "/golden/" + name + ".klt");
+        EXPECT_GE(expectUntouched(MemoryTextArea(bytes)), blocks) << name;
     }
     RandomLines random;
     int blocks = 0;
@@ -348,11 +301,10 @@ TEST(CollectingWizards, WriteWhereTheirHeadingIs) {
          "[Packages]\r\n\r\n\r\n<C>\r\n{P}\r\nMESSAGE=x\r\n"},
     };
     for (const auto& row : rows) {
-        MemoryTextArea document(row.before);
-        Form form(row.table, document);
+        Form form(row.table, row.before);
+        const auto& document = form.document;
         form.wizard->fillCombos(document.Text());
-        const auto rules = form.wizard->check();
-        EXPECT_TRUE(rules.has_value());
+        EXPECT_TRUE(form.wizard->check().has_value());
         form.work(row.steps);
         form.box.ColourRun(0, 3, 7);
         const auto first = std::string(form.box.Text().substr(0, 3));
@@ -361,15 +313,14 @@ TEST(CollectingWizards, WriteWhereTheirHeadingIs) {
         EXPECT_EQ(document.StyleAt(static_cast<Position>(document.Text().find(first))), 7)
             << "its colours come along";
         EXPECT_EQ(form.wizard->text(), "");
-        EXPECT_EQ(form.wizard->state.text(row.table.places[0].combo).empty(), false) << "the heading stays";
+        EXPECT_FALSE(form.text(row.table.places[0].combo).empty()) << "the heading stays";
     }
 }
 
 TEST(PackageWizard, EditsItsHeader) {
     MemoryTextArea document("[PACKAGES]\r\n{P=a=b} // c\r\nMESSAGE=x\r\n{Q=}\r\nMESSAGE=y\r\n<A>");
     Form form(edited(document, 14));
-    EXPECT_EQ(form.wizard->state.text("PackName") + '|' + form.wizard->state.text("PackDescription"),
-              "P|a=b");
+    EXPECT_EQ(form.text("PackName") + '|' + form.text("PackDescription"), "P|a=b");
     form.work("PackName=N; PackDescription=");
     EXPECT_TRUE(form.wizard->hasUnwritten());
     EXPECT_EQ(form.wizard->finish({}).kind, DoneResult::Kind::Closes);
@@ -381,8 +332,7 @@ TEST(PackageWizard, LosesNoLineOnTheWayBack) {
     RandomLines random;
     int taken = 0;
     for (int run = 0; run < 3'000; ++run) {
-        MemoryTextArea document;
-        Form form(kPackWizard, document);
+        Form form(kPackWizard);
         const auto line = random.line();
         form.box.SetText(line);
         form.box.SetSelStart(0);
@@ -397,11 +347,10 @@ TEST(PackageWizard, LosesNoLineOnTheWayBack) {
         const auto whole = squeezed(std::string(form.box.Text().substr(left.size())) + left);
         EXPECT_TRUE(equalIgnoringAsciiCase(whole, squeezed(line))) << line << " -> " << form.box.Text();
     }
-    MemoryTextArea document;
-    Form form(kPackWizard, document);
+    Form form(kPackWizard);
     form.box.SetText("MESSAGE=Hello,");
     EXPECT_NE(form.wizard->takeBack(), nullptr) << "no line follows";
-    EXPECT_EQ(form.wizard->state.text("Message"), "Hello,");
+    EXPECT_EQ(form.text("Message"), "Hello,");
     EXPECT_GT(taken, 700);
 }
 

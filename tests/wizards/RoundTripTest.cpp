@@ -44,14 +44,6 @@ Fields fieldsOf(const Wizard& wizard) {
     return fields;
 }
 
-/// The wizard that Edit Line opens at `place`; null where none edits what stands there.
-std::unique_ptr<Wizard> edited(MemoryTextArea& document, Position place) {
-    document.SetSelStart(place);
-    const auto found = EditLine(document);
-    return wizardOfItem(
-        document, [&document] { return &document; }, found);
-}
-
 /// Fills the fields, writes them as a new line, breaks it, and gives back what Edit Line finds.
 std::unique_ptr<Wizard> thereAndBack(const WizardTable& table, MemoryTextArea& document,
                                      const std::function<void(Wizard&)>& fill, LineBreakLimits limits = {}) {
