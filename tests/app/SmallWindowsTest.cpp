@@ -55,10 +55,7 @@ protected:
     void click(const char* list, int row) {
         QTest::mouseClick(control<QListWidget>(list).viewport(), Qt::LeftButton, {}, rowOf(list, row));
     }
-    std::string opened() { return desktop_.opened(); }
-    QWidget* form() { return form_; }
 
-private:
     Desktop desktop_;
     QWidget* form_ = nullptr;
 };
@@ -67,9 +64,7 @@ TEST_F(SmallWindowsTest, TipsGoRoundFromWhereTheUserLeft) {
     constexpr const char *kFirst = "That KLT Editor automatically adds",
                          *kSecond = "That KLT Editor has a collection",
                          *kLast = "That KLT Editor's Syntax Checker is now";
-    struct Row {
-        const char *stored, *shown, *next, *previous;
-    } const rows[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
         {"0", kFirst, kSecond, kLast},
         {"24", kLast, kFirst, "That KLT Editor now features a KLT Merger?"},
         {"25", "", kFirst, kLast},
@@ -81,13 +76,13 @@ TEST_F(SmallWindowsTest, TipsGoRoundFromWhereTheUserLeft) {
     const auto shows = [this](const char* text) {
         return *text == '\0' ? this->text("lblTipText").empty() : this->text("lblTipText").starts_with(text);
     };
-    for (const auto& row : rows) {
-        for (const bool isNext : {true, false}) {
-            set("Options", "Current Tip", row.stored);
+    for (const auto& [stored, shown, next, previous] : rows) {
+        for (const auto& [button, then] : {std::pair("cmdNextTip", next), {"cmdPreviousTip", previous}}) {
+            set("Options", "Current Tip", stored);
             in<frmTip>("H3", [&] {
-                EXPECT_TRUE(shows(row.shown)) << row.stored;
-                press(isNext ? "cmdNextTip" : "cmdPreviousTip");
-                EXPECT_TRUE(shows(isNext ? row.next : row.previous)) << row.stored;
+                EXPECT_TRUE(shows(shown)) << stored;
+                press(button);
+                EXPECT_TRUE(shows(then)) << stored;
             });
         }
     }
@@ -96,14 +91,14 @@ TEST_F(SmallWindowsTest, TipsGoRoundFromWhereTheUserLeft) {
 TEST_F(SmallWindowsTest, TheCommandTurnsTipsOnAndTheWindowRemembers) {
     set("Options", "Show Tips at Startup", "0");
     in<frmTip>("H3", [this] {
-        EXPECT_EQ(form()->windowTitle(), "Tip of the Day");
+        EXPECT_EQ(form_->windowTitle(), "Tip of the Day");
         EXPECT_EQ(setting("Options", "Show Tips at Startup"), "1");
         accessKey(Qt::Key_S, "chkLoadTipsAtStartup");
         accessKey(Qt::Key_P, "cmdPreviousTip");
         accessKey(Qt::Key_N, "cmdNextTip");
         accessKey(Qt::Key_N, "cmdNextTip");
         press("cmdOK");
-        EXPECT_FALSE(form()->isVisible());
+        EXPECT_FALSE(form_->isVisible());
     });
     EXPECT_EQ(setting("Options", "Show Tips at Startup"), "0");
     EXPECT_EQ(setting("Options", "Current Tip"), "1");
@@ -112,28 +107,28 @@ TEST_F(SmallWindowsTest, TheCommandTurnsTipsOnAndTheWindowRemembers) {
 }
 
 TEST_F(SmallWindowsTest, NoTipIsCutOff) {
-    for (int tip = 0; tip < 25; ++tip) {
-        set("Options", "Current Tip", std::to_string(tip));
-        in<frmTip>("H3", [&] {
-            const auto& label = control<QLabel>("lblTipText");
+    in<frmTip>("H3", [this] {
+        const auto& label = control<QLabel>("lblTipText");
+        for (int tip = 0; tip < 25; ++tip) {
             EXPECT_GE(label.height(), label.heightForWidth(label.width())) << tip;
-        });
-    }
+            press("cmdNextTip");
+        }
+    });
 }
 
 TEST_F(SmallWindowsTest, AboutTellsVersionAndAddresses) {
     in<frmAbout>("H10", [this] {
         EXPECT_EQ(text("lblVersion"), "KLT Editor Beta 1.60, build 0053");
-        EXPECT_EQ(form()->windowTitle(), "KLT Editor Beta 1.60, build 0053");
+        EXPECT_EQ(form_->windowTitle(), "KLT Editor Beta 1.60, build 0053");
         press("lblMail(0)");
-        EXPECT_EQ(opened(), "mailto:" + text("lblMail(0)"));
+        EXPECT_EQ(desktop_.opened(), "mailto:" + text("lblMail(0)"));
         control<QWidget>("lblMail(1)").setFocus();
         QTest::keyClick(&control<QWidget>("lblMail(1)"), Qt::Key_Return);
-        EXPECT_EQ(opened(), "mailto:" + text("lblMail(1)"));
-        EXPECT_TRUE(form()->isVisible());
-        EXPECT_EQ(form()->findChild<QWidget*>("picEasterEgg"), nullptr);
+        EXPECT_EQ(desktop_.opened(), "mailto:" + text("lblMail(1)"));
+        EXPECT_TRUE(form_->isVisible());
+        EXPECT_EQ(form_->findChild<QWidget*>("picEasterEgg"), nullptr);
         press("cmdOK");
-        EXPECT_FALSE(form()->isVisible());
+        EXPECT_FALSE(form_->isVisible());
     });
 }
 
@@ -143,7 +138,7 @@ TEST_F(SmallWindowsTest, TheHiddenPictureMovesFromClickToClick) {
         auto& picture = control<QWidget>("picEasterEgg");
         const auto& timer = control<QTimer>("Timer1");
         const auto image = [&] { return picture.grab().toImage(); };
-        EXPECT_EQ(form()->findChild<QWidget*>("picLogo"), nullptr);
+        EXPECT_EQ(form_->findChild<QWidget*>("picLogo"), nullptr);
         EXPECT_FALSE(timer.isActive());
         const auto first = image();
         press("picEasterEgg");
@@ -156,31 +151,28 @@ TEST_F(SmallWindowsTest, TheHiddenPictureMovesFromClickToClick) {
 }
 
 TEST_F(SmallWindowsTest, ThanksLeadToTheContributors) {
-    in<frmAbout>("H10", [this] {
-        in<frmThanks>([this] { press("cmdThanks"); },
-                      [this] {
-                          auto& contributors = control<QListWidget>("lstContributor");
-                          auto& addresses = control<QListWidget>("lstURL");
-                          ASSERT_EQ(contributors.count(), addresses.count());
-                          for (int row = 0; row < contributors.count(); ++row) {
-                              click("lstContributor", row);
-                              EXPECT_EQ(addresses.currentRow(), row);
-                              const auto& label = control<QLabel>("lblDescription");
-                              EXPECT_FALSE(label.text().isEmpty());
-                              EXPECT_GE(label.height(), label.heightForWidth(label.width())) << row;
-                              EXPECT_EQ(opened(), "") << "a choice opens nothing";
-                              accessKey(Qt::Key_G, "cmdMailTo");
-                              const auto address = addresses.item(row)->text().toStdString();
-                              EXPECT_EQ(opened(),
-                                        address.starts_with("https://") ? address : "mailto:" + address);
-                          }
-                          click("lstURL", addresses.currentRow() - 1);
-                          EXPECT_TRUE(opened().starts_with("https://"));
-                          click("lstContributor", contributors.currentRow());
-                          EXPECT_EQ(addresses.currentRow(), contributors.currentRow());
-                          press("cmdOK");
-                      });
-    });
+    const auto work = [this] {
+        auto& contributors = control<QListWidget>("lstContributor");
+        auto& addresses = control<QListWidget>("lstURL");
+        ASSERT_EQ(contributors.count(), addresses.count());
+        const auto& label = control<QLabel>("lblDescription");
+        for (int row = 0; row < contributors.count(); ++row) {
+            click("lstContributor", row);
+            EXPECT_EQ(addresses.currentRow(), row);
+            EXPECT_FALSE(label.text().isEmpty());
+            EXPECT_GE(label.height(), label.heightForWidth(label.width())) << row;
+            EXPECT_EQ(desktop_.opened(), "") << "a choice opens nothing";
+            accessKey(Qt::Key_G, "cmdMailTo");
+            const auto address = addresses.item(row)->text().toStdString();
+            EXPECT_EQ(desktop_.opened(), address.starts_with("https://") ? address : "mailto:" + address);
+        }
+        click("lstURL", addresses.currentRow() - 1);
+        EXPECT_TRUE(desktop_.opened().starts_with("https://"));
+        click("lstContributor", contributors.currentRow());
+        EXPECT_EQ(addresses.currentRow(), contributors.currentRow());
+        press("cmdOK");
+    };
+    in<frmAbout>("H10", [&] { in<frmThanks>([this] { press("cmdThanks"); }, work); });
 }
 
 TEST_F(SmallWindowsTest, TheListOfDocumentsActivatesTheChosenOne) {
@@ -188,37 +180,31 @@ TEST_F(SmallWindowsTest, TheListOfDocumentsActivatesTheChosenOne) {
     EXPECT_TRUE(action("D9")->isEnabled());
     subWindow(document(1)).showMinimized();
     window().showDocument(document(9));
-    struct Row {
-        const char* name;
-        std::function<void()> choose;
-        const char* active;
-    } const rows[] = {
+    const auto arrowUp = [this] {
+        auto& list = control<QListWidget>("lstDataFiles");
+        QTest::keyClick(&list, Qt::Key_Up);
+        QTest::keyClick(&list, Qt::Key_Return);
+    };
+    const auto doubleClick = [this] {
+        click("lstDataFiles", 8);
+        QTest::mouseDClick(control<QListWidget>("lstDataFiles").viewport(), Qt::LeftButton, {},
+                           rowOf("lstDataFiles", 8));
+    };
+    const std::tuple<const char*, std::function<void()>, const char*> rows[] = {
         {"nothing chosen", [this] { press("cmdDone"); }, "KLT10"},
         {"cancelled", [this] { click("lstDataFiles", 2), press("cmdCancel"); }, "KLT10"},
         {"a button", [this] { click("lstDataFiles", 2), press("cmdDone"); }, "KLT3"},
-        {"keys go on from the active one",
-         [this] {
-             auto& list = control<QListWidget>("lstDataFiles");
-             QTest::keyClick(&list, Qt::Key_Up);
-             QTest::keyClick(&list, Qt::Key_Return);
-         },
-         "KLT2"},
-        {"a double click",
-         [this] {
-             click("lstDataFiles", 8);
-             QTest::mouseDClick(control<QListWidget>("lstDataFiles").viewport(), Qt::LeftButton, {},
-                                rowOf("lstDataFiles", 8));
-         },
-         "KLT9"},
+        {"keys go on from the active one", arrowUp, "KLT2"},
+        {"a double click", doubleClick, "KLT9"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, choose, chosen] : rows) {
         in<frmWindows>("D9", [&] {
             EXPECT_EQ(control<QListWidget>("lstDataFiles").count(), 10);
             EXPECT_FALSE(control<QWidget>("cmdDone").isEnabled());
-            row.choose();
+            choose();
         });
-        EXPECT_EQ(active().Caption(), row.active) << row.name;
-        EXPECT_FALSE(subWindow(active()).isMinimized()) << row.name;
+        EXPECT_EQ(active().Caption(), chosen) << name;
+        EXPECT_FALSE(subWindow(active()).isMinimized()) << name;
     }
 }
 

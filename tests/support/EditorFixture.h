@@ -131,12 +131,14 @@ protected:
             return true;
         });
     }
-    /// Presses a button of the next message box, whose text and title go into `asked`.
-    void answerMessage(QMessageBox::StandardButton button) {
-        answerNext<QMessageBox>([this, button](QMessageBox& box) {
+    /// Presses a button of the next message box, whose text goes into `asked`, behind `work`.
+    void answerMessage(
+        QMessageBox::StandardButton button, std::function<void()> work = [] {}) {
+        answerNext<QMessageBox>([this, button, work](QMessageBox& box) {
             asked.push_back(box.text().toStdString());
             lastIcon = box.icon();
             lastTitle = box.windowTitle().toStdString();
+            work();
             QTest::mouseClick(box.button(button), Qt::LeftButton);
         });
     }
