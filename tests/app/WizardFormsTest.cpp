@@ -214,7 +214,7 @@ TEST_F(WizardFormsTest, WhatFallsIntoAnOpeningIsCarriedOutBehindItAndIsAnEdit) {
             key(Qt::Key_Return);
             keys("Next");
             QTest::mouseClick(the<RichTextBox>("rtbItemCost").viewport(), Qt::LeftButton);
-            QTest::keyClicks(&the<RichTextBox>("rtbItemCost"), "7");
+            type("rtbItemCost", "7");
             form_->windowHandle()->close();
             EXPECT_EQ(text("rtbItemName"), "Sea Legs");
             answerMessage(QMessageBox::Ok);
@@ -228,15 +228,11 @@ TEST_F(WizardFormsTest, WhatFallsIntoAnOpeningIsCarriedOutBehindItAndIsAnEdit) {
         EXPECT_EQ(text("rtbItemName") + text("rtbItemCost"), "Next7");
     });
     EXPECT_EQ(active().Caption(), other);
-    EXPECT_FALSE(active().Modified());
+    EXPECT_TRUE(document.Modified() && !active().Modified());
     EXPECT_NE(textOf(document).find("<Mental>\r\nSea Legs, 5\r\nOdd, 2"), std::string::npos)
         << textOf(document);
-    EXPECT_TRUE(document.Modified());
     window().showDocument(document);
     EXPECT_TRUE(action("E1")->isEnabled());
-    answerMessage(QMessageBox::Cancel);
-    action("F3")->trigger();
-    EXPECT_EQ(asked.back(), "The data file a.klt has been changed!\nSave changes?");
     document.RichTextBox1->Undo();
     EXPECT_EQ(textOf(document), kHead);
 }

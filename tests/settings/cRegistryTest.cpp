@@ -131,12 +131,10 @@ TEST_F(cRegistryTest, ListsNamesInOrder) {
     std::int32_t count = -1;
     EXPECT_TRUE(registry_.EnumerateValues(names, count) && names.empty() && count == 0);
     for (const auto* name : {"b", "", "A"}) store_.write(kNode, name, {REG_SZ, "x"});
-    EXPECT_TRUE(registry_.EnumerateValues(names, count));
-    EXPECT_EQ(count, 3);
+    EXPECT_TRUE(registry_.EnumerateValues(names, count) && count == 3);
     EXPECT_THAT(names, ElementsAre("b", "", "A"));
     registry_.SectionKey("Software");
-    EXPECT_TRUE(registry_.EnumerateSections(names, count));
-    EXPECT_EQ(count, 1);
+    EXPECT_TRUE(registry_.EnumerateSections(names, count) && count == 1);
     EXPECT_THAT(names, ElementsAre("Test"));
 }
 
