@@ -54,16 +54,13 @@ protected:
     void turnTo(int tab) { the<QTabWidget>("vbTabControl1").setCurrentIndex(tab); }
     /// Writes an item in the wizard that this one opens.
     void answerItem(const char* form, const char* name, const char* second, const char* value) {
-        answerNext<WizardForm>([=, this](WizardForm& wizard) {
-            WizardForm* const outer = std::exchange(form_, &wizard);
-            activate(wizard);
-            EXPECT_EQ(wizard.objectName(), form);
-            const auto* types = wizard.findChild<QGroupBox*>("fraType");
+        inNextWizard([=, this] {
+            EXPECT_EQ(form_->objectName(), form);
+            const auto* types = form_->findChild<QGroupBox*>("fraType");
             EXPECT_FALSE(types != nullptr && types->isVisible());
             keys(name);
             fill(second, value);
             key(Qt::Key_Return);
-            form_ = outer;
         });
     }
 };

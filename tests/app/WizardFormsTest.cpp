@@ -140,11 +140,10 @@ TEST_F(WizardFormsTest, OpenByTheirChords) {
     };
     for (const auto& [chord, name, title, first] : rows) {
         activate(window());
-        answerNext<WizardForm>([&](WizardForm& form) {
-            EXPECT_EQ(form.objectName(), name);
-            EXPECT_EQ(form.windowTitle(), title);
-            EXPECT_EQ(form.focusWidget()->objectName(), first);
-            form.reject();
+        inNextWizard([&] {
+            EXPECT_EQ(form_->objectName(), name);
+            EXPECT_EQ(form_->windowTitle(), title);
+            EXPECT_EQ(focus(), first);
         });
         QTest::keyClick(active().RichTextBox1, chord, Qt::ControlModifier);
         letEventsRun();
@@ -186,11 +185,11 @@ TEST_F(WizardFormsTest, ASpellHasNoLimitForAnOldHost) {
 TEST_F(WizardFormsTest, FillsItsFieldsByTheAids) {
     open(file("a.klt", kHead));
     inWizard([&] {
-        answerNext<WizardForm>([](WizardForm& gives) {
-            QTest::mouseClick(gives.findChild<QAbstractButton*>("Option1"), Qt::LeftButton);
-            QTest::keyClicks(&gives.field("GivesTarget"), "DX");
-            QTest::keyClicks(&gives.field("GivesValue"), "2");
-            QTest::mouseClick(gives.findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        inNextWizard([&] {
+            press("Option1");
+            type("GivesTarget", "DX");
+            type("GivesValue", "2");
+            press("Command2");
         });
         press("cmdGivesWizard");
         EXPECT_EQ(text("rtbItemGives"), "=\"2\" \"DX\"");

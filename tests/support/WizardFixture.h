@@ -15,16 +15,19 @@ namespace klt {
 /// Wizards in the running program.
 class WizardFixture : public EditorFixture {
 protected:
-    /// Opens the wizard of the command, lets `work` press keys in it and leaves it.
-    void inWizard(const char* command, const std::function<void()>& work) {
-        answerNext<WizardForm>([&](WizardForm& form) {
-            form_ = &form;
+    /// Lets `work` press keys in the wizard that opens next, and leaves it.
+    void inNextWizard(const std::function<void()>& work) {
+        answerNext<WizardForm>([this, work](WizardForm& form) {
+            WizardForm* const outer = std::exchange(form_, &form);
             activate(form);
             work();
             if (form.isVisible()) key(Qt::Key_Escape);
-            form_ = nullptr;
+            form_ = outer;
         });
-        action(command)->trigger();
+    }
+    void inWizard(const char* command, const std::function<void()>& work) {
+        inNextWizard(work);
+        run(command);
     }
     /// The Advantage wizard for a new line.
     void inWizard(const std::function<void()>& work) { inWizard("I1", work); }
