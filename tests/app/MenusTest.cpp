@@ -149,22 +149,19 @@ TEST_F(MenusTest, AChordWorksInTheTextWhateverItsItemSays) {
 }
 
 TEST_F(MenusTest, CommandsOnText) {
-    struct Selection {
-        Position start, length;
+    const std::tuple<const char*, const char*, Position, Position, const char*, Position> rows[] = {
+        {"delete takes a line end whole", "E5", 13, 0, "Version=2\r\nabcd", 13},
+        {"delete at the end of the text", "E5", 17, 0, "Version=2\r\nab\r\ncd", 17},
+        {"delete a selection", "E5", 12, 4, "Version=2\r\nad", 12},
+        {"delete from the popup", "MainRTFPopup.E5", 11, 0, "Version=2\r\nb\r\ncd", 11},
+        {"cut", "E2", 11, 2, "Version=2\r\n\r\ncd", 11},
+        {"comment line", "I10", 11, 0, "Version=2\r\nab\r\n*\r\ncd", 16},
+        {"comment", "I11", 12, 0, "Version=2\r\nab // \r\ncd", 17},
+        {"comment on the last line", "MainRTFPopup.I11", 15, 0, "Version=2\r\nab\r\ncd // ", 21},
     };
-    const std::tuple<const char*, const char*, Selection, const char*, Position> rows[] = {
-        {"delete takes a line end whole", "E5", {13, 0}, "Version=2\r\nabcd", 13},
-        {"delete at the end of the text", "E5", {17, 0}, "Version=2\r\nab\r\ncd", 17},
-        {"delete a selection", "E5", {12, 4}, "Version=2\r\nad", 12},
-        {"delete from the popup", "MainRTFPopup.E5", {11, 0}, "Version=2\r\nb\r\ncd", 11},
-        {"cut", "E2", {11, 2}, "Version=2\r\n\r\ncd", 11},
-        {"comment line", "I10", {11, 0}, "Version=2\r\nab\r\n*\r\ncd", 16},
-        {"comment", "I11", {12, 0}, "Version=2\r\nab // \r\ncd", 17},
-        {"comment on the last line", "MainRTFPopup.I11", {15, 0}, "Version=2\r\nab\r\ncd // ", 21},
-    };
-    for (const auto& [name, command, selection, text, caret] : rows) {
+    for (const auto& [name, command, start, length, text, caret] : rows) {
         auto& document = open(file("a.klt", "Version=2\nab\ncd"));
-        box().Select(selection.start, selection.length);
+        box().Select(start, length);
         emit menu("MainRTFPopup").aboutToShow();
         run(command);
         EXPECT_EQ(textOf(document), text) << name;

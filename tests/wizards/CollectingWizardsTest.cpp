@@ -287,10 +287,7 @@ TEST(CollectingWizards, LeaveABlockOfAFileAsItIs) {
 }
 
 TEST(CollectingWizards, WriteWhereTheirHeadingIs) {
-    const struct {
-        const WizardTable& table;
-        const char *steps, *before, *after;
-    } rows[] = {
+    const std::tuple<const WizardTable&, const char*, const char*, const char*> rows[] = {
         {kGroupWizard, "GroupName=B; ItemType#0; ItemName=x; Command2", "[GROUPS]\r\n<A>\r\n<B>\r\nSK:y\r\n",
          "[GROUPS]\r\n<A>\r\n<B>\r\nAD:x\r\nSK:y\r\n"},
         {kBonusWizard, "FullBonusLine=ST>=1; Bonus; BonusAmount=1; ItemType#4; ItemName=x; Command2", "",
@@ -300,20 +297,20 @@ TEST(CollectingWizards, WriteWhereTheirHeadingIs) {
         {kPackWizard, "PackName=P; PackCat=C; Message=x; Command13", "",
          "[Packages]\r\n\r\n\r\n<C>\r\n{P}\r\nMESSAGE=x\r\n"},
     };
-    for (const auto& row : rows) {
-        Form form(row.table, row.before);
+    for (const auto& [table, steps, before, after] : rows) {
+        Form form(table, before);
         const auto& document = form.document;
         form.wizard->fillCombos(document.Text());
         EXPECT_TRUE(form.wizard->check().has_value());
-        form.work(row.steps);
+        form.work(steps);
         form.box.ColourRun(0, 3, 7);
         const auto first = std::string(form.box.Text().substr(0, 3));
         EXPECT_EQ(form.wizard->finish({}).kind, DoneResult::Kind::StaysOpen);
-        EXPECT_EQ(document.Text(), row.after);
+        EXPECT_EQ(document.Text(), after);
         EXPECT_EQ(document.StyleAt(static_cast<Position>(document.Text().find(first))), 7)
             << "its colours come along";
         EXPECT_EQ(form.wizard->text(), "");
-        EXPECT_FALSE(form.text(row.table.places[0].combo).empty()) << "the heading stays";
+        EXPECT_FALSE(form.text(table.places[0].combo).empty()) << "the heading stays";
     }
 }
 
