@@ -143,6 +143,7 @@ TEST_F(StoreTest, BoundsWhatItReads) {
     ASSERT_TRUE(write(store_, "Name", "x"));
     for (const auto& [data, read] : {std::pair("replace(hex(zeroblob(524288)), '00', 'xx')", "<none>"),
                                      {"zeroblob(1048576)", "<none>"},
+                                     {"zeroblob(65537)", "<none>"},
                                      {"NULL", "<none>"},
                                      {"1.5", "1.5"},
                                      {"9223372036854775807", "9223372036854775807"},
