@@ -24,10 +24,11 @@ protected:
     CollectingFormsTest() {
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
         QCoreApplication::exec();
+        open(file("a.klt", kHead));
     }
     /// Opens what stands at `text`, and leaves the form open.
     WizardForm& edit(std::string_view text) {
-        RichTextBox& document = *active().RichTextBox1;
+        RichTextBox& document = box();
         document.SetSelStart(document.Find(text, 0));
         action("E6")->trigger();
         form_ = window().findChild<WizardForm*>();
@@ -66,7 +67,6 @@ protected:
 };
 
 TEST_F(CollectingFormsTest, AGroupIsCollectedAndWritten) {
-    open(file("a.klt", kHead));
     inWizard("I6", [&] {
         keys("New");
         fill("ItemType", "S");
@@ -101,7 +101,6 @@ TEST_F(CollectingFormsTest, AGroupIsCollectedAndWritten) {
 }
 
 TEST_F(CollectingFormsTest, ABoxHasItsOwnPopup) {
-    open(file("a.klt", kHead));
     WizardForm& form = edit("SK:a");
     turnTo(1);
     RichTextBox& box = the<RichTextBox>("FullGroup");
@@ -172,7 +171,6 @@ TEST_F(CollectingFormsTest, APackageIsBuiltByKeysAlone) {
 }
 
 TEST_F(CollectingFormsTest, ComplaintsShowTheirTab) {
-    open(file("a.klt", kHead));
     inWizard("I9", [&] {
         turnTo(4);
         answerMessage(QMessageBox::Ok);
@@ -186,8 +184,7 @@ TEST_F(CollectingFormsTest, ComplaintsShowTheirTab) {
 }
 
 TEST_F(CollectingFormsTest, EditsBesideItsDocument) {
-    open(file("a.klt", kHead));
-    RichTextBox& document = *active().RichTextBox1;
+    RichTextBox& document = box();
     const QPointer<WizardForm> form = &edit("SK:b");
     EXPECT_FALSE(form->isModal());
     EXPECT_EQ(document.SelText(), "SK:a\r\nSK:b");
@@ -204,8 +201,7 @@ TEST_F(CollectingFormsTest, EditsBesideItsDocument) {
 }
 
 TEST_F(CollectingFormsTest, RefusesWhatHasChangedUnderIt) {
-    open(file("a.klt", kHead));
-    RichTextBox& document = *active().RichTextBox1;
+    RichTextBox& document = box();
     WizardForm& form = edit("ADD=QU:q");
     EXPECT_FALSE(the<QComboBox>("PackCat").isVisible());
     EXPECT_EQ(text("PackName") + text("PackDescription"), "Pd");
@@ -225,9 +221,8 @@ TEST_F(CollectingFormsTest, RefusesWhatHasChangedUnderIt) {
 }
 
 TEST_F(CollectingFormsTest, OneOfAKindStandsOpen) {
-    open(file("a.klt", kHead));
     WizardForm& form = edit("SK:b");
-    RichTextBox& document = *active().RichTextBox1;
+    RichTextBox& document = box();
     document.SetSelStart(document.Find("<B>", 0));
     for (const char* command : {"E6", "I6"}) {
         activate(window());
@@ -245,8 +240,6 @@ TEST_F(CollectingFormsTest, OneOfAKindStandsOpen) {
 constexpr char kNotWritten[] = "The lines of the Group Wizard have not been written!\nSave changes?";
 
 TEST_F(CollectingFormsTest, TheEndOfTheProgramAsksForLinesNotWritten) {
-    const auto path = file("a.klt", kHead);
-    open(path);
     edit("SK:b").field("FullGroup").SetText("PO:c");
     answerMessage(QMessageBox::Cancel);
     window().close();
@@ -259,11 +252,10 @@ TEST_F(CollectingFormsTest, TheEndOfTheProgramAsksForLinesNotWritten) {
     EXPECT_EQ(asked.at(1), kNotWritten);
     EXPECT_EQ(asked.back(), "The data file a.klt has been changed!\nSave changes?");
     EXPECT_TRUE(window().isUnloaded());
-    EXPECT_NE(readBytes(path).find("<A>\r\nPO:c\r\n<B>"), std::string::npos);
+    EXPECT_NE(readBytes(home / "a.klt").find("<A>\r\nPO:c\r\n<B>"), std::string::npos);
 }
 
 TEST_F(CollectingFormsTest, TheEndOfTheProgramGivesThemUp) {
-    open(file("a.klt", kHead));
     edit("SK:b").field("FullGroup").SetText("PO:c");
     answerMessage(QMessageBox::No);
     window().close();
@@ -272,7 +264,6 @@ TEST_F(CollectingFormsTest, TheEndOfTheProgramGivesThemUp) {
 }
 
 TEST_F(CollectingFormsTest, TheEndOfTheProgramAsksNothingWhereNothingWasChanged) {
-    open(file("a.klt", kHead));
     edit("SK:b");
     window().close();
     EXPECT_TRUE(window().isUnloaded());

@@ -18,8 +18,11 @@ using namespace klt;
 
 namespace {
 
+constexpr char kHead[] = "Version=2\r\n[ADS]\r\n<Alpha>\r\nOld, 1\r\n<Mental>\r\nOdd, 2\r\n[MODS]\r\n";
+
 class WizardFormsTest : public WizardFixture {
 protected:
+    WizardFormsTest() { open(file("a.klt", kHead)); }
     /// Clicks Done, and gives the box that comes up and the control that has the focus then.
     std::string refused() {
         answerMessage(QMessageBox::Ok);
@@ -29,10 +32,7 @@ protected:
     }
 };
 
-constexpr char kHead[] = "Version=2\r\n[ADS]\r\n<Alpha>\r\nOld, 1\r\n<Mental>\r\nOdd, 2\r\n[MODS]\r\n";
-
 TEST_F(WizardFormsTest, WritesNewLinesWhereTheyBelong) {
-    open(file("a.klt", kHead));
     inWizard([&] {
         EXPECT_FALSE(the<QGroupBox>("fraCategory").isVisible());
         tabThrough({"Sea Legs", "5/4"});
@@ -72,7 +72,7 @@ TEST_F(WizardFormsTest, WritesNewLinesWhereTheyBelong) {
 }
 
 TEST_F(WizardFormsTest, EditsALineInItsPlace) {
-    RichTextBox& document = *open(file("a.klt", kHead)).RichTextBox1;
+    RichTextBox& document = box();
     document.SetSelStart(document.Find("Odd", 0));
     inWizard("E6", [&] {
         EXPECT_FALSE(the<QGroupBox>("fraType").isVisible() || the<QGroupBox>("fraCategory").isVisible());
@@ -130,7 +130,6 @@ TEST_F(WizardFormsTest, LeaveEveryItemOfAFileAsItIs) {
 }
 
 TEST_F(WizardFormsTest, OpenByTheirChords) {
-    open(file("a.klt", kHead));
     const std::tuple<Qt::Key, const char*, const char*, const char*> rows[] = {
         {Qt::Key_F1, "frmAdWizard", "Ad/Disad/Quirk/Power Wizard", "rtbItemName"},
         {Qt::Key_F2, "frmSkillWizard", "Skill Wizard", "rtbItemName"},
@@ -170,7 +169,6 @@ TEST_F(WizardFormsTest, TellWhatTheyDoNotKeep) {
 }
 
 TEST_F(WizardFormsTest, ASpellHasNoLimitForAnOldHost) {
-    open(file("a.klt", kHead));
     for (const auto& [version, isNew] :
          {std::pair("", false), {"0", false}, {"x", false}, {"-1", false}, {"2", true}, {"0.4", true}}) {
         set("Options", "TVM Version", version);
@@ -183,7 +181,6 @@ TEST_F(WizardFormsTest, ASpellHasNoLimitForAnOldHost) {
 }
 
 TEST_F(WizardFormsTest, FillsItsFieldsByTheAids) {
-    open(file("a.klt", kHead));
     inWizard([&] {
         inNextWizard([&] {
             press("Option1");
@@ -237,7 +234,6 @@ TEST_F(WizardFormsTest, WhatFallsIntoAnOpeningIsCarriedOutBehindItAndIsAnEdit) {
 }
 
 TEST_F(WizardFormsTest, TellsWhatIsMissing) {
-    open(file("a.klt", kHead));
     inWizard([&] {
         EXPECT_EQ(refused(), "Invalid Entry! rtbItemName");
         tabThrough({"x", "1"});
@@ -266,7 +262,6 @@ TEST_F(WizardFormsTest, TellsWhereNoLineCanBeEdited) {
 }
 
 TEST_F(WizardFormsTest, CombosCompleteAndKeep) {
-    open(file("a.klt", kHead));
     inWizard([&] {
         press("optQuirkType");
         const int height = form_->height();
@@ -331,7 +326,6 @@ TEST_F(WizardFormsTest, ATypedCategoryIsNoChoice) {
 }
 
 TEST_F(WizardFormsTest, CombosTakeKeysByTheirKind) {
-    open(file("a.klt", kHead));
     inWizard("I4", [&] {
         auto& name = the<QComboBox>("StatName");
         type("StatName", "d");
@@ -385,7 +379,6 @@ TEST_F(WizardFormsTest, CombosTakeKeysByTheirKind) {
 }
 
 TEST_F(WizardFormsTest, FieldsAndCombosHaveThePopup) {
-    open(file("a.klt", kHead));
     inWizard([&] {
         press("optAdType");
         auto& box = the<RichTextBox>("rtbItemName");
@@ -408,7 +401,6 @@ TEST_F(WizardFormsTest, FieldsAndCombosHaveThePopup) {
 }
 
 TEST_F(WizardFormsTest, OpensWhereItStood) {
-    open(file("a.klt", kHead));
     inWizard([&] { form_->move(90, 60); });
     EXPECT_EQ(setting("frmAdWizard", "Top") + ' ' + setting("frmAdWizard", "Left"), "900 1350");
     inWizard([&] { EXPECT_EQ(form_->pos(), QPoint(90, 60)); });
