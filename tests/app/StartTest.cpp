@@ -40,9 +40,9 @@ protected:
     static ChildProcess start(std::vector<std::string> arguments) {
         return ChildProcess([&](const ChildProcess::Report&) {
             arguments.insert(arguments.begin(), KLT_BIN "/klteditor");
-            std::vector<char*> pointers(arguments.size() + 1);
-            std::transform(arguments.begin(), arguments.end(), pointers.begin(),
-                           [](std::string& argument) { return argument.data(); });
+            std::vector<char*> pointers;
+            for (auto& argument : arguments) pointers.push_back(argument.data());
+            pointers.push_back(nullptr);
             execv(pointers.front(), pointers.data());
         });
     }
@@ -87,12 +87,9 @@ TEST_F(StartTest, OfTwentyAtOnceOneOpensAllFiles) {
     for (int i = 0; i < 20; ++i) files.push_back(file(std::to_string(i) + ".klt"));
     std::vector<ChildProcess> programs;
     for (const auto& path : files) programs.push_back(start({path}));
-    const auto running = [&] {
-        return std::count_if(programs.begin(), programs.end(), [](auto& it) { return it.isRunning(); });
-    };
-    EXPECT_TRUE(waitUntil([&] { return running() == 1; }));
-    EXPECT_EQ(std::count_if(programs.begin(), programs.end(), [](auto& it) { return it.exitStatus() == 0; }),
-              19);
+    const auto isOneLeft = [&] { return std::ranges::count_if(programs, &ChildProcess::isRunning) == 1; };
+    EXPECT_TRUE(waitUntil(isOneLeft));
+    EXPECT_EQ(std::ranges::count(programs, std::optional(0), &ChildProcess::exitStatus), 19);
     EXPECT_EQ(windows().size(), 1U);
     expectOpened(files);
 }

@@ -224,10 +224,6 @@ int expectUntouched(const MemoryTextArea& original) {
     int blocks = 0;
     for (Position line = 0; line < original.LineCount(); ++line) {
         MemoryTextArea document(original.Text());
-        document.SetSelStart(original.LineIndex(line));
-        const auto section = EditLine(document).section;
-        const auto* const place = wizardOfSection(section).place;
-        if (place == nullptr || place->step == ItemStep::SingleLine) continue;
         auto wizard = edited(document, original.LineIndex(line));
         if (wizard == nullptr || wizard->opening().item.block.empty()) continue;
         ++blocks;
