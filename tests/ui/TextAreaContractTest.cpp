@@ -188,6 +188,7 @@ TEST_P(TextAreaContract, WritesInAStyleThatWasSet) {
     area.SetSelStyle(4);
     area.SetSelText("y");
     EXPECT_EQ(shown(), "RUNy<>x|99940");
+    EXPECT_THAT(area.ProtectedRuns(), ElementsAre(TextRange{0, 3}));
 }
 
 TEST_P(TextAreaContract, WritesTextWithItsStyles) {
