@@ -5,7 +5,6 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QPointer>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -17,7 +16,7 @@
 #include "settings/AuthorProfiles.h"
 #include "settings/HostFolder.h"
 #include "settings/modINIStuff.h"
-#include "support/EditorFixture.h"
+#include "support/FormFixture.h"
 
 using namespace klt;
 using testing::HasSubstr;
@@ -25,57 +24,34 @@ using testing::StartsWith;
 
 namespace {
 
-class OptionsTest : public EditorFixture {
+class OptionsTest : public FormFixture {
 protected:
     OptionsTest() { openNew(); }
 
-    /// Opens the dialog; `work` works with it, and Escape closes it where it is still up.
+    /// Opens the dialog; `work` works with it.
     void in(const std::function<void()>& work, const char* command = "T1") {
-        meet(work);
+        meet<frmOptions>(work);
         run(command);
     }
-    void meet(const std::function<void()>& work) {
-        answerNext<frmOptions>([this, work](frmOptions& shown) {
-            form_ = &shown;
-            activate(shown);
-            work();
-            if (form_ != nullptr && form_->isVisible()) QTest::keyClick(form_, Qt::Key_Escape);
-        });
-    }
-    template <typename Control = QWidget>
-    Control& control(const char* name) {
-        return *form_->findChild<Control*>(name);
-    }
-    QLineEdit& field(const char* name) { return control<QLineEdit>(name); }
-    void press(const char* name) { QTest::mouseClick(&control(name), Qt::LeftButton); }
-    /// Types over what stands there.
-    void enter(const char* name, const QString& text) {
-        field(name).setFocus();
-        field(name).selectAll();
-        QTest::keyClicks(&field(name), text);
-    }
-    static void key(QWidget& control, Qt::Key which) { QTest::keyClick(&control, which); }
     void arrow(const char* bar, const char* which) {
         QTest::mouseClick(control(bar).findChild<QWidget*>(which), Qt::LeftButton);
     }
     void choose(int version) {
-        auto& combo = control<QComboBox>("Combo1");
-        combo.setFocus();
-        key(combo, version == 1 ? Qt::Key_Down : Qt::Key_Up);
-        EXPECT_EQ(combo.currentIndex(), version);
+        control("Combo1").setFocus();
+        keys(version == 1 ? Qt::Key_Down : Qt::Key_Up);
+        EXPECT_EQ(control<QComboBox>("Combo1").currentIndex(), version);
+    }
+    /// Takes the text out of a field.
+    void empty(const char* name) {
+        enter(name, "");
+        keys(Qt::Key_Delete);
     }
     std::string lineBreaker() {
-        return (field("Text4").text() + "/" + field("Text5").text() + (check("Check4") ? " on" : " off"))
-            .toStdString();
+        return text("Text4") + "/" + text("Text5") + (check("Check4") ? " on" : " off");
     }
     bool check(const char* name) { return control<QCheckBox>(name).isChecked(); }
-    int tab() { return control<QTabWidget>("vbTabControl1").currentIndex(); }
+    QTabWidget& tabs() { return control<QTabWidget>("vbTabControl1"); }
     bool mayApply() { return control("Apply").isEnabled(); }
-    QDialog& form() { return *form_; }
-    bool isUp() const { return form_ != nullptr && form_->isVisible(); }
-
-private:
-    QPointer<frmOptions> form_;
 };
 
 TEST_F(OptionsTest, EachSettingIsStoredByApplyAndDoneAlone) {
@@ -138,13 +114,11 @@ TEST_F(OptionsTest, ShowsWhatIsStored) {
         set("Options", key, value);
     variables().RecentFiles.MaxFileCount(50);
     in([this] {
-        EXPECT_EQ(field("Text1").text(), "9");
-        EXPECT_EQ(field("Text2").text(), "7");
+        EXPECT_EQ(text("Text1") + text("Text2"), "97");
         EXPECT_EQ(lineBreaker(), "0/0 off");
         for (const char* name : {"Text4", "Text5", "VScroll4", "VScroll5", "lblToleranceUnit"})
             EXPECT_FALSE(control(name).isEnabled()) << name;
-        EXPECT_FALSE(check("Check1"));
-        EXPECT_TRUE(check("Check2"));
+        EXPECT_TRUE(!check("Check1") && check("Check2"));
         EXPECT_EQ(control<QComboBox>("Combo1").currentText(), "2.2ß");
         EXPECT_TRUE(control("Command7").isEnabled() && control("Command8").isEnabled());
         choose(0);
@@ -153,36 +127,35 @@ TEST_F(OptionsTest, ShowsWhatIsStored) {
 }
 
 TEST_F(OptionsTest, NumbersAreDigitsWithinLimits) {
+    const std::string tooLong = "Seriously, breaking lines after that much characters is meaningless...";
     struct Row {
-        const char *field, *bar;
+        char field;
         int limit;
-        const char *typed, *pasted, *left, *told;
+        const char *typed, *pasted, *left;
+        std::string told;
     } const rows[] = {
-        {"Text1", "VScroll1", 10, "10", "", "9", "You are not allowed to have more than 9 MRU files."},
-        {"Text1", "VScroll1", 10, "0", "", "0", ""},
-        {"Text2", "VScroll2", 100, "101", "", "100",
-         "You're not allowed to have more than 100 nested @Functions."},
-        {"Text4", "VScroll4", 200, "201", "", "200",
-         "Seriously, breaking lines after that much characters is meaningless..."},
-        {"Text5", "VScroll5", 20, "21", "", "20", "Sorry, you're not cleared for this much."},
-        {"Text2", "VScroll2", 100, "-1.x\b5 ", "", "15", ""},
-        {"Text2", "VScroll2", 100, "\b", "", "50", ""},
-        {"Text2", "VScroll2", 100, "", " 7\n", "7", ""},
-        {"Text2", "VScroll2", 100, "", "7.5", "50", ""},
-        {"Text4", "VScroll4", 200, "", "99999999999", "200",
-         "Seriously, breaking lines after that much characters is meaningless..."},
+        {'1', 10, "10", "", "9", "You are not allowed to have more than 9 MRU files."},
+        {'1', 10, "0", "", "0", ""},
+        {'2', 100, "101", "", "100", "You're not allowed to have more than 100 nested @Functions."},
+        {'4', 200, "201", "", "200", tooLong},
+        {'5', 20, "21", "", "20", "Sorry, you're not cleared for this much."},
+        {'2', 100, "-1.x\b5 ", "", "15", ""},
+        {'2', 100, "\b", "", "50", ""},
+        {'2', 100, "", " 7\n", "7", ""},
+        {'2', 100, "", "7.5", "50", ""},
+        {'4', 200, "", "99999999999", "200", tooLong},
     };
     for (const auto& row : rows) {
-        const bool isTold = *row.told != '\0';
         in([&] {
-            if (isTold) answerMessage(QMessageBox::Ok);
-            enter(row.field, row.typed);
+            if (!row.told.empty()) answerMessage(QMessageBox::Ok);
+            const auto name = std::string("Text") + row.field, bar = std::string("VScroll") + row.field;
+            enter(name.c_str(), row.typed);
             QGuiApplication::clipboard()->setText(row.pasted);
-            if (*row.pasted != '\0') QTest::keyClick(&field(row.field), Qt::Key_V, kCtrl);
-            EXPECT_EQ(field(row.field).text(), row.left) << row.typed << row.pasted;
-            EXPECT_EQ(control<SpinBar>(row.bar).value(), row.limit - field(row.field).text().toInt());
+            if (*row.pasted != '\0') QTest::keyClick(form_->focusWidget(), Qt::Key_V, kCtrl);
+            EXPECT_EQ(text(name.c_str()), row.left) << row.typed << row.pasted;
+            EXPECT_EQ(control<SpinBar>(bar.c_str()).value(), row.limit - std::stoi(row.left));
         });
-        if (!isTold) continue;
+        if (row.told.empty()) continue;
         EXPECT_EQ(asked.back(), row.told);
         EXPECT_EQ(lastIcon, QMessageBox::Information);
         EXPECT_EQ(lastTitle, kTitle);
@@ -193,8 +166,7 @@ TEST_F(OptionsTest, OtherKeysWorkAsInAnyField) {
     in([this] {
         QLineEdit& edit = field("Text2");
         enter("Text2", "12");
-        key(edit, Qt::Key_Home);
-        key(edit, Qt::Key_Delete);
+        for (const auto which : {Qt::Key_Home, Qt::Key_Delete}) keys(which);
         EXPECT_EQ(edit.text(), "2");
         EXPECT_EQ(edit.cursorPosition(), 1) << "the end, after each change";
         QTest::keyClick(&edit, Qt::Key_Z, kCtrl);
@@ -211,28 +183,16 @@ TEST_F(OptionsTest, TheLineBreakersFieldsAreCoupled) {
         {"lowered", [&] { enter("Text4", "5"); }, "5/5 on"},
         {"typed on", [&] { enter("Text4", "120"); }, "120/10 on"},
         {"tolerance above", [&] { enter("Text4", "5"), enter("Text5", "12"); }, "12/12 on"},
-        {"tolerance typed on", [&] { enter("Text4", "5"), enter("Text5", "12"), enter("Text5", "2"); },
-         "5/2 on"},
+        {"and typed on", [&] { enter("Text4", "5"), enter("Text5", "12"), enter("Text5", "2"); }, "5/2 on"},
         {"0", [&] { enter("Text4", "0"); }, "0/0 off"},
         {"the bar", [&] { enter("Text4", "5"), arrow("VScroll4", "Down"); }, "4/4 on"},
-        {"the bar's keys", [&] { control("VScroll5").setFocus(), key(control("VScroll5"), Qt::Key_Up); },
-         "80/11 on"},
+        {"the bar's keys", [&] { control("VScroll5").setFocus(), keys(Qt::Key_Up); }, "80/11 on"},
         {"off", [&] { enter("Text4", "100"), press("Check4"); }, "0/0 off"},
         {"off and on", [&] { enter("Text4", "100"), press("Check4"), press("Check4"); }, "80/10 on"},
-        {"off while one types", [&] { enter("Text5", "7"), control<QCheckBox>("Check4").click(); },
-         "0/0 off"},
-        {"empty", [&] { enter("Text4", ""), key(field("Text4"), Qt::Key_Delete); }, "/10 on"},
-        {"empty and left",
-         [&] {
-             enter("Text4", "1"), key(field("Text4"), Qt::Key_Home), key(field("Text4"), Qt::Key_Delete),
-                 control("Check1").setFocus();
-         },
-         "80/10 on"},
-        {"empty and a button's key",
-         [&] {
-             enter("Text5", ""), key(field("Text5"), Qt::Key_Delete), control<QPushButton>("Apply").click();
-         },
-         "80/10 on"},
+        {"off in the field", [&] { enter("Text5", "7"), control<QCheckBox>("Check4").click(); }, "0/0 off"},
+        {"empty", [&] { empty("Text4"); }, "/10 on"},
+        {"empty and left", [&] { enter("Text4", "1"), empty("Text4"), press("Check1"); }, "80/10 on"},
+        {"and a button's key", [&] { empty("Text5"), control<QPushButton>("Apply").click(); }, "80/10 on"},
     };
     for (const auto& row : rows) {
         in([&] {
@@ -260,21 +220,18 @@ TEST_F(OptionsTest, ResetAllReopensTheDialogWhateverTheAnswer) {
                           "Are you want to continue?");
                 EXPECT_EQ(box.icon(), QMessageBox::Warning);
                 EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
-                answerNext<QMessageBox>([&](QMessageBox& second) {
-                    EXPECT_EQ(second.text(),
-                              "KLT Editor will now close and reopen the frmOptions window to refresh the "
-                              "settings.");
-                    QTest::mouseClick(second.button(QMessageBox::Ok), Qt::LeftButton);
-                    meet([&] {
-                        EXPECT_TRUE(form().isModal());
-                        EXPECT_EQ(check("Check1"), resets);
-                        EXPECT_FALSE(mayApply());
-                    });
-                });
+                answerMessage(QMessageBox::Ok);
                 QTest::mouseClick(box.button(answer), Qt::LeftButton);
             });
             press("Command4");
+            meet<frmOptions>([&] {
+                EXPECT_TRUE(form_->isModal());
+                EXPECT_EQ(check("Check1"), resets);
+                EXPECT_FALSE(mayApply());
+            });
         });
+        EXPECT_EQ(asked.back(),
+                  "KLT Editor will now close and reopen the frmOptions window to refresh the settings.");
         EXPECT_EQ(setting("Options", "AutoComplete"), resets ? "(none)" : "False");
         EXPECT_EQ(window().statusBar()->isVisible(), resets);
         answerNext<QFileDialog>([&](QFileDialog& dialog) {
@@ -290,18 +247,17 @@ TEST_F(OptionsTest, ResetAllReopensTheDialogWhateverTheAnswer) {
 
 TEST_F(OptionsTest, ItsCommandsOpenItsTabs) {
     for (int number = 0; number < 4; ++number)
-        in([&] { EXPECT_EQ(tab(), number); }, ("T" + std::to_string(number + 1)).c_str());
+        in([&] { EXPECT_EQ(tabs().currentIndex(), number); }, ("T" + std::to_string(number + 1)).c_str());
 }
 
 TEST_F(OptionsTest, AnotherTabStoresTheFirstTwo) {
     in([&] {
-        control<QTabWidget>("vbTabControl1").setCurrentIndex(2);
-        control<QTabWidget>("vbTabControl1").setCurrentIndex(0);
+        for (const int other : {2, 0}) tabs().setCurrentIndex(other);
         EXPECT_EQ(setting("Options", "TVM Version"), "(none)") << "nothing was changed";
         enter("Text2", "7");
         choose(1);
         QTest::keyClick(&control("Combo1"), Qt::Key_Tab, kCtrl);
-        EXPECT_EQ(tab(), 1);
+        EXPECT_EQ(tabs().currentIndex(), 1);
         EXPECT_FALSE(mayApply());
         EXPECT_EQ(setting("Options", "Maximum Nested @Functions"), "7");
         EXPECT_NE(setting("KLTEditor", "Data Files Path"), "(none)");
@@ -310,14 +266,15 @@ TEST_F(OptionsTest, AnotherTabStoresTheFirstTwo) {
 
 TEST_F(OptionsTest, AFieldMayKeepEnterAndEscape) {
     in([this] {
-        auto* page = form().findChild<OptionsPage*>();
+        auto* page = form_->findChild<OptionsPage*>();
+        control("Text1").setFocus();
         emit page->takesEnter(true);
         for (const auto which : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
-            key(field("Text1"), which);
+            keys(which);
             EXPECT_TRUE(isUp()) << which;
         }
         emit page->takesEnter(false);
-        key(field("Text1"), Qt::Key_Return);
+        keys(Qt::Key_Return);
         EXPECT_FALSE(isUp());
         EXPECT_EQ(setting("Options", "TVM Version"), "0");
     });
@@ -327,13 +284,12 @@ TEST_F(OptionsTest, TellsWhatTheStoreDidNotTake) {
     Store nowhere(file("file", "") + "/store.sqlite3");
     frmOptions dialog(
         {.store = nowhere, .styles = variables().Settings, .recentFiles = variables().RecentFiles});
-    dialog.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    show(dialog);
     answerMessage(QMessageBox::Ok);
-    QTest::mouseClick(dialog.findChild<QWidget*>("Done"), Qt::LeftButton);
+    press("Done");
     EXPECT_EQ(asked.back(), "The settings could not be stored.");
     EXPECT_EQ(lastIcon, QMessageBox::Warning);
-    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(isUp());
     EXPECT_EQ(variables().RecentFiles.MaxFileCount(), 4);
 }
 
@@ -343,15 +299,7 @@ TEST_F(OptionsTest, TheHostsFileTakesTheEditor) {
     const auto program = hostProgram(runningProgram(), host, qgetenv("PATH").toStdString());
     const std::string key = "TVM Data File Editor",
                       addOns = "[Addons]\r\n" + key + "=" + program.command + "\r\n",
-                      toolbar = addOns + "[Toolbits]\r\nspace1=|\r\n" + key + "=";
-    const std::tuple<const char*, const char*, std::string> rows[] = {
-        {"Command7", "did not contain an entry for KLT Editor in the Add-Ons menu", addOns},
-        {"Command7", "already contained an entry for KLT Editor in the Add-Ons menu", addOns},
-        {"Command8", "did not contain an entry for KLT Editor in the toolbar",
-         toolbar + program.command + "|" + program.bitmap + "\r\n"},
-        {"Command8", "already contained an entry for KLT Editor in the toolbar",
-         toolbar + "RunAddon(" + key + ")|" + program.bitmap + "\r\n"},
-    };
+                      toolbar = "[Toolbits]\r\nspace1=|\r\n" + key + "=";
     const auto click = [this](const char* button) {
         in([&] {
             answerMessage(QMessageBox::Ok);
@@ -369,12 +317,13 @@ TEST_F(OptionsTest, TheHostsFileTakesTheEditor) {
     EXPECT_EQ(lastIcon, QMessageBox::Warning);
     EXPECT_FALSE(std::filesystem::exists(home / "host"));
     file("host/TVM.INI", "");
-    for (const auto& [button, told, bytes] : rows) {
-        click(button);
-        EXPECT_THAT(asked.back(), HasSubstr(told));
-        EXPECT_EQ(lastIcon, QMessageBox::Information);
-        EXPECT_EQ(readBytes(host), bytes);
-    }
+    for (const auto& [button, place] : {std::pair("Command7", "Add-Ons menu"), {"Command8", "toolbar"}})
+        for (const std::string had : {"did not contain", "already contained"}) {
+            click(button);
+            EXPECT_THAT(asked.back(), HasSubstr(had + " an entry for KLT Editor in the " + place));
+            EXPECT_EQ(lastIcon, QMessageBox::Information);
+        }
+    EXPECT_EQ(readBytes(host), addOns + toolbar + "RunAddon(" + key + ")|" + program.bitmap + "\r\n");
     answerMessage(QMessageBox::Ok);
     tellHostResult(window(), host, kHostAddOns, {false, modINIStuff().IniFlush()});
     EXPECT_EQ(asked.back(), "[Section] and FileName Not Registered in Private.Ini!");
