@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QDialogButtonBox>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -13,7 +14,7 @@
 #include "settings/Catalogue.h"
 #include "settings/EditorFormat.h"
 #include "support/Desktop.h"
-#include "support/EditorFixture.h"
+#include "support/FormFixture.h"
 
 using namespace klt;
 using testing::ElementsAre;
@@ -30,7 +31,7 @@ Lines linesOf(const AuthorList& list) {
     return lines;
 }
 
-class OptionAuthorsTest : public EditorFixture {
+class OptionAuthorsTest : public FormFixture {
 protected:
     /// Makes the page anew, over three profiles, in a dialog that Enter and Escape would close.
     void load() {
@@ -38,24 +39,18 @@ protected:
                         readAuthorProfiles(store));
         dialog = std::make_unique<QDialog>();
         page = new AuthorsPage(services);
-        auto* done = new QPushButton;
         dialog->setLayout(new QVBoxLayout);
         dialog->layout()->addWidget(page);
-        dialog->layout()->addWidget(done);
-        done->setDefault(true);
-        QObject::connect(done, &QPushButton::clicked, dialog.get(), &QDialog::accept);
+        auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+        dialog->layout()->addWidget(buttons);
+        QObject::connect(buttons, &QDialogButtonBox::accepted, dialog.get(), &QDialog::accept);
         changed = std::make_unique<QSignalSpy>(page, &OptionsPage::changed);
         settled = std::make_unique<QSignalSpy>(page, &OptionsPage::settled);
         takesEnter = std::make_unique<QSignalSpy>(page, &OptionsPage::takesEnter);
-        dialog->show();
-        activate(*dialog);
-    }
-    template <typename Control>
-    Control& control(const char* name) {
-        return *page->findChild<Control*>(name);
+        show(*dialog);
     }
     QTableWidget& grid() { return control<QTableWidget>("vbAuthorList"); }
-    QLineEdit& edit() { return control<QLineEdit>("txtEdit"); }
+    QLineEdit& edit() { return field("txtEdit"); }
     void click(int row, int column) {
         const QRect cell = grid().visualItemRect(grid().item(row, column));
         QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, cell.center());
@@ -63,9 +58,6 @@ protected:
         EXPECT_EQ(edit().selectedText(), grid().item(row, column)->text());
         EXPECT_TRUE(takesEnter->back().front().toBool());
     }
-    static void key(Qt::Key which) { QTest::keyClick(QApplication::focusWidget(), which); }
-    static void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    void press(const char* button) { QTest::mouseClick(&control<QWidget>(button), Qt::LeftButton); }
     QMenu& popUp() {
         QTest::mouseClick(&edit(), Qt::RightButton);
         return dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
@@ -82,7 +74,8 @@ protected:
     }
     Lines stored() { return linesOf(readAuthorList(store)); }
 
-    const std::string ann = "Ann|a@x||", bob = "*Bob|b@x|b@y|", cid = "Cid|||";
+    const std::string ann = "Ann|a@x||", bob = "*Bob|b@x|b@y|", cid = "Cid|||", rob = "*Rob|b@x|b@y|",
+                      added = "New Author|||";
     CRegSettings styles = editorFormatSettings(store);
     OptionsServices services{.store = store, .styles = styles, .recentFiles = variables().RecentFiles};
     std::unique_ptr<QDialog> dialog;
@@ -96,35 +89,29 @@ TEST_F(OptionAuthorsTest, CellsAreEditedInPlace) {
         std::function<void()> edit;
         Lines shown;
     } const rows[] = {
-        {"Enter", [this] { click(0, 1), type("1"), key(Qt::Key_Return); }, {"Ann|1||", bob, cid}},
-        {"Escape", [this] { click(0, 1), type("1"), key(Qt::Key_Escape); }, {ann, bob, cid}},
-        {"Tab",
-         [this] {
-             click(0, 2), type("2"), key(Qt::Key_Tab);
-             type("3"), key(Qt::Key_Tab);
-             type("Rob"), key(Qt::Key_Enter);
-         },
-         {"Ann|a@x|2|3", "*Rob|b@x|b@y|", cid}},
+        {"Enter", [this] { click(0, 1), keys("1\r"); }, {"Ann|1||", bob, cid}},
+        {"Escape", [this] { click(0, 1), keys("1\x1b"); }, {ann, bob, cid}},
+        {"Tab", [this] { click(0, 2), keys("2\t3\tRob"), keys(Qt::Key_Enter); }, {"Ann|a@x|2|3", rob, cid}},
         {"another cell",
-         [this] { click(0, 1), type("1"), click(2, 0), key(Qt::Key_Escape); },
+         [this] { click(0, 1), keys("1"), click(2, 0), keys("\x1b"); },
          {"Ann|1||", bob, cid}},
-        {"the focus goes", [this] { click(0, 1), type("1"), grid().setFocus(); }, {"Ann|1||", bob, cid}},
+        {"the focus goes", [this] { click(0, 1), keys("1"), grid().setFocus(); }, {"Ann|1||", bob, cid}},
         {"keys alone",
          [this] {
              grid().setFocus();
-             for (const auto which : {Qt::Key_Down, Qt::Key_Right, Qt::Key_F2}) key(which);
-             type("1"), key(Qt::Key_Return);
+             for (const auto which : {Qt::Key_Down, Qt::Key_Right, Qt::Key_F2}) keys(which);
+             keys("1\r");
          },
          {ann, "*Bob|1|b@y|", cid}},
-        {"stored meanwhile", [this] { click(0, 1), type("1"), page->save(); }, {"Ann|1||", bob, cid}},
+        {"stored meanwhile", [this] { click(0, 1), keys("1"), page->save(); }, {"Ann|1||", bob, cid}},
         {"a popup is opened, and another one used",
          [this] {
-             click(0, 1), type("1");
+             click(0, 1), keys("1");
              QTest::keyClick(&popUp(), Qt::Key_Escape);
-             type("2");
+             keys("2");
              EXPECT_EQ(edit().text(), "12");
              QTest::keyClick(&popUp(), Qt::Key_S);
-             type("3"), key(Qt::Key_Return);
+             keys("3\r");
          },
          {"Ann|3||", bob, cid}},
     };
@@ -144,9 +131,9 @@ TEST_F(OptionAuthorsTest, CellsAreEditedInPlace) {
 
 TEST_F(OptionAuthorsTest, AChangeIsToldAsSoonAsOneTypes) {
     load();
-    for (const auto end : {Qt::Key_Return, Qt::Key_Escape}) click(0, 1), key(end);
+    for (const auto* end : {"\r", "\x1b"}) click(0, 1), keys(end);
     EXPECT_EQ(changed->count(), 0);
-    click(0, 1), type("x");
+    click(0, 1), keys("x");
     EXPECT_EQ(changed->count(), 1);
 }
 
@@ -156,25 +143,25 @@ TEST_F(OptionAuthorsTest, ButtonsChangeRowsAndSavingNumbersThemAnew) {
         std::function<void()> change;
         Lines stored;
     } const rows[] = {
-        {"add more",
-         [this] { press("Command1"), type("Dan"), press("Command1"); },
-         {ann, bob, cid, "Dan|||", "New Author|||"}},
+        {"add",
+         [this] { press("Command1"), keys("Dan"), press("Command1"); },
+         {ann, bob, cid, "Dan|||", added}},
         {"no name",
-         [this] { click(0, 0), key(Qt::Key_Delete), press("Command1"); },
-         {"|a@x||", bob, cid, "New Author|||"}},
+         [this] { click(0, 0), keys(Qt::Key_Delete), press("Command1"); },
+         {"|a@x||", bob, cid, added}},
         {"delete", [this] { click(0, 2), press("Command2"); }, {bob, cid}},
         {"delete the default", [this] { click(1, 0), press("Command2"); }, {ann, cid}},
         {"delete by keys, and edit on",
          [this] {
-             grid().setFocus(), key(Qt::Key_F2), type("x");
+             grid().setFocus(), keys(Qt::Key_F2), keys("x");
              QSignalSpy clicked(&control<QPushButton>("Command2"), &QPushButton::clicked);
              QTest::keyClick(dialog.get(), Qt::Key_E, Qt::AltModifier);
              EXPECT_TRUE(clicked.wait());
-             key(Qt::Key_F2), type("Rob"), key(Qt::Key_Return);
+             keys(Qt::Key_F2), keys("Rob\r");
          },
-         {"*Rob|b@x|b@y|", cid}},
+         {rob, cid}},
         {"another default",
-         [this] { click(0, 1), type("1"), press("Command5"); },
+         [this] { click(0, 1), keys("1"), press("Command5"); },
          {"*Ann|1||", bob.substr(1), cid}},
     };
     for (const auto& row : rows) {
@@ -240,7 +227,7 @@ TEST_F(OptionAuthorsTest, SavingTakesInWhatOthersStoredMeanwhile) {
     load();
     writeAuthorProfile(store, 3, {"Dan", {}});
     writeSetting(store, settings::kAuthorCount, 4);
-    click(0, 1), type("1");
+    click(0, 1), keys("1");
     EXPECT_TRUE(page->save());
     EXPECT_EQ(shown(), Lines({"Ann|1||", bob, cid, "Dan|||"}));
     EXPECT_EQ(stored(), shown());
@@ -256,18 +243,17 @@ TEST_F(OptionAuthorsTest, ThePopupMailsToAnAddress) {
          {std::pair("a@example.org?cc=b@example.org", "mailto:a@example.org%3Fcc=b@example.org"),
           {"nobody", ""}}) {
         SCOPED_TRACE(text);
-        click(2, 3), type(text);
+        click(2, 3), keys(text);
         QMenu& menu = popUp();
         QStringList captions;
         for (const auto* item : menu.actions()) captions += item->text().section('\t', 0, 0);
-        const QStringList plain = {"&Undo",   "", "&Cut",        "C&opy", "&Paste",
-                                   "&Delete", "", "&Select All", "",      "&Help"};
-        EXPECT_EQ(captions, *address == '\0' ? plain : plain + QStringList("&Mail to"));
+        const QString plain = "&Undo||&Cut|C&opy|&Paste|&Delete||&Select All||&Help";
+        EXPECT_EQ(captions.join('|'), *address == '\0' ? plain : plain + "|&Mail to");
         EXPECT_EQ(menu.objectName(), *address == '\0' ? "SingleItemRTFPopup" : "MailToRTFPopup");
         QTest::keyClick(&menu, Qt::Key_M);
         menu.close();
         EXPECT_EQ(desktop.opened(), address);
-        key(Qt::Key_Escape);
+        keys("\x1b");
     }
 }
 

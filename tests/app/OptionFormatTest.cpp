@@ -7,7 +7,7 @@
 #include "app/commands/Commands.h"
 #include "app/options/FormatPage.h"
 #include "settings/EditorFormat.h"
-#include "support/EditorFixture.h"
+#include "support/FormFixture.h"
 #include "ui/Combo.h"
 #include "ui/StyleTable.h"
 
@@ -15,25 +15,11 @@ using namespace klt;
 
 namespace {
 
-class OptionFormatTest : public EditorFixture {
+class OptionFormatTest : public FormFixture {
 protected:
-    OptionFormatTest() {
-        form.show();
-        activate(form);
-    }
-    template <typename Control>
-    Control& control(const char* name) {
-        return *form.findChild<Control*>(name);
-    }
+    OptionFormatTest() { show(page); }
     QListWidget& rows() { return control<QListWidget>("vbCodeColors"); }
     QComboBox& colours() { return control<QComboBox>("excmbColor"); }
-    QCheckBox& effect(int index) {
-        return control<QCheckBox>(("chkEffects(" + std::to_string(index) + ")").c_str());
-    }
-    void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
-    void clickBox(int index) {
-        QTest::mouseClick(&effect(index), Qt::LeftButton, {}, {8, effect(index).height() / 2});
-    }
     void choose(int row) {
         rows().scrollToItem(rows().item(row));
         QTest::mouseClick(rows().viewport(), Qt::LeftButton, {},
@@ -45,10 +31,10 @@ protected:
         const QColor ink = sample.palette().color(sample.foregroundRole());
         const Rgb rgb = ColourIndexToRgb(colours().currentIndex());
         EXPECT_EQ(ink, QColor(rgb.red, rgb.green, rgb.blue));
-        EXPECT_EQ(sample.font().bold(), effect(0).isChecked());
-        EXPECT_EQ(sample.font().italic(), effect(1).isChecked());
-        return colours().currentText().toStdString() + (effect(0).isChecked() ? " bold" : "") +
-               (effect(1).isChecked() ? " italic" : "");
+        const bool bold = sample.font().bold(), italic = sample.font().italic();
+        EXPECT_EQ(bold, control<QCheckBox>("chkEffects(0)").isChecked());
+        EXPECT_EQ(italic, control<QCheckBox>("chkEffects(1)").isChecked());
+        return colours().currentText().toStdString() + (bold ? " bold" : "") + (italic ? " italic" : "");
     }
     std::string stored(const char* category) {
         std::string all;
@@ -59,14 +45,13 @@ protected:
 
     CRegSettings styles = editorFormatSettings(store);
     OptionsServices services{store, styles, variables().RecentFiles};
-    FormatPage form{services};
+    FormatPage page{services};
 };
 
 TEST_F(OptionFormatTest, EachCategoryIsShownAsItIsStored) {
     ASSERT_EQ(rows().count(), 13);
     ASSERT_EQ(colours().count(), 19);
-    EXPECT_EQ(colours().itemText(0), "00");
-    EXPECT_EQ(colours().itemText(18), "18");
+    EXPECT_EQ(colours().itemText(0) + colours().itemText(18), "0018");
     EXPECT_EQ(rows().currentRow(), 0);
     for (int row = 0; row < 13; ++row) {
         choose(row);
@@ -85,9 +70,8 @@ TEST_F(OptionFormatTest, EachCategoryIsShownAsItIsStored) {
         {"", "", "", "02"},
     };
     for (const auto& [colour, bold, italic, wanted] : stored) {
-        styles.SaveSetting("Comments", "Color", colour);
-        styles.SaveSetting("Comments", "Bold", bold);
-        styles.SaveSetting("Comments", "Italic", italic);
+        for (const auto& [key, value] : {std::pair("Color", colour), {"Bold", bold}, {"Italic", italic}})
+            styles.SaveSetting("Comments", key, value);
         choose(0);
         choose(5);
         EXPECT_EQ(shown(), wanted);
@@ -95,14 +79,14 @@ TEST_F(OptionFormatTest, EachCategoryIsShownAsItIsStored) {
 }
 
 TEST_F(OptionFormatTest, ChangesAreStoredAtOnceAndTakenBackByAButton) {
-    QSignalSpy changed(&form, &OptionsPage::changed);
+    QSignalSpy changed(&page, &OptionsPage::changed);
     choose(7);
     EXPECT_EQ(stored("Sections"), "- - -");
-    clickBox(0);
+    press("chkEffects(0)");
     EXPECT_EQ(stored("Sections"), "- True -");
-    QTest::keyClick(&form, Qt::Key_I, Qt::AltModifier);
+    QTest::keyClick(&page, Qt::Key_I, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return stored("Sections") == "- True True"; }));
-    clickBox(0);
+    press("chkEffects(0)");
     colours().setFocus();
     QTest::keyClick(&colours(), Qt::Key_Up);
     EXPECT_EQ(stored("Sections"), "16 False True");
@@ -111,7 +95,7 @@ TEST_F(OptionFormatTest, ChangesAreStoredAtOnceAndTakenBackByAButton) {
     EXPECT_EQ(shown(), "13");
     EXPECT_EQ(stored("SubSections"), "- - -");
     QTest::keyClick(&rows(), Qt::Key_Up);
-    click(control<QWidget>("Command9"));
+    press("Command9");
     EXPECT_EQ(stored("Sections"), "- - -");
     EXPECT_EQ(shown(), "17");
     EXPECT_EQ(changed.count(), 0) << "nothing is left for a button of the dialog";
@@ -126,7 +110,7 @@ TEST_F(OptionFormatTest, DocumentsShowItAtTheirNextPass) {
     };
     EXPECT_EQ(ink(), 0xFF8000);
     choose(7);
-    clickBox(0);
+    press("chkEffects(0)");
     colours().setFocus();
     QTest::keyClick(&colours(), Qt::Key_Home);
     EXPECT_EQ(stored("Sections"), "0 True -");
@@ -138,13 +122,12 @@ TEST_F(OptionFormatTest, DocumentsShowItAtTheirNextPass) {
 TEST_F(OptionFormatTest, AStoreThatTakesNothingIsToldAndShownAsItIs) {
     Store broken("/dev/null/store.sqlite3");
     CRegSettings none = editorFormatSettings(broken);
-    FormatPage page({broken, none, variables().RecentFiles});
-    page.show();
-    auto& bold = *page.findChild<QCheckBox*>("chkEffects(0)");
+    FormatPage unstored({broken, none, variables().RecentFiles});
+    show(unstored);
     answerMessage(QMessageBox::Ok);
-    QTest::mouseClick(&bold, Qt::LeftButton, {}, {8, bold.height() / 2});
+    press("chkEffects(0)");
     EXPECT_THAT(asked, testing::ElementsAre("The settings could not be stored."));
-    EXPECT_FALSE(bold.isChecked());
+    EXPECT_FALSE(control<QCheckBox>("chkEffects(0)").isChecked());
 }
 
 }  // namespace

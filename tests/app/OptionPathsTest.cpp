@@ -4,15 +4,14 @@
 #include <QListWidget>
 #include <QSignalSpy>
 #include <QTabBar>
-#include <condition_variable>
-#include <mutex>
+#include <semaphore>
 
 #include "app/DataFilesFolder.h"
 #include "app/options/FolderTree.h"
 #include "app/options/PathsPage.h"
 #include "settings/Catalogue.h"
 #include "settings/EditorFormat.h"
-#include "support/EditorFixture.h"
+#include "support/FormFixture.h"
 
 using namespace klt;
 using testing::ElementsAre;
@@ -21,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class OptionPathsTest : public EditorFixture {
+class OptionPathsTest : public FormFixture {
 protected:
     OptionPathsTest() {
         for (const auto* name : {"data/a.klt", "data/B.KLT", "data/c.txt", "data/sub/d.klt", "tvm/Tvm.Ini",
@@ -36,21 +35,13 @@ protected:
     void load() {
         page = std::make_unique<PathsPage>(services, nullptr, std::vector{std::string("/"), root + "/disk"});
         changed = std::make_unique<QSignalSpy>(page.get(), &OptionsPage::changed);
-        page->show();
-        activate(*page);
-    }
-    template <typename Control>
-    Control& control(const char* name) {
-        return *page->findChild<Control*>(name);
+        show(*page);
     }
     FolderTree& tree() { return control<FolderTree>("Dir1"); }
-    QLineEdit& field() { return control<QLineEdit>("FullPath"); }
     std::string note() { return control<QLabel>("lblNote").text().toStdString(); }
     void type(const std::string& path, Qt::Key end = Qt::Key_Return) {
-        field().setFocus();
-        field().selectAll();
-        QTest::keyClicks(&field(), QString::fromStdString(path));
-        QTest::keyClick(&field(), end);
+        enter("FullPath", path.c_str());
+        keys(end);
     }
     void clickTab(int index) {
         auto& tabs = control<QTabBar>("vbTabControl2");
@@ -72,14 +63,13 @@ protected:
     std::string shown(const std::string& folder, const std::vector<std::string>& files) {
         const auto listed = [this] {
             std::vector<std::string> names;
-            const auto& list = control<QListWidget>("File1");
-            for (int row = 0; row < list.count(); ++row)
-                names.push_back(list.item(row)->text().toStdString());
+            for (const auto* item : control<QListWidget>("File1").findItems("*", Qt::MatchWildcard))
+                names.push_back(item->text().toStdString());
             return names;
         };
         EXPECT_TRUE(QTest::qWaitFor([&] { return tree().path() == root + folder && listed() == files; }))
             << tree().path() << " " << testing::PrintToString(listed());
-        return field().text().toStdString().substr(root.size());
+        return text("FullPath").substr(root.size());
     }
     std::string dataFiles() { return setting("KLTEditor", "Data Files Path"); }
     std::string host() { return setting("Options", "TVMINIPath"); }
@@ -96,9 +86,7 @@ protected:
 };
 
 TEST_F(OptionPathsTest, EachControlLeadsToAFolderThatIsStored) {
-    const auto select = [this](const char* control, int key) {
-        QTest::keyClick(page->findChild<QWidget*>(control), static_cast<Qt::Key>(key));
-    };
+    const auto select = [this](const char* name, Qt::Key key) { QTest::keyClick(&control(name), key); };
     fs::create_directories(home / ".wine/dosdevices");
     fs::create_symlink(root, home / ".wine/dosdevices/x:");
     struct Row {
@@ -124,10 +112,7 @@ TEST_F(OptionPathsTest, EachControlLeadsToAFolderThatIsStored) {
         {"a path from here", [&] { type(" ../marked"); }, "/marked", {"f.klt"}},
         {"a path of Windows programs", [&] { type(R"(X:\data\sub)"); }, "/data/sub", {"d.klt"}},
         {"a path without Enter",
-         [&] {
-             type(root + "/disk", Qt::Key_Home);
-             page->save();
-         },
+         [&] { type(root + "/disk", Qt::Key_Home), page->save(); },
          "/disk",
          {"e.klt"}},
     };
@@ -155,9 +140,8 @@ TEST_F(OptionPathsTest, APathThatIsNoFolderIsToldInPlace) {
         EXPECT_EQ(note(), "There is no such folder.") << typed;
         EXPECT_FALSE(page->save()) << typed;
         EXPECT_EQ(dataFiles(), root + "/data");
-        QTest::keyClick(&field(), Qt::Key_Escape);
-        EXPECT_EQ(field().text().toStdString(), root + "/data");
-        EXPECT_EQ(note(), "");
+        keys(Qt::Key_Escape);
+        EXPECT_EQ(text("FullPath") + note(), root + "/data");
         type(root + typed + "x", Qt::Key_End);
         page->hide();
         EXPECT_TRUE(page->save()) << "what nobody sees is dropped";
@@ -179,8 +163,7 @@ TEST_F(OptionPathsTest, TheInnerTabAsksAboutWhatHasChanged) {
         std::string dataFiles, host;
     } const rows[] = {
         {"nothing has changed", 0, [] {}, QMessageBox::NoButton, "/data", "/tvm"},
-        {"there and back", 0, [&] { type("~/disk"), type("~/data"); }, QMessageBox::NoButton, "/data",
-         "/tvm"},
+        {"and back", 0, [&] { type("~/disk"), type("~/data"); }, QMessageBox::NoButton, "/data", "/tvm"},
         {"yes", 0, [&] { type("~/disk"); }, QMessageBox::Yes, "/disk", "/tvm"},
         {"no", 0, [&] { type("~/disk"); }, QMessageBox::No, "/data", "/tvm"},
         {"no Enter", 0, [&] { type("~/disk", Qt::Key_End); }, QMessageBox::Yes, "/disk", "/tvm"},
@@ -195,16 +178,14 @@ TEST_F(OptionPathsTest, TheInnerTabAsksAboutWhatHasChanged) {
         row.change();
         asked.clear(), initialFolders.clear();
         QSignalSpy settled(page.get(), &OptionsPage::settled);
-        const bool isAsked = row.answer != QMessageBox::NoButton;
-        if (isAsked) answerMessage(row.answer);
-        clickTab(1 - row.from);
-        if (isAsked) {
-            EXPECT_THAT(asked, ElementsAre(row.from == 1
-                                               ? "Do you wish to save the changes to the TVM.INI Path?"
-                                               : "Do you wish to save the changes to the Data Files Path?"));
-        } else {
-            EXPECT_THAT(asked, IsEmpty()) << row.name;
+        std::vector<std::string> questions;
+        if (row.answer != QMessageBox::NoButton) {
+            answerMessage(row.answer);
+            questions = {std::string("Do you wish to save the changes to the ") +
+                         (row.from == 1 ? "TVM.INI Path?" : "Data Files Path?")};
         }
+        clickTab(1 - row.from);
+        EXPECT_EQ(asked, questions) << row.name;
         EXPECT_EQ(settled.count(), 1) << row.name;
         EXPECT_EQ(dataFiles(), root + row.dataFiles) << row.name;
         EXPECT_EQ(host(), root + row.host) << row.name;
@@ -214,31 +195,26 @@ TEST_F(OptionPathsTest, TheInnerTabAsksAboutWhatHasChanged) {
 }
 
 TEST_F(OptionPathsTest, AHostFolderWhereTheViewBeginsIsNoChoice) {
-    struct Row {
-        const char* name;
-        bool hasFile;
-        std::function<void()> choose;
-        std::string stored;
-    } const rows[] = {
-        {"home", false, [] {}, "(none)"},
-        {"home, chosen", false, [&] { clickPlace("Home"); }, root},
-        {"home, clicked in the tree", false, [&] { clickRow(tree().currentItem()); }, root},
-        {"the host's folder", true, [] {}, root + "/.tvm"},
-    };
-    for (const auto& row : rows) {
+    const auto expect = [this](const char* name, const std::string& stored,
+                               const std::function<void()>& choose) {
+        SCOPED_TRACE(name);
         removeSetting(store, settings::kTvmIniPath);
-        if (row.hasFile) file(".tvm/tvm.ini", "");
-        const auto begins = row.hasFile ? "/.tvm" : "";
         load();
         clickTab(1);
-        shown(begins, row.hasFile ? std::vector<std::string>{"tvm.ini"} : std::vector<std::string>{});
-        row.choose();
-        EXPECT_EQ(changed->count() > 0, row.stored == root) << row.name;
+        const bool isHost = fs::exists(home / ".tvm");
+        shown(isHost ? "/.tvm" : "", std::vector<std::string>(isHost ? 1 : 0, "tvm.ini"));
+        choose();
+        EXPECT_EQ(changed->count() > 0, stored == root);
         EXPECT_TRUE(page->save());
-        EXPECT_EQ(host(), row.stored) << row.name;
+        EXPECT_EQ(host(), stored);
         clickTab(0);
-        EXPECT_THAT(asked, IsEmpty()) << row.name;
-    }
+        EXPECT_THAT(asked, IsEmpty());
+    };
+    expect("home", "(none)", [] {});
+    expect("home, chosen", root, [&] { clickPlace("Home"); });
+    expect("home, clicked in the tree", root, [&] { clickRow(tree().currentItem()); });
+    file(".tvm/tvm.ini", "");
+    expect("the host's folder", root + "/.tvm", [] {});
 }
 
 TEST_F(OptionPathsTest, WithoutAHostTheDataFilesAreLeft) {
@@ -253,8 +229,7 @@ TEST_F(OptionPathsTest, WithoutAHostTheDataFilesAreLeft) {
     EXPECT_EQ(host(), "(none)");
     EXPECT_EQ(settled.count(), 0);
     type(root + "/disk");
-    page->showHost(false);
-    page->showHost(true);
+    for (const bool is22 : {false, true}) page->showHost(is22);
     EXPECT_TRUE(tabs.isVisible());
     EXPECT_EQ(tabs.currentIndex(), 0);
     EXPECT_EQ(shown("/disk", {"e.klt"}), "/disk") << "a choice on the first tab stays";
@@ -277,36 +252,29 @@ TEST_F(OptionPathsTest, DataFilesHaveAFolderByDefault) {
 }
 
 TEST(FolderTree, GoesOnBesideAFolderThatDoesNotAnswer) {
-    std::mutex mutex;
-    std::condition_variable answers;
-    bool isAnswering = false;
-    int ended = 0;
-    const auto list = [&](const std::string& folder, const auto& found) {
-        std::unique_lock lock(mutex);
-        if (folder == "/dead") answers.wait(lock, [&] { return isAnswering; });
-        lock.unlock();
+    static std::counting_semaphore<> answers{0}, ended{0};
+    const auto list = [](const std::string& folder, const auto& found) {
+        if (folder == "/dead") answers.acquire();
         if (folder == "/locked")
             found({{}, {}, true, "Permission denied"});
         else
             found({{"a", "dead", "locked"}, {}, true, {}});
-        lock.lock();
-        ++ended;
-        answers.notify_all();
+        ended.release();
     };
     {
         FolderReader reader(list);
         FolderTree shown(reader);
-        shown.goTo("/dead/a");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return shown.path() == "/dead"; }));
-        shown.goTo("/a/a/a");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return shown.path() == "/a/a/a"; }));
-        shown.goTo("/locked/a");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return shown.path() == "/locked/a"; })) << "it may be open below";
+        const auto expect = [&shown](const std::string& to, const std::string& path) {
+            shown.goTo(to);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return shown.path() == path; })) << to;
+        };
+        expect("/dead/a", "/dead");
+        expect("/a/a/a", "/a/a/a");
+        // It may be open below.
+        expect("/locked/a", "/locked/a");
     }
-    std::unique_lock lock(mutex);
-    isAnswering = true;
-    answers.notify_all();
-    EXPECT_TRUE(answers.wait_for(lock, std::chrono::seconds(30), [&] { return ended == 5; }));
+    answers.release();
+    for (int i = 0; i < 5; ++i) EXPECT_TRUE(ended.try_acquire_for(std::chrono::seconds(30)));
 }
 
 }  // namespace
