@@ -1,12 +1,11 @@
 #include "settings/AuthorProfiles.h"
 
 #include <algorithm>
-#include <filesystem>
+#include <future>
 #include <thread>
 
 #include "settings/Catalogue.h"
 #include "settings/MakerProfile.h"
-#include "support/ChildProcess.h"
 #include "support/StoreFixture.h"
 
 using namespace klt;
@@ -42,23 +41,18 @@ TEST_F(AuthorProfilesTest, SeedsOnceAndAgainAfterAReset) {
     EXPECT_EQ(readAuthorProfiles(store_), stock);
 }
 
-TEST_F(AuthorProfilesTest, SeedsNothingOverWhatAnotherProcessHasSeeded) {
-    const auto waitALittle = [] { std::this_thread::sleep_for(std::chrono::milliseconds(20)); };
-    const auto begun = folder_ / "begun";
-    const ChildProcess late([&](const ChildProcess::Report& report) {
-        while (!std::filesystem::exists(begun)) waitALittle();
-        Store store(path_);
-        report(seedAuthorProfilesOnce(store) ? "seeded" : "refused");
-    });
+TEST_F(AuthorProfilesTest, SeedsNothingOverWhatAnotherEditorHasSeeded) {
     const AuthorProfile mine{"Me", {}};
+    Store other(path_);
+    std::future<bool> late;
     EXPECT_TRUE(store_.together([&] {
-        writeBytes(begun, "");
         EXPECT_TRUE(seedAuthorProfilesOnce(store_));
+        late = std::async(std::launch::async, [&] { return seedAuthorProfilesOnce(other); });
         // The other one asks meanwhile, and waits until it may write.
-        for (int i = 0; i < 5; ++i) waitALittle();
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
         return writeAuthorProfile(store_, 0, mine);
     }));
-    EXPECT_EQ(late.nextReport(), "seeded");
+    EXPECT_TRUE(late.get());
     EXPECT_EQ(readAuthorProfile(store_, 0), mine);
 }
 
