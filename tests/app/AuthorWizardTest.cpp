@@ -208,6 +208,10 @@ TEST_F(AuthorWizardTest, NamesTheFileOfTheNextSave) {
         EXPECT_THAT(readBytes(wanted), HasSubstr("[Author]"));
         EXPECT_FALSE(document.Modified());
     }
+    const auto odd = file("a\xFF.klt", kHead);
+    open(odd);
+    inWizard("\r");
+    EXPECT_EQ(active().Caption(), odd) << "what can't be shown is no new name";
 }
 
 TEST_F(AuthorWizardTest, AsksWhereANameIsTaken) {
