@@ -20,11 +20,7 @@ protected:
     OptionFormatTest() { show(page); }
     QListWidget& rows() { return control<QListWidget>("vbCodeColors"); }
     QComboBox& colours() { return control<QComboBox>("excmbColor"); }
-    void choose(int row) {
-        rows().scrollToItem(rows().item(row));
-        QTest::mouseClick(rows().viewport(), Qt::LeftButton, {},
-                          rows().visualItemRect(rows().item(row)).center());
-    }
+    void choose(int row) { pressItem(rows(), rows().item(row)); }
     /// What the page shows: colour, bold, italic, and the sample's ink if it is not the same.
     std::string shown() {
         const auto& sample = control<QLabel>("Label5");

@@ -47,17 +47,9 @@ protected:
         auto& tabs = control<QTabBar>("vbTabControl2");
         QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(index).center());
     }
-    void clickRow(QTreeWidgetItem* item) {
-        tree().scrollToItem(item);
-        // A row may be wider than what is in view.
-        const QRect inView = tree().visualItemRect(item) & tree().viewport()->rect();
-        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, inView.center());
-    }
-    void clickPlace(const char* name) {
+    void pressPlace(const char* name) {
         auto& list = control<QListWidget>("Places");
-        const auto found = list.findItems(name, Qt::MatchExactly);
-        ASSERT_EQ(found.size(), 1);
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(found.front()).center());
+        pressItem(list, list.findItems(name, Qt::MatchExactly).front());
     }
     /// Waits for the tree and the files; the folder as all show it, below the scratch folder.
     std::string shown(const std::string& folder, const std::vector<std::string>& files) {
@@ -100,12 +92,12 @@ TEST_F(OptionPathsTest, EachControlLeadsToAFolderThatIsStored) {
          [&] {
              select("Dir1", Qt::Key_Right);
              ASSERT_TRUE(QTest::qWaitFor([this] { return tree().currentItem()->childCount() == 1; }));
-             clickRow(tree().currentItem()->child(0));
+             pressItem(tree(), tree().currentItem()->child(0));
          },
          "/data/sub",
          {"d.klt"}},
-        {"home", [&] { clickPlace("Home"); }, "", {}},
-        {"a bookmark", [&] { clickPlace("Mine"); }, "/marked", {"f.klt"}},
+        {"home", [&] { pressPlace("Home"); }, "", {}},
+        {"a bookmark", [&] { pressPlace("Mine"); }, "/marked", {"f.klt"}},
         {"the next drive", [&] { select("Drive1", Qt::Key_Down); }, "/disk", {"e.klt"}},
         {"a path", [&] { type(root + "//disk/"); }, "/disk", {"e.klt"}},
         {"a path from home", [&] { type("~/.hidden"); }, "/.hidden", {"g.klt"}},
@@ -150,7 +142,7 @@ TEST_F(OptionPathsTest, APathThatIsNoFolderIsToldInPlace) {
     load();
     EXPECT_EQ(shown("/data", {}), "/data/gone/away") << "the view is as close as it can be";
     EXPECT_TRUE(QTest::qWaitFor([this] { return note() == "No such file or directory"; }));
-    clickRow(tree().currentItem());
+    pressItem(tree(), tree().currentItem());
     EXPECT_EQ(shown("/data", {"a.klt", "B.KLT"}), "/data");
 }
 
@@ -211,8 +203,8 @@ TEST_F(OptionPathsTest, AHostFolderWhereTheViewBeginsIsNoChoice) {
         EXPECT_THAT(asked, IsEmpty());
     };
     expect("home", "(none)", [] {});
-    expect("home, chosen", root, [&] { clickPlace("Home"); });
-    expect("home, clicked in the tree", root, [&] { clickRow(tree().currentItem()); });
+    expect("home, chosen", root, [&] { pressPlace("Home"); });
+    expect("home, clicked in the tree", root, [&] { pressItem(tree(), tree().currentItem()); });
     file(".tvm/tvm.ini", "");
     expect("the host's folder", root + "/.tvm", [] {});
 }

@@ -41,6 +41,13 @@ protected:
         auto& pressed = control(name);
         QTest::mouseClick(&pressed, Qt::LeftButton, {}, {8, pressed.height() / 2});
     }
+    /// An item of a list, a tree or a table, of which not all may be in view.
+    template <typename View, typename Item>
+    static void pressItem(View& view, Item* item) {
+        view.scrollToItem(item);
+        const QRect inView = view.visualItemRect(item) & view.viewport()->rect();
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, inView.center());
+    }
     /// Types into what has the focus: "\t" goes on to the next, "\r" is Enter, "\x1b" Escape.
     void keys(const char* typed) {
         for (; *typed != '\0'; ++typed) QTest::keyClick(form_->window()->focusWidget(), *typed);
