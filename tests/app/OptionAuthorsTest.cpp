@@ -17,7 +17,6 @@
 #include "support/FormFixture.h"
 
 using namespace klt;
-using testing::ElementsAre;
 
 namespace {
 

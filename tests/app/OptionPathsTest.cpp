@@ -166,7 +166,7 @@ TEST_F(OptionPathsTest, TheInnerTabAsksAboutWhatHasChanged) {
         writeSetting(store, settings::kDataFilesPath, root + "/data");
         writeSetting(store, settings::kTvmIniPath, root + "/tvm");
         load();
-        if (row.from == 1) clickTab(1);
+        clickTab(row.from);
         row.change();
         asked.clear(), initialFolders.clear();
         QSignalSpy settled(page.get(), &OptionsPage::settled);
@@ -193,8 +193,10 @@ TEST_F(OptionPathsTest, AHostFolderWhereTheViewBeginsIsNoChoice) {
         removeSetting(store, settings::kTvmIniPath);
         load();
         clickTab(1);
-        const bool isHost = fs::exists(home / ".tvm");
-        shown(isHost ? "/.tvm" : "", std::vector<std::string>(isHost ? 1 : 0, "tvm.ini"));
+        if (fs::exists(home / ".tvm"))
+            shown("/.tvm", {"tvm.ini"});
+        else
+            shown("", {});
         choose();
         EXPECT_EQ(changed->count() > 0, stored == root);
         EXPECT_TRUE(page->save());

@@ -24,10 +24,6 @@ protected:
             if (isUp()) QTest::keyClick(form_, Qt::Key_Escape);
         });
     }
-    template <typename Form>
-    Form& form() {
-        return dynamic_cast<Form&>(*form_);
-    }
     bool isUp() const { return form_ && form_->isVisible(); }
     template <typename Control = QWidget>
     Control& control(const char* name) {
