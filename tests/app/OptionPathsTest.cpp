@@ -97,6 +97,14 @@ TEST_F(OptionPathsTest, EachControlLeadsToAFolderThatIsStored) {
          "/data/sub",
          {"d.klt"}},
         {"home", [&] { pressPlace("Home"); }, "", {}},
+        {"the first place, by key",
+         [&] {
+             control("Places").setFocus(Qt::TabFocusReason);
+             EXPECT_EQ(changed->count(), 0) << "the focus chooses nothing";
+             select("Places", Qt::Key_Down);
+         },
+         "",
+         {}},
         {"a bookmark", [&] { pressPlace("Mine"); }, "/marked", {"f.klt"}},
         {"the next drive", [&] { select("Drive1", Qt::Key_Down); }, "/disk", {"e.klt"}},
         {"a path", [&] { type(root + "//disk/"); }, "/disk", {"e.klt"}},
