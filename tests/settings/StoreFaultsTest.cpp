@@ -5,6 +5,7 @@
 #include <random>
 #include <thread>
 
+#include "settings/AuthorProfiles.h"
 #include "settings/Catalogue.h"
 #include "support/OrdinaryUser.h"
 #include "support/StoreFixture.h"
@@ -246,6 +247,22 @@ TEST_F(StoreKillTest, ResetsAllOrNothing) {
         whole += isKept;
     }
     EXPECT_THAT(whole, testing::AllOf(testing::Gt(0), testing::Lt(100)));
+}
+
+TEST_F(StoreKillTest, StoresAuthorsAllOrNothing) {
+    const AuthorList lists[] = {{{{"Ann", {"a", "", ""}}, {"Bob", {}}}, 0}, {{{"Cid", {"c", "d", "e"}}}, -1}};
+    for (int round = 0; round < 40; ++round) {
+        ChildProcess child([&](const ChildProcess::Report& report) {
+            Store store(path_);
+            for (int turn = 0;; ++turn)
+                if (storeAuthorList(store, lists[turn % 2], readAuthorList(store).profiles)) report("stored");
+        });
+        EXPECT_EQ(child.nextReport(), "stored");
+        std::this_thread::sleep_for(std::chrono::microseconds(random_() % 2'000));
+        child.kill();
+        Store store(path_);
+        EXPECT_THAT(lists, testing::Contains(readAuthorList(store))) << round;
+    }
 }
 
 TEST_F(StoreKillTest, KeepsWhatWasSaved) {
