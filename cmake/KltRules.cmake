@@ -7,8 +7,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    # Without these it would leave out whatever is compiled with a precompiled header.
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+    # It would leave out whatever is compiled with a precompiled header, and read every file twice.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_DEPEND=1 CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
 # There are some hundred programs to link, which the default linker takes three times as long for.

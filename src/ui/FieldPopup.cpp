@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
@@ -156,6 +157,8 @@ public:
 
     bool eventFilter(QObject* receiver, QEvent* event) override {
         // Others come also while the field is being destroyed.
+        if (event->type() == QEvent::KeyPress)
+            return isPopupChord(static_cast<QKeyEvent&>(*event)) && showBelow();
         if (event->type() != QEvent::ContextMenu && event->type() != QEvent::MouseButtonRelease) return false;
         if (event->type() == QEvent::ContextMenu) {
             const auto& wish = static_cast<QContextMenuEvent&>(*event);
@@ -171,6 +174,14 @@ public:
     }
 
 private:
+    /// The menu key makes an event of its own; this chord makes none on every desktop.
+    static bool isPopupChord(const QKeyEvent& press) {
+        return press.key() == Qt::Key_F10 && press.modifiers() == Qt::ShiftModifier;
+    }
+    bool showBelow() {
+        show(edit_.mapToGlobal(edit_.rect().bottomLeft()));
+        return true;
+    }
     void show(QPoint global) {
         Face face = faceOf(edit_);
         if (mailTo_ && edit_.text().contains('@')) face.mailTo = [this] { mailTo_(edit_.text()); };

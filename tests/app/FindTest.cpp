@@ -190,10 +190,15 @@ TEST_F(FindTest, ReplacesInTheOtherShape) {
         EXPECT_EQ(textOf(active()), text);
     }
 
-    QTest::mouseClick(combo("Combo2").lineEdit(), Qt::RightButton);
-    auto* popup = QApplication::activePopupWidget();
-    ASSERT_TRUE(popup != nullptr && popup->objectName() == "SingleItemRTFPopup");
-    popup->close();
+    const std::function<void()> wishes[] = {
+        [this] { QTest::mouseClick(combo("Combo2").lineEdit(), Qt::RightButton); },
+        [this] { QTest::keyClick(&combo("Combo2"), Qt::Key_F10, kShift); }};
+    for (const auto& wish : wishes) {
+        wish();
+        auto* popup = QApplication::activePopupWidget();
+        ASSERT_TRUE(popup != nullptr && popup->objectName() == "SingleItemRTFPopup");
+        popup->close();
+    }
 }
 
 TEST_F(FindTest, KeepsHistoryAndPlaceInTheStore) {
