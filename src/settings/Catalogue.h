@@ -79,7 +79,8 @@ inline constexpr Bounds kBandWidth{0, 500'000};
 
 /// Absent or empty as long as nobody has chosen a version.
 inline constexpr TextSetting kTvmVersionChosen{"Options", "TVM Version"};
-/// An index: 0 is "2.12", 1 is "2.2ß".
+/// The host's versions. What is stored is the index of one.
+inline constexpr std::array<std::string_view, 2> kTvmVersions = {"2.12", "2.2ß"};
 inline constexpr NumberSetting kTvmVersion{"Options", "TVM Version", 0, {0, 1}};
 /// These two are on where they equal 1, and for no other number.
 inline constexpr NumberSetting kShowTips{"Options", "Show Tips at Startup", 1};

@@ -204,7 +204,8 @@ void frmAuthorWizard::fill() {
     };
     set("FileName", document_.fileName);
     filledFileName_ = findChild<QLineEdit*>("FileName")->text();
-    if (readSetting(services_.store, settings::kTvmVersion) == 1) set("TVMVersion", "2.2ß");
+    if (readSetting(services_.store, settings::kTvmVersion) == 1)
+        set("TVMVersion", toQString(settings::kTvmVersions[1]));
     for (const char* field : {"Created", "Modified"}) set(field, toQString(longDate(today())));
     AuthorName_->showState();
     showAddresses();

@@ -15,8 +15,10 @@
 #include "app/modVariables.h"
 #include "text/LineEnds.h"
 #include "ui/Combo.h"
+#include "ui/FieldLabel.h"
 #include "ui/FormPlace.h"
 #include "ui/MessageBox.h"
+#include "ui/Named.h"
 #include "ui/QtStrings.h"
 #include "ui/RichTextBox.h"
 #include "ui/WaitCursor.h"
@@ -27,15 +29,9 @@ namespace {
 
 constexpr WindowPosition kPosition = *settings::windowPosition("frmFind");
 
-template <typename Control>
-Control* named(Control* control, const QString& name) {
-    control->setObjectName(name);
-    return control;
-}
-
 Combo* makeCombo(const char* name) {
     constexpr int kCharactersShown = 28;
-    auto* combo = named(new Combo(TypedText::Lines), name);
+    auto* combo = named<Combo>(name, TypedText::Lines);
     combo->setMinimumContentsLength(kCharactersShown);
     return combo;
 }
@@ -43,13 +39,6 @@ Combo* makeCombo(const char* name) {
 /// Its text as it stands in documents.
 std::string textOf(const Combo& combo) {
     return withCrLf(combo.currentText().toStdString());
-}
-
-QLabel* makeLabel(const QString& caption, Combo& field) {
-    auto* label = new QLabel(caption);
-    label->setBuddy(&field);
-    field.setAccessibleName(QString(caption).remove('&').remove(':'));
-    return label;
 }
 
 /// Shows the list; the text in the field stays, and nobody is told of a change.
@@ -90,9 +79,9 @@ QLayout* frmFind::buildFields() {
     Combo1 = makeCombo("Combo1");
     Combo2 = makeCombo("Combo2");
     auto* fields = new QGridLayout;
-    fields->addWidget(makeLabel("&Find What:", *Combo1), 0, 0);
+    fields->addWidget(fieldLabel("&Find What:", *Combo1), 0, 0);
     fields->addWidget(Combo1, 0, 1);
-    replaceLabel_ = makeLabel("Replace &With:", *Combo2);
+    replaceLabel_ = fieldLabel("Replace &With:", *Combo2);
     fields->addWidget(replaceLabel_, 1, 0);
     fields->addWidget(Combo2, 1, 1);
     return fields;
@@ -100,17 +89,17 @@ QLayout* frmFind::buildFields() {
 
 QLayout* frmFind::buildOptions() {
     auto* frame = new QGroupBox("Direction");
-    optDirectionUp = named(new QRadioButton("&Up"), "optDirectionUp");
-    optDirectionDown = named(new QRadioButton("&Down"), "optDirectionDown");
-    optDirectionAll = named(new QRadioButton("&All"), "optDirectionAll");
+    optDirectionUp = named<QRadioButton>("optDirectionUp", "&Up");
+    optDirectionDown = named<QRadioButton>("optDirectionDown", "&Down");
+    optDirectionAll = named<QRadioButton>("optDirectionAll", "&All");
     frame->setLayout(new QVBoxLayout);
     for (auto* option : {optDirectionUp, optDirectionDown, optDirectionAll})
         frame->layout()->addWidget(option);
     optDirectionDown->setChecked(true);
 
-    chkWholeWordOnly = named(new QCheckBox("Find Whole Word &Only"), "chkWholeWordOnly");
-    chkMatchCase = named(new QCheckBox("Match Ca&se"), "chkMatchCase");
-    chkStartFromBeginning = named(new QCheckBox("&Start From Beginning"), "chkStartFromBeginning");
+    chkWholeWordOnly = named<QCheckBox>("chkWholeWordOnly", "Find Whole Word &Only");
+    chkMatchCase = named<QCheckBox>("chkMatchCase", "Match Ca&se");
+    chkStartFromBeginning = named<QCheckBox>("chkStartFromBeginning", "&Start From Beginning");
     auto* checks = new QVBoxLayout;
     checks->addStretch();
     for (auto* check : {chkWholeWordOnly, chkMatchCase, chkStartFromBeginning}) checks->addWidget(check);
@@ -124,16 +113,17 @@ QLayout* frmFind::buildOptions() {
 }
 
 QLayout* frmFind::buildButtons() {
+    constexpr std::array kNames = {"cmdFindReplace(0)", "cmdFindReplace(1)", "cmdFindReplace(2)"};
     constexpr std::array kCaptions = {"Find &Next", "&Replace", "Rep&lace All"};
     auto* buttons = new QVBoxLayout;
     for (size_t n = 0; n < kCaptions.size(); ++n) {
-        cmdFindReplace[n] = named(new QPushButton(kCaptions[n]), QString("cmdFindReplace(%1)").arg(n));
+        cmdFindReplace[n] = named<QPushButton>(kNames[n], kCaptions[n]);
         buttons->addWidget(cmdFindReplace[n]);
     }
-    Command2 = named(new QPushButton("Cancel"), "Command2");
+    Command2 = named<QPushButton>("Command2", "Cancel");
     buttons->addWidget(Command2);
     buttons->addStretch();
-    Command4 = named(new QPushButton("&Help"), "Command4");
+    Command4 = named<QPushButton>("Command4", "&Help");
     Command4->setEnabled(static_cast<bool>(services_.showHelp));
     buttons->addWidget(Command4);
     return buttons;

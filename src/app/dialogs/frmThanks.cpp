@@ -8,19 +8,11 @@
 
 #include "app/dialogs/Addresses.h"
 #include "app/dialogs/Credits.h"
+#include "ui/FieldLabel.h"
 #include "ui/Named.h"
 
 namespace klt {
-namespace {
-
-QLabel* makeLabel(const char* name, const QString& caption, QWidget& field) {
-    auto* label = named<QLabel>(name, caption);
-    label->setBuddy(&field);
-    field.setAccessibleName(QString(caption).remove('&').remove(':'));
-    return label;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 frmThanks::frmThanks(QWidget* owner)
     : QDialog(owner),
@@ -66,9 +58,13 @@ void frmThanks::buildLayout() {
     buttons->addStretch();
     buttons->addWidget(cmdMailTo_);
     buttons->addWidget(cmdOK_);
+    auto* contributors = fieldLabel("&Contributors:", *lstContributor_);
+    auto* addresses = fieldLabel("&Addresses:", *lstURL_);
+    contributors->setObjectName("Label1");
+    addresses->setObjectName("Label2");
     auto* grid = new QGridLayout(this);
-    grid->addWidget(makeLabel("Label1", "&Contributors:", *lstContributor_), 0, 0);
-    grid->addWidget(makeLabel("Label2", "&Addresses:", *lstURL_), 0, 1);
+    grid->addWidget(contributors, 0, 0);
+    grid->addWidget(addresses, 0, 1);
     grid->addWidget(lstContributor_, 1, 0);
     grid->addWidget(lstURL_, 1, 1);
     grid->addWidget(lblDescription_, 2, 0, 1, 2);

@@ -14,6 +14,7 @@
 #include "settings/Conversions.h"
 #include "settings/EditorFormat.h"
 #include "ui/Combo.h"
+#include "ui/FieldLabel.h"
 #include "ui/Named.h"
 #include "ui/QtStrings.h"
 #include "ui/StyleTable.h"
@@ -93,9 +94,7 @@ QWidget* FormatPage::buildFrame() {
                                         vbCodeColors_->sizeHintForRow(0) +
                                     2 * vbCodeColors_->frameWidth());
     vbCodeColors_->setMinimumWidth(vbCodeColors_->sizeHintForColumn(0) + 2 * fontMetrics().height());
-    auto* colour = new QLabel("&Text Color:");
-    colour->setBuddy(excmbColor_);
-    excmbColor_->setAccessibleName("Text Color");
+    auto* colour = fieldLabel("&Text Color:", *excmbColor_);
     auto* sides = new QHBoxLayout(frame);
     auto* controls = new QVBoxLayout;
     for (auto* effect : chkEffects_) controls->addWidget(effect);

@@ -11,7 +11,9 @@
 #include "app/options/HostButtons.h"
 #include "settings/cMRUFileList.h"
 #include "ui/Combo.h"
+#include "ui/FieldLabel.h"
 #include "ui/Named.h"
+#include "ui/QtStrings.h"
 
 namespace klt {
 namespace {
@@ -41,10 +43,6 @@ constexpr CheckRow kChecks[] = {
     {"Check6", "Check &Syntax in Wizards", settings::kWizardSyntaxCheck, 1, 1},
 };
 
-QString spoken(QString caption) {
-    return caption.remove('&').remove(':');
-}
-
 }  // namespace
 
 GeneralPage::GeneralPage(const OptionsServices& services, QWidget* parent)
@@ -71,7 +69,7 @@ SpinField* GeneralPage::addNumber(QGridLayout& grid, const SpinField::Row& row, 
     auto* before = named<QLabel>(label, caption);
     auto* number = new SpinField(row);
     before->setBuddy(&number->field());
-    number->setAccessibleName(spoken(caption));
+    number->setAccessibleName(spokenCaption(caption));
     grid.addWidget(before, line, kLabel);
     grid.addWidget(number, line, kField);
     connect(number, &SpinField::edited, this, &GeneralPage::changed);
@@ -106,7 +104,7 @@ void GeneralPage::addLineBreaker(QGridLayout& grid) {
                          const char* behindLabel, const QString& behind) {
         auto* number = addNumber(grid, row, label, caption);
         auto* unit = named<QLabel>(behindLabel, behind);
-        number->setAccessibleName(spoken(caption) + " (" + behind + ")");
+        number->setAccessibleName(spokenCaption(caption) + " (" + behind + ")");
         const int line = grid.rowCount() - 1;
         grid.addWidget(unit, line, kBehind);
         lineBreaker_.insert(lineBreaker_.end(), {grid.itemAtPosition(line, kLabel)->widget(), number, unit});
@@ -125,11 +123,11 @@ QWidget* GeneralPage::buildHost() {
     auto* grid = new QGridLayout(frame);
     auto* label = named<QLabel>("lblTVMVersion", "TVM &Version:");
     Combo1 = named<Combo>("Combo1", TypedText::None);
-    Combo1->addItems({"2.12", "2.2ß"});
+    for (const auto version : settings::kTvmVersions) Combo1->addItem(toQString(version));
     Combo1->setMinimumContentsLength(kCharactersShown);
     Combo1->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     label->setBuddy(Combo1);
-    Combo1->setAccessibleName(spoken(label->text()));
+    Combo1->setAccessibleName(spokenCaption(label->text()));
     bound_.bind(*Combo1, settings::kTvmVersion);
     grid->addWidget(label, 0, 0);
     grid->addWidget(Combo1, 0, 1);

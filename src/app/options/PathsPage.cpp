@@ -20,6 +20,7 @@
 #include "settings/HostFolder.h"
 #include "text/Unicode.h"
 #include "ui/Combo.h"
+#include "ui/FieldLabel.h"
 #include "ui/MessageBox.h"
 #include "ui/Named.h"
 #include "ui/QtStrings.h"
@@ -48,13 +49,6 @@ std::string pathMeant(std::string path, const std::string& here) {
     if (path == "~" || path.starts_with("~/")) path.replace(0, 1, homeFolder());
     if (!path.starts_with('/')) path.insert(0, here + "/");
     return withoutEnd(FullFileName(path));
-}
-
-QLabel* label(const char* caption, QWidget* field) {
-    auto* made = new QLabel(caption);
-    made->setBuddy(field);
-    field->setAccessibleName(QString(caption).remove('&').remove(':'));
-    return made;
 }
 
 }  // namespace
@@ -109,21 +103,21 @@ void PathsPage::buildLayout() {
     lblNote_->setMinimumHeight(fontMetrics().lineSpacing());
 
     auto* drive = new QHBoxLayout;
-    drive->addWidget(label("Dri&ve:", Drive1_));
+    drive->addWidget(fieldLabel("Dri&ve:", *Drive1_));
     drive->addWidget(Drive1_, 1);
     auto* lists = new QGridLayout;
-    lists->addWidget(label("P&laces:", placeList_), 0, 0);
+    lists->addWidget(fieldLabel("P&laces:", *placeList_), 0, 0);
     lists->addWidget(placeList_, 1, 0, 2, 1);
-    lists->addWidget(label("F&olders:", Dir1_), 0, 1);
+    lists->addWidget(fieldLabel("F&olders:", *Dir1_), 0, 1);
     lists->addLayout(drive, 1, 1);
     lists->addWidget(Dir1_, 2, 1);
-    lists->addWidget(label("F&iles:", File1_), 0, 2);
+    lists->addWidget(fieldLabel("F&iles:", *File1_), 0, 2);
     lists->addWidget(File1_, 1, 2, 2, 1);
     lists->setRowStretch(2, 1);
     for (const auto& [column, share] : {std::pair(0, 2), std::pair(1, 4), std::pair(2, 3)})
         lists->setColumnStretch(column, share);
     auto* path = new QGridLayout;
-    path->addWidget(label("Full Path:", FullPath_), 0, 0);
+    path->addWidget(fieldLabel("Full Path:", *FullPath_), 0, 0);
     path->addWidget(FullPath_, 0, 1);
     path->addWidget(lblNote_, 1, 1);
 
