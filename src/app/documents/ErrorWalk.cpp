@@ -1,10 +1,7 @@
 #include "app/documents/ErrorWalk.h"
 
-#include <QAction>
-
-#include "app/commands/CommandQueue.h"
+#include "app/commands/KeyCommand.h"
 #include "app/documents/frmKLTEditor.h"
-#include "app/window/frmMDIKLTEditor.h"
 #include "language/StyleCategory.h"
 #include "ui/StyleRunSearch.h"
 
@@ -30,19 +27,10 @@ void toPreviousError(RichTextBox& text) {
 }  // namespace
 
 void addErrorWalk(frmMDIKLTEditor& window, CommandQueue& queue) {
-    const auto add = [&](const char* name, Qt::KeyboardModifiers modifiers, void (*walk)(RichTextBox&)) {
-        auto* action = new QAction(&window);
-        action->setObjectName(name);
-        action->setShortcut(modifiers | Qt::Key_F8);
-        window.addAction(action);
-        QObject::connect(action, &QAction::triggered, &window, [&window, &queue, walk] {
-            queue.submit(Origin::User, [&window, walk] {
-                if (auto* document = window.ActiveForm()) walk(*document->RichTextBox1);
-            });
-        });
-    };
-    add("NextError", Qt::NoModifier, toNextError);
-    add("PreviousError", Qt::ShiftModifier, toPreviousError);
+    addKeyCommand(window, queue, "NextError", Qt::Key_F8,
+                  [](frmKLTEditor& document) { toNextError(*document.RichTextBox1); });
+    addKeyCommand(window, queue, "PreviousError", Qt::SHIFT | Qt::Key_F8,
+                  [](frmKLTEditor& document) { toPreviousError(*document.RichTextBox1); });
 }
 
 }  // namespace klt
