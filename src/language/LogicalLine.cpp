@@ -97,6 +97,12 @@ LogicalLine packageHeader(std::string_view text, size_t start) {
     return line;
 }
 
+size_t nextLine(std::string_view text, size_t start, size_t end, LineKind kind) {
+    if (kind == LineKind::Item) return itemLine(text, start, EmptyTest::NextLine).next;
+    if (kind == LineKind::PackageHeader) return packageHeader(text, start).next;
+    return end + kLineEnd;
+}
+
 size_t longestLine(std::string_view text) {
     size_t longest = 0;
     for (size_t start = 0, place = 0; place <= text.size();) {

@@ -58,6 +58,10 @@ LogicalLine itemLine(std::string_view text, size_t start, EmptyTest emptyTest);
 /// The package header that begins at `start`; it goes on as long as it ends, trimmed, in `_`.
 LogicalLine packageHeader(std::string_view text, size_t start);
 
+/// Where the line behind the one of that kind begins that begins at `start`, and whose first physical line
+/// ends at `end`; behind the text's end where a line end lacks.
+size_t nextLine(std::string_view text, size_t start, size_t end, LineKind kind);
+
 /// No line of either kind that begins anywhere in the text is longer, in bytes.
 size_t longestLine(std::string_view text);
 

@@ -11,13 +11,6 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Where the line behind the one that begins at `start` begins; behind the text's end where a line end lacks.
-size_t nextLine(std::string_view text, size_t start, size_t end, LineKind kind) {
-    if (kind == LineKind::Item) return itemLine(text, start, EmptyTest::NextLine).next;
-    if (kind == LineKind::PackageHeader) return packageHeader(text, start).next;
-    return end + kLineEnd.size();
-}
-
 }  // namespace
 
 void MergeCutter::cut(std::string_view text) {
