@@ -9,6 +9,7 @@
 #include "app/dialogs/MergeFolder.h"
 #include "app/dialogs/frmKLTMerger.h"
 #include "app/documents/ErrorWalk.h"
+#include "app/documents/GoTo.h"
 #include "app/documents/frmKLTEditor.h"
 #include "platform/CommandKeys.h"
 #include "platform/CommandLine.h"
@@ -74,6 +75,7 @@ void Editor::wireWindow() {
         queue.submit(Origin::Outside, [this, paths] { documents.openFiles(paths); });
     });
     addErrorWalk(*window_, queue);
+    addGoTo(*window_, queue);
     connect(&*window_, &frmMDIKLTEditor::unloading, this, [this] { server_.reset(); });
     connect(&*window_, &frmMDIKLTEditor::unloaded, this, [this] {
         // Whoever waits for an answer then opens its files itself.
