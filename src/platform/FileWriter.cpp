@@ -11,6 +11,7 @@
 #include "platform/FileAttributes.h"
 #include "platform/FileCalls.h"
 #include "platform/InPlaceWriter.h"
+#include "platform/KeepBeside.h"
 #include "platform/NewFile.h"
 
 namespace klt {
@@ -19,7 +20,6 @@ namespace {
 
 constexpr mode_t kModeBits = 07777;
 constexpr mode_t kNewFileMode = 0666;
-constexpr int kMostNames = 1000;
 
 // The file that a write means, open for writing where there is one already.
 struct Target {
@@ -57,21 +57,9 @@ Target openTarget(const std::string& path) {
     return target;
 }
 
-// Gives the old file the first free name beside it, as a second one where the file system has links.
-int moveAside(const std::string& path, std::string& kept) {
-    int error = EEXIST;
-    for (int number = 1; error == EEXIST && number < kMostNames; ++number) {
-        kept = path + "~" + (number == 1 ? "" : std::to_string(number));
-        error = link(path.c_str(), kept.c_str()) == 0 ? 0 : errno;
-        // Another user's file, or no links: it is renamed, and nothing has its old name for a moment.
-        if (error == EPERM || error == EOPNOTSUPP) error = renameToFree(path, kept);
-    }
-    return error;
-}
-
 int replaceKeepingOld(const Target& target, NewFile& fresh) {
     std::string kept;
-    if (const int error = moveAside(target.path, kept)) return error;
+    if (const int error = moveBeside(target.path, kept)) return error;
     const int error = fresh.replace(target.path);
     struct stat info {};
     if (fresh.isNamed()) return error;
