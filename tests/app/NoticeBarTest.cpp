@@ -52,6 +52,32 @@ TEST_F(NoticeBarTest, ItShowsTheNewestNoticeAndHowManyAreBehindIt) {
     EXPECT_EQ(dismissed, 1);
 }
 
+TEST_F(NoticeBarTest, ANoticeOffersChoicesUntilItIsWithdrawn) {
+    std::string chosen;
+    const auto offered = [&] {
+        std::string captions;
+        for (const auto* button : bar.findChildren<QPushButton*>())
+            if (button->isVisible()) captions += button->text().toStdString() + '|';
+        return captions;
+    };
+    const auto first = bar.offer("one", {{"NoticeYes", "&Yes", [&] { chosen += "yes "; }},
+                                         {"NoticeNo", "&No", [&] { chosen += "no "; }}});
+    EXPECT_EQ(offered(), "&Yes|&No|");
+    bar.tell("two");
+    EXPECT_EQ(offered(), "&Dismiss|");
+    dismiss();
+    QTest::mouseClick(bar.findChild<QPushButton*>("NoticeNo"), Qt::LeftButton);
+    EXPECT_EQ(chosen, "no ");
+    EXPECT_FALSE(bar.isVisible());
+    const auto third = bar.offer("three", {{"NoticeYes", "&Yes", {}}});
+    EXPECT_NE(third, first);
+    bar.withdraw(first);
+    EXPECT_EQ(text(), "three");
+    bar.withdraw(third);
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_EQ(chosen, "no ");
+}
+
 TEST_F(NoticeBarTest, ALongPathWithLineBreaksStaysOnOneLineAndDoesNotWidenTheWindow) {
     const int height = bar.sizeHint().height(), width = window.minimumSizeHint().width();
     bar.tell(std::string(5000, 'a') + "\n\t<b>end");

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStyle>
+#include <algorithm>
+#include <utility>
 
 namespace klt {
 namespace {
@@ -36,7 +38,11 @@ QString onOneLine(std::string_view text) {
 }  // namespace
 
 NoticeBar::NoticeBar(QWidget* parent)
-    : QFrame(parent), icon_(new QLabel(this)), text_(new ShortenedLabel(this)), others_(new QLabel(this)) {
+    : QFrame(parent),
+      row_(new QHBoxLayout(this)),
+      icon_(new QLabel(this)),
+      text_(new ShortenedLabel(this)),
+      others_(new QLabel(this)) {
     setObjectName("NoticeBar");
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -52,38 +58,55 @@ NoticeBar::NoticeBar(QWidget* parent)
     text_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     others_->setObjectName("NoticeCount");
 
-    auto* button = new QPushButton(tr("&Dismiss"), this);
-    button->setObjectName("NoticeDismiss");
-    button->setFocusPolicy(Qt::NoFocus);
-    connect(button, &QPushButton::clicked, this, [this] { dismiss(); });
+    row_->setContentsMargins(6, 2, 4, 2);
+    row_->addWidget(icon_);
+    row_->addWidget(text_, 1);
+    row_->addWidget(others_);
+    // There may be no memory for it when there is something to tell.
+    button(0).setText(tr("&Dismiss"));
+}
 
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(6, 2, 4, 2);
-    row->addWidget(icon_);
-    row->addWidget(text_, 1);
-    row->addWidget(others_);
-    row->addWidget(button);
+QPushButton& NoticeBar::button(size_t index) {
+    while (buttons_.size() <= index) {
+        auto* made = new QPushButton(this);
+        made->setFocusPolicy(Qt::NoFocus);
+        connect(made, &QPushButton::clicked, this, [this, at = buttons_.size()] { choose(at); });
+        row_->addWidget(made);
+        buttons_.push_back(made);
+    }
+    return *buttons_[index];
 }
 
 void NoticeBar::tell(std::string_view text, std::function<void()> dismissed) {
-    QString line = onOneLine(text);
     // What goes wrong at every key is told once.
-    if (!notices_.empty() && notices_.back().text == line && !dismissed && !notices_.back().dismissed) return;
-    notices_.push_back({std::move(line), std::move(dismissed)});
+    if (!notices_.empty() && !dismissed && notices_.back().text == onOneLine(text)) {
+        const auto& choices = notices_.back().choices;
+        if (choices.size() == 1 && !choices.front().chosen) return;
+    }
+    offer(text, {{"NoticeDismiss", "&Dismiss", std::move(dismissed)}});
+}
+
+NoticeBar::Id NoticeBar::offer(std::string_view text, std::vector<NoticeChoice> choices) {
+    notices_.push_back({++lastId_, onOneLine(text), std::move(choices)});
     // Looked up at its first use: icons are slow to load, and a start shows no notice.
     if (icon_->pixmap(Qt::ReturnByValue).isNull()) {
         const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
         icon_->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
     }
     showNewest();
+    return lastId_;
 }
 
-void NoticeBar::dismiss() {
-    if (notices_.empty()) return;
-    const auto dismissed = std::move(notices_.back().dismissed);
+void NoticeBar::withdraw(Id notice) {
+    if (std::erase_if(notices_, [notice](const Notice& it) { return it.id == notice; }) > 0) showNewest();
+}
+
+void NoticeBar::choose(size_t index) {
+    if (notices_.empty() || index >= notices_.back().choices.size()) return;
+    const auto chosen = std::move(notices_.back().choices[index].chosen);
     notices_.pop_back();
     showNewest();
-    if (dismissed) dismissed();
+    if (chosen) chosen();
 }
 
 void NoticeBar::showNewest() {
@@ -94,6 +117,13 @@ void NoticeBar::showNewest() {
     const auto others = static_cast<int>(notices_.size()) - 1;
     others_->setText(tr("and %1 more").arg(others));
     others_->setVisible(others > 0);
+    const auto& choices = notices_.back().choices;
+    for (size_t i = 0; i < std::max(choices.size(), buttons_.size()); ++i) {
+        const bool isUsed = i < choices.size();
+        button(i).setObjectName(isUsed ? choices[i].name : "");
+        button(i).setText(isUsed ? tr(choices[i].caption) : QString());
+        button(i).setVisible(isUsed);
+    }
 }
 
 }  // namespace klt
