@@ -139,6 +139,9 @@ void Editor::openMerger() {
     const bool isMerged = form->exec() == QDialog::Accepted;
     if (!form) return;
     const auto file = form->outputName();
+    if (!form->keptInput().empty())
+        window.notices().tell(file + " was merged into itself. What stood there is kept in " +
+                              form->keptInput());
     const bool isWanted = isMerged && form->loadsFile(), mayCheck = form->checksSyntax();
     delete form;
     if (!isWanted) return;

@@ -20,17 +20,24 @@ namespace klt {
 ///   section of its own, at the end.
 std::string MergeTexts(const std::vector<std::string>& texts);
 
-/// Writes the merged texts as a new data file.
-[[nodiscard]] Failure writeMerged(const std::string& outputName, std::vector<std::string> texts);
-
 struct MergeFailure {
     std::string path;
     std::string reason;
 };
 
+struct MergeResult {
+    std::vector<MergeFailure> failures;
+    /// Where the input is kept whose place the output took; empty where it took none.
+    std::string kept;
+};
+
+/// Writes the merged texts as a new data file. One of the `files` that they come from is kept beside it
+/// (`KeepBeside.h`).
+[[nodiscard]] MergeResult writeMerged(const std::string& outputName, std::vector<std::string> texts,
+                                      const std::vector<std::string>& files);
+
 /// Reads all `files`, then writes their content as one to `outputName`, which may be one of them. Gives each
 /// file that could not be read, and nothing is written then; or the output, where it could not be written.
-[[nodiscard]] std::vector<MergeFailure> MergeFiles(const std::string& outputName,
-                                                   const std::vector<std::string>& files);
+[[nodiscard]] MergeResult MergeFiles(const std::string& outputName, const std::vector<std::string>& files);
 
 }  // namespace klt

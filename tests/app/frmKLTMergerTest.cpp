@@ -198,6 +198,19 @@ TEST_F(MergerTest, WritesOpensAndChecks) {
     }
 }
 
+TEST_F(MergerTest, AnInputThatIsReplacedIsKept) {
+    const auto old = readBytes(home / "a.klt");
+    inMerger([this] {
+        drop({"a.klt", "b.klt"});
+        control<QCheckBox>("chkLoadFile").setChecked(false);
+        output().SetText(home / "a.klt");
+        press("cmdMerge");
+    });
+    EXPECT_EQ(notice(),
+              home / "a.klt" + " was merged into itself. What stood there is kept in " + home / "a.klt~");
+    EXPECT_EQ(readBytes(home / "a.klt~"), old);
+}
+
 TEST_F(MergerTest, AFailureIsTold) {
     inMerger([this] {
         drop({"a.klt", "b.klt"});

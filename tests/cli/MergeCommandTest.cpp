@@ -21,6 +21,7 @@ TEST_F(MergeCommand, WritesTheFilesAsOne) {
     EXPECT_EQ(readBytes(out_), head_ + "a\r\nb\r\n");
     EXPECT_EQ(runKlt({"merge", "-", a_, "--output", a_}, "[ADS]\nc"), done);
     EXPECT_EQ(readBytes(a_), head_ + "c\r\na\r\n");
+    EXPECT_EQ(readBytes(a_ + "~"), "[ADS]\na\n") << "an input is kept";
 }
 
 TEST_F(MergeCommand, TakesDrivePaths) {

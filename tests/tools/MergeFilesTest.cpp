@@ -24,8 +24,10 @@ TEST_F(MergeFilesTest, EncodingsMeetWithoutLoss) {
     for (const auto& [a, b, merged] : rows) {
         writeBytes(a_, a);
         writeBytes(b_, b);
-        // The output may be an input.
-        EXPECT_TRUE(MergeFiles(b_, {a_, home_ / "B.KLT"}).empty());
+        // The output may be an input, which is kept then.
+        const auto result = MergeFiles(b_, {a_, home_ / "B.KLT"});
+        EXPECT_TRUE(result.failures.empty());
+        EXPECT_EQ(readBytes(result.kept), b);
         EXPECT_EQ(readBytes(b_), std::string(kNewDocumentText) + "\r\n[ADS]\r\n" + merged);
     }
 }
@@ -34,7 +36,8 @@ TEST_F(MergeFilesTest, WhatFailsIsNamedAndNothingIsWritten) {
     const auto out = home_ / "out.klt", none = home_ / "none/out.klt", folder = home_.folder().path();
     const auto failed = [&](const std::string& output, const Paths& files) {
         std::string all;
-        for (const auto& [path, reason] : MergeFiles(output, files)) all += path + ": " + reason + "\n";
+        for (const auto& [path, reason] : MergeFiles(output, files).failures)
+            all += path + ": " + reason + "\n";
         return all;
     };
     writeBytes(a_, "[ADS]\nx");
@@ -43,6 +46,7 @@ TEST_F(MergeFilesTest, WhatFailsIsNamedAndNothingIsWritten) {
               b_ + ": No such file or directory\n" + folder + ": Is a directory\n");
     EXPECT_EQ(readBytes(out), "old");
     EXPECT_EQ(failed(none, {a_}), none + ": No such file or directory\n");
+    EXPECT_EQ(namesIn(home_.folder().path()), Paths({"a.klt", "out.klt"})) << "nothing new is kept";
 }
 
 TEST(MergeOrder, WhereANewFileGoes) {

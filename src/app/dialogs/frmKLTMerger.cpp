@@ -200,14 +200,16 @@ void frmKLTMerger::merge() {
         MessageBox(this, "Not enough files to merge; proccess cancelled.", MessageIcon::Critical, kTitle);
         return;
     }
-    std::vector<MergeFailure> failures;
+    MergeResult result;
     {
         const WaitCursor waiting;
         if (outputName().starts_with(folder_)) QDir().mkpath(fromPath(folder_));
-        failures = MergeFiles(outputName(), files_);
+        result = MergeFiles(outputName(), files_);
     }
     std::string told;
-    for (const auto& [path, reason] : failures) told.append("\n").append(path).append(": ").append(reason);
+    keptInput_ = result.kept;
+    for (const auto& [path, reason] : result.failures)
+        told.append("\n").append(path).append(": ").append(reason);
     if (!told.empty()) MessageBox(this, "The files were not merged." + told, MessageIcon::Critical, kTitle);
     accept();
 }

@@ -30,6 +30,8 @@ public:
     /// Whether the merged file is to be opened, once the dialog was accepted, and whether it may be checked.
     bool loadsFile() const;
     bool checksSyntax() const;
+    /// Where the input is kept whose place the merged file took; empty where it took none.
+    const std::string& keptInput() const { return keptInput_; }
 
 private:
     void addList(QGridLayout& grid);
@@ -53,6 +55,7 @@ private:
     Store& store_;
     const std::string folder_;
     std::vector<std::string> files_;
+    std::string keptInput_;
 
     QLabel *Label1, *Label2;
     MergeFileList* vbFilesToMerge;
