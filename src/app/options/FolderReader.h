@@ -4,10 +4,10 @@
 #include <chrono>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 
+#include "app/Mailbox.h"
 #include "platform/FolderEntries.h"
 
 namespace klt {
@@ -22,7 +22,6 @@ public:
 
     /// `list` reads one folder; it is called on other threads.
     explicit FolderReader(List list = listFolder, QObject* parent = nullptr);
-    ~FolderReader() override;
 
     /// Reads a folder anew. `found` tells what comes of it; where it is being read already, what is known so
     /// far is told at once.
@@ -32,14 +31,12 @@ signals:
     void found(const std::string& folder, const klt::FolderEntries& entries);
 
 private:
-    struct Post;
     void take(const std::string& folder, const FolderEntries& entries);
 
     List list_;
-    /// Where the threads leave what they found; it outlives this as long as one of them works.
-    std::shared_ptr<Post> post_;
     /// The folders that are being read, and what is known of them.
     std::map<std::string, FolderEntries> reading_;
+    Mailbox mailbox_;
 };
 
 /// The path that `find` gives on another thread, empty where it leads to no folder; nothing where that can't
