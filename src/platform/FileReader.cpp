@@ -58,6 +58,7 @@ FileBytes readSteady(int file, size_t largest) {
         FileBytes result;
         if (const int error = readWhole(file, expected, largest, result.bytes)) return failed(error);
         if (fstat(file, &after) != 0) return failed(errno);
+        result.identity = identityOf(after);
         if (isSteady(before, after, result.bytes.size())) return result;
     }
     return {{}, "The file keeps changing"};
@@ -80,8 +81,7 @@ FileBytes readFile(const std::string& path, size_t largest) {
     }
 }
 
-TextFile readTextFile(const std::string& path, size_t largest) {
-    auto file = readFile(path, largest);
+TextFile textOf(FileBytes file, size_t largest) {
     if (file.error) return {{}, Encoding::Any, std::move(file.error)};
     try {
         auto decoded = decode(std::move(file.bytes));
@@ -91,6 +91,10 @@ TextFile readTextFile(const std::string& path, size_t largest) {
     } catch (const std::bad_alloc&) {
         return {{}, Encoding::Any, systemFailure(ENOMEM)};
     }
+}
+
+TextFile readTextFile(const std::string& path, size_t largest) {
+    return textOf(readFile(path, largest), largest);
 }
 
 }  // namespace klt

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/Failure.h"
+#include "platform/FileIdentity.h"
 #include "text/Encoding.h"
 
 namespace klt {
@@ -11,6 +12,8 @@ namespace klt {
 struct FileBytes {
     std::string bytes;
     Failure error;
+    /// Of the version that was read.
+    FileIdentity identity = {};
 };
 
 /// All bytes of a plain file of no more than `largest`. A folder, FIFO or device, a file that can't be read,
@@ -27,6 +30,8 @@ struct TextFile {
 
 /// The same as text, as `decode` tells. An error too where the text would be longer than `largest`, or so
 /// large when it is written that it could not be read again.
+TextFile textOf(FileBytes file, size_t largest = kLargestFile);
+/// Of the file at a path.
 TextFile readTextFile(const std::string& path, size_t largest = kLargestFile);
 
 }  // namespace klt

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <atomic>
 #include <string>
 #include <string_view>
 
 #include "platform/Failure.h"
+#include "platform/FileIdentity.h"
 #include "text/Encoding.h"
 
 namespace klt {
@@ -11,8 +13,7 @@ namespace klt {
 /// What becomes of the file that stood there before.
 enum class OldFile {
     Replaced,
-    /// It stays beside the new one with "~" behind its name ("~2", "~3" where that is taken): for the first
-    /// save over a file that could not be read. Where it can't be kept, nothing is written.
+    /// It stays beside the new one (`KeepBeside.h`). Where it can't be kept, nothing is written.
     KeptBeside,
 };
 
@@ -29,10 +30,34 @@ struct Written {
     /// The encoding that the file now has.
     Encoding encoding = Encoding::Any;
     Failure error;
+    /// Of `writeOverSeen`: what stands there now, and where the version that was not seen is kept, if any.
+    FileVersion version = {};
+    std::string kept = {};
 };
 
 /// Writes text as `encode` tells.
 [[nodiscard]] Written writeTextFile(const std::string& path, std::string_view text, Encoding encoding,
                                     OldFile old = OldFile::Replaced);
+
+/// The moment at which a write can't be called off any more, between the thread that writes and the one that
+/// waits for it.
+class PointOfNoReturn {
+public:
+    /// For the writer, before the first change to the file. False where the write was called off.
+    bool pass() { return decide(State::Passed); }
+    /// For who waits. False where it comes too late.
+    bool callOff() { return decide(State::CalledOff); }
+
+private:
+    enum class State { Open, Passed, CalledOff };
+    bool decide(State wanted);
+
+    std::atomic<State> state_ = State::Open;
+};
+
+/// The same, where only the version `seen` may be replaced: any other is kept beside the new file. It is all
+/// 0 where the file was never seen, or was gone. A write that is called off changes nothing.
+[[nodiscard]] Written writeOverSeen(const std::string& path, std::string_view text, Encoding encoding,
+                                    const FileIdentity& seen, PointOfNoReturn& point);
 
 }  // namespace klt

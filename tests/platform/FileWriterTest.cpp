@@ -199,6 +199,52 @@ TEST_F(FileWriter, KeepsTheOldFileBeside) {
     EXPECT_FALSE(fs::exists(doc("new.klt~")));
 }
 
+TEST_F(FileWriter, OnlyAVersionThatWasSeenIsReplaced) {
+    const auto path = doc("a.klt");
+    PointOfNoReturn point;
+    const auto write = [&](const std::string& text, const FileIdentity& seen) {
+        auto written = writeOverSeen(path, text, Encoding::Any, seen, point);
+        EXPECT_EQ(written.error, std::nullopt) << text;
+        EXPECT_EQ(readBytes(path), text);
+        EXPECT_EQ(written.version, versionOf(identityOf(stateOf(path)), text)) << text;
+        return written;
+    };
+    const auto first = write("1", {});
+    EXPECT_EQ(first.kept, "");
+    const auto second = write("2", first.version.identity);
+    EXPECT_EQ(second.kept, "");
+    EXPECT_EQ(write("3", first.version.identity).kept, path + "~");
+    EXPECT_EQ(readBytes(path + "~"), "2");
+    const auto fourth = write("4", {});
+    EXPECT_EQ(fourth.kept, path + "~2");
+    EXPECT_EQ(readBytes(path + "~2"), "3");
+    fs::remove(path);
+    const auto fifth = write("5", fourth.version.identity);
+    EXPECT_EQ(fifth.kept, "");
+    fs::create_hard_link(path, doc("tied"));
+    EXPECT_EQ(write("6", identityOf(stateOf(path))).kept, "");
+    EXPECT_EQ(write("7", {}).kept, path + "~3");
+    EXPECT_EQ(readBytes(path + "~3"), "6");
+    EXPECT_TRUE(fs::equivalent(path, doc("tied"))) << "written in place";
+    EXPECT_THAT(namesIn(docs_), ElementsAre("a.klt", "a.klt~", "a.klt~2", "a.klt~3", "tied"));
+    EXPECT_EQ(writeOverSeen(doc("none/a"), "x", Encoding::Any, {}, point).error, "No such file or directory");
+    EXPECT_FALSE(point.callOff()) << "too late";
+}
+
+TEST_F(FileWriter, AWriteThatIsCalledOffChangesNothing) {
+    writeBytes(doc("alone"), "old");
+    fs::create_hard_link(makeDoc("one", "old"), doc("two"));
+    PointOfNoReturn point;
+    EXPECT_TRUE(point.callOff());
+    for (const auto* name : {"alone", "one", "new"})
+        for (const auto& seen : {FileIdentity(), identityOf(stateOf(doc("one")))})
+            EXPECT_EQ(writeOverSeen(doc(name), "new", Encoding::Any, seen, point).error,
+                      "Operation canceled");
+    EXPECT_EQ(readBytes(doc("alone")), "old");
+    EXPECT_EQ(readBytes(doc("one")), "old");
+    EXPECT_THAT(namesIn(docs_), ElementsAre("alone", "one", "two"));
+}
+
 TEST_F(FileWriter, AFileSizeLimitLeavesTheOldFile) {
     const std::string old(90'000, 'o'), bytes(80'000, 'n');
     const auto alone = makeDoc("alone", "old"), linked = makeDoc("linked", "old"),
