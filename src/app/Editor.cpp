@@ -74,6 +74,9 @@ void Editor::wireWindow() {
     connect(&*window_, &frmMDIKLTEditor::filesDropped, this, [this](const std::vector<std::string>& paths) {
         queue.submit(Origin::Outside, [this, paths] { documents.openFiles(paths); });
     });
+    connect(&*window_, &frmMDIKLTEditor::windowActivated, this, [this] { documents.noticeChanges(); });
+    connect(&*window_, &frmMDIKLTEditor::documentActivated, this,
+            [this](frmKLTEditor* document) { documents.noticeChange(*document); });
     addErrorWalk(*window_, queue);
     addGoTo(*window_, queue);
     connect(&*window_, &frmMDIKLTEditor::unloading, this, [this] { server_.reset(); });

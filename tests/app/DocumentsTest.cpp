@@ -164,6 +164,7 @@ TEST_F(DocumentsTest, ACopyLeftByAKilledSaveIsToldOfAtTheNextOpen) {
     open(path);
     EXPECT_THAT(notice(), testing::HasSubstr("what stood there before is kept in"));
     dismissNotice();
+    run("F3");
     open(path);
     EXPECT_EQ(notice(), "");
 }

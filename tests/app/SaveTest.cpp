@@ -52,6 +52,11 @@ TEST_F(SaveTest, SaveAsAsksBeforeItReplacesAFile) {
     });
     run("F5");
     EXPECT_EQ(readBytes(path), "old");
+    answerFileDialog(path);
+    answerNext<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+    run("F5");
+    EXPECT_EQ(readBytes(path), textOf(active()));
+    EXPECT_EQ(readBytes(path + "~"), "old") << "it was not seen here";
 }
 
 TEST_F(SaveTest, EncodingsComeBackAsTheyWere) {

@@ -11,8 +11,6 @@
 #include "app/window/frmMDIKLTEditor.h"
 #include "language/NewDocument.h"
 #include "platform/FileCalls.h"
-#include "platform/FileReader.h"
-#include "platform/FileWriter.h"
 #include "platform/KeptCopies.h"
 #include "platform/MemoryRoom.h"
 #include "platform/Paths.h"
@@ -60,7 +58,11 @@ Documents::Documents(modVariables& variables, Store& store, CommandQueue& queue,
       store_(store),
       queue_(queue),
       mainWindow_(std::move(mainWindow)),
-      ColourDocument_(std::move(ColourDocument)) {}
+      ColourDocument_(std::move(ColourDocument)),
+      changes_(FileChanges::Services{
+          .queue = queue, .wait = wait_, .mainWindow = mainWindow_, .check = [this](frmKLTEditor& document) {
+              checkWhereWanted(document);
+          }}) {}
 
 void Documents::OpenDocument(std::string_view path, bool checkNow) {
     MissingFiles alone;
@@ -72,19 +74,28 @@ void Documents::open(std::string_view path, bool checkNow, MissingFiles& missing
     ++variables_.DocumentCounter;
     frmMDIKLTEditor& window = mainWindow_();
     frmKLTEditor* document = nullptr;
-    if (!fitsMemory([&] { load(path, document, missing); })) return giveUp(path, document);
-    if (checkNow && readSetting(store_, settings::kAutoSyntaxCheck))
-        tryStep([&] { ColourDocument_(*document); });
+    if (!fitsMemory([&] { load(path, document, missing); }))
+        return giveUp(path, document, *systemFailure(ENOMEM));
+    if (!document) return giveUp(path, nullptr, kNoAnswer);
+    if (checkNow) tryStep([&] { checkWhereWanted(*document); });
     window.updateMenus();
 }
 
-/// Makes the window and fills it; where memory runs out `document` is what there is of it.
+void Documents::checkWhereWanted(frmKLTEditor& document) {
+    if (readSetting(store_, settings::kAutoSyntaxCheck)) ColourDocument_(document);
+}
+
+/// Makes the window and fills it; where memory runs out `document` is what there is of it. None is made where
+/// the file system does not answer.
 void Documents::load(std::string_view path, frmKLTEditor*& document, MissingFiles& missing) {
+    using Found = std::optional<FoundText>;
     const bool isNew = isBlank(path);
-    const auto found = isNew ? std::nullopt : findPathIgnoringCase(path);
-    TextFile file;
-    if (found) file = readTextFile(*found);
-    if (file.isOutOfMemory()) throw std::bad_alloc();
+    const auto answer =
+        isNew ? std::optional(Found())
+              : wait_.find<Found>(std::string(path), [path = std::string(path)] { return findText(path); });
+    if (!answer) return;
+    const Found& found = *answer;
+    if (found && found->read.file.isOutOfMemory()) throw std::bad_alloc();
     requireRoom(kWindowSize);
     frmMDIKLTEditor& window = mainWindow_();
     document = &window.loadDocument();
@@ -92,7 +103,7 @@ void Documents::load(std::string_view path, frmKLTEditor*& document, MissingFile
     if (isNew) {
         fillNew(*document);
     } else if (found) {
-        fillFromFile(*document, *found, file);
+        fillFromFile(*document, *found);
     } else {
         tellMissing(path, missing);
     }
@@ -101,14 +112,14 @@ void Documents::load(std::string_view path, frmKLTEditor*& document, MissingFile
     letEventsRun();
 }
 
-/// Memory has run out in the middle of an opening: no window stays.
-void Documents::giveUp(std::string_view path, frmKLTEditor* document) {
+/// An opening can't come to its end: no window stays.
+void Documents::giveUp(std::string_view path, frmKLTEditor* document, const std::string& why) {
     if (document) {
         document->AppEnd = true;
         mainWindow_().closeDocument(*document);
     }
     mainWindow_().notices().tell((isBlank(path) ? "A new document" : std::string(path)) +
-                                 " could not be opened: " + *systemFailure(ENOMEM));
+                                 " could not be opened: " + why);
 }
 
 void Documents::tellMissing(std::string_view path, MissingFiles& missing) {
@@ -128,20 +139,22 @@ void Documents::fillNew(frmKLTEditor& document) {
     document.RichTextBox1->SetText(kNewDocumentText);
 }
 
-void Documents::fillFromFile(frmKLTEditor& document, const std::string& path, const TextFile& file) {
+void Documents::fillFromFile(frmKLTEditor& document, const FoundText& found) {
+    const std::string& path = found.path;
+    const TextFile& file = found.read.file;
     document.setCaption(path);
     {
         const RaisedFlag loadingAny(variables_.LoadingDocuments);
         const RaisedFlag loading(document.isLoading);
         document.encoding = file.encoding;
-        document.unread = file.error.has_value();
         if (file.error) mainWindow_().notices().tell(path + " could not be read: " + *file.error);
         document.RichTextBox1->SetText(file.text);
     }
     variables_.CurrentFilePath = path;
     AddToRecent(path);
     document.Label2->setEnabled(true);
-    for (const auto& copy : leftoverCopies(path)) {
+    changes_.opened(document, found);
+    for (const auto& copy : found.leftovers) {
         std::string told = "A save of " + path;
         told += " did not come to its end; what stood there before is kept in " + copy;
         mainWindow_().notices().tell(told, [copy] { std::ignore = dismissKeptFile(copy); });
@@ -208,6 +221,7 @@ void Documents::saveAs(frmKLTEditor& document) {
     document.setCaption(chosen);
     document.Label2->setEnabled(true);
     saved(document);
+    changes_.tellIfShared(document);
 }
 
 void Documents::saved(frmKLTEditor& document) {
@@ -242,26 +256,22 @@ void Documents::NameFile(frmKLTEditor& document, const std::string& name) {
 bool Documents::asksForFile(const frmKLTEditor& document) {
     if (!document.Exists()) return true;
     if (document.oldFile.empty()) return false;
-    const std::string& path = document.Caption();
-    return PathExists(path) || linkTarget(path) != path ||
-           std::ranges::any_of(mainWindow_().forms().documents(), [&](const auto* other) {
-               return other != &document && linkTarget(other->Caption()) == linkTarget(path);
+    const std::string path = document.Caption();
+    const bool isTaken =
+        wait_.find<bool>(path, [path] { return PathExists(path) || linkTarget(path) != path; })
+            .value_or(true);
+    return isTaken || std::ranges::any_of(mainWindow_().forms().documents(), [&](const auto* other) {
+               return other != &document && (other->Caption() == path || other->fileTarget == path);
            });
 }
 
 /// Writes the document to `CurrentFilePath`. A failure leaves the document as it is.
 Failure Documents::write(frmKLTEditor& document) {
-    const std::string& path = variables_.CurrentFilePath;
-    const auto& all = mainWindow_().forms().documents();
-    const bool keepsOld = std::any_of(all.begin(), all.end(), [&path](const frmKLTEditor* other) {
-        return other->unread && linkTarget(other->Caption()) == linkTarget(path);
-    });
-    const auto written = writeTextFile(path, document.RichTextBox1->Text(), document.encoding,
-                                       keepsOld ? OldFile::KeptBeside : OldFile::Replaced);
-    if (written.error) return path + " could not be saved: " + *written.error;
-    document.encoding = written.encoding;
-    document.unread = false;
-    return std::nullopt;
+    const std::string path = variables_.CurrentFilePath;
+    auto failure = changes_.write(document, path);
+    // Events may have run.
+    variables_.CurrentFilePath = path;
+    return failure;
 }
 
 bool Documents::writeOrTell(frmKLTEditor& document) {

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "app/commands/CommandQueue.h"
+#include "app/documents/FileChanges.h"
+#include "app/documents/FileWait.h"
 #include "platform/Failure.h"
 
 namespace klt {
@@ -13,7 +15,6 @@ namespace klt {
 class Store;
 class frmKLTEditor;
 class frmMDIKLTEditor;
-struct TextFile;
 struct modVariables;
 
 /// Making, opening, saving and closing documents. What fails is told in the main window's bar of notices.
@@ -43,6 +44,13 @@ public:
     /// Puts the path at the head of the recent files and stores the list.
     void AddToRecent(const std::string& path);
 
+    /// Looks whether others have changed the files of all documents, or of one; the bar tells of it later.
+    void noticeChanges() { changes_.lookAtAll(); }
+    void noticeChange(frmKLTEditor& document) { changes_.look(document); }
+
+    /// How long a file system may be silent before what was to be read or written there is given up.
+    void setPatience(std::chrono::milliseconds time) { wait_.patience = time; }
+
     /// The commands of the menu.
     void New();
     void Open();
@@ -55,11 +63,12 @@ private:
         bool isRestSkipped = false;
     };
     void open(std::string_view path, bool checkNow, MissingFiles& missing);
+    void checkWhereWanted(frmKLTEditor& document);
     void tellMissing(std::string_view path, MissingFiles& missing);
     void load(std::string_view path, frmKLTEditor*& document, MissingFiles& missing);
-    void giveUp(std::string_view path, frmKLTEditor* document);
+    void giveUp(std::string_view path, frmKLTEditor* document, const std::string& why);
     void fillNew(frmKLTEditor& document);
-    void fillFromFile(frmKLTEditor& document, const std::string& path, const TextFile& file);
+    void fillFromFile(frmKLTEditor& document, const FoundText& found);
     void save(frmKLTEditor& document);
     void saveAs(frmKLTEditor& document);
     bool saveAtClose(frmKLTEditor& document);
@@ -75,6 +84,8 @@ private:
     CommandQueue& queue_;
     std::function<frmMDIKLTEditor&()> mainWindow_;
     std::function<void(frmKLTEditor&)> ColourDocument_;
+    FileWait wait_{queue_};
+    FileChanges changes_;
 };
 
 }  // namespace klt

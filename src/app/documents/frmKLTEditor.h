@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/FileNews.h"
 #include "text/Encoding.h"
 #include "ui/RichTextBox.h"
 
@@ -39,8 +40,9 @@ public:
     Encoding encoding = Encoding::Any;
     /// While true, a change of the text is the load of this document and no edit.
     bool isLoading = false;
-    /// The file under this caption could not be read, so what stands in it is not what stands here.
-    bool unread = false;
+    /// What is known of the file that it was read from or saved in, and its path without any link.
+    KnownFile file;
+    std::string fileTarget;
     /// The file that it was read from or saved in, while the caption names one that the next save makes.
     std::string oldFile;
 

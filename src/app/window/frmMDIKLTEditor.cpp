@@ -281,6 +281,7 @@ bool frmMDIKLTEditor::event(QEvent* event) {
         if (variables_.StartupComplete) variables_.AppIsActive = activates;
         timer2_.start();
     }
+    if (activates) emit windowActivated();
     if (event->type() == QEvent::PaletteChange) SetGradient();
     return QMainWindow::event(event);
 }

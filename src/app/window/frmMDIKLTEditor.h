@@ -75,6 +75,8 @@ signals:
     void MenuClick(const QString& key);
     void documentLoaded(frmKLTEditor* document);
     void documentActivated(frmKLTEditor* document);
+    /// The user has come back to the window.
+    void windowActivated();
     void filesDropped(const std::vector<std::string>& paths);
     /// No message from outside is taken from now on.
     void unloading();
