@@ -103,6 +103,19 @@ size_t nextLine(std::string_view text, size_t start, size_t end, LineKind kind) 
     return end + kLineEnd;
 }
 
+std::optional<size_t> lineStartBefore(std::string_view text, size_t place) {
+    while (place > 0) {
+        const size_t feed = text.substr(0, place).rfind('\n');
+        if (feed == text.npos) break;
+        place = feed;
+        if (feed == 0 || text[feed - 1] != '\r') continue;
+        const char last = lastTrimmed(text, 0, feed - 1);
+        // Blanks alone may be the rest of a line.
+        if (last != '\0' && !joins(last)) return feed + 1;
+    }
+    return std::nullopt;
+}
+
 size_t longestLine(std::string_view text) {
     size_t longest = 0;
     for (size_t start = 0, place = 0; place <= text.size();) {

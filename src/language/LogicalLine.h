@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "language/Section.h"
@@ -61,6 +62,10 @@ LogicalLine packageHeader(std::string_view text, size_t start);
 /// Where the line behind the one of that kind begins that begins at `start`, and whose first physical line
 /// ends at `end`; behind the text's end where a line end lacks.
 size_t nextLine(std::string_view text, size_t start, size_t end, LineKind kind);
+
+/// Where a logical line begins for sure, whatever stands further in front: the last such place at or in front
+/// of the physical line that holds `place`. None where the text shows none; its own start is not looked at.
+std::optional<size_t> lineStartBefore(std::string_view text, size_t place);
 
 /// No line of either kind that begins anywhere in the text is longer, in bytes.
 size_t longestLine(std::string_view text);
