@@ -34,6 +34,7 @@ RichTextBox::RichTextBox(Kind kind, QWidget* parent)
     useAccessibleTextOnDemand();
     setUpText();
     setUpKeys();
+    setUpMarks();
     applyFormats();
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
             [this](int place, int kindOfChange, const char*, int length) {

@@ -42,6 +42,11 @@ public:
     /// field has one line, and leaves Enter, Escape, Tab and the keys up and down to its window.
     enum class Kind { Document, Preview, Field };
 
+    /// The indicators that mark the parenthesis at the caret: with its partner in the logical line, and
+    /// alone, where that has none. A partner that stands more than a megabyte away is not looked for.
+    static constexpr Position kPairMark = INDIC_CONTAINER;
+    static constexpr Position kLoneMark = INDIC_CONTAINER + 1;
+
     explicit RichTextBox(Kind kind = Kind::Document, QWidget* parent = nullptr);
     Kind kind() const { return kind_; }
 
@@ -173,6 +178,7 @@ private:
     void setUpText();
     void showFocus(QEvent::Type event);
     void setUpKeys();
+    void setUpMarks();
     void applyFormats();
     void fitHeight();
 
@@ -212,6 +218,8 @@ private:
     void newLine();
     void tab();
     Position placeAt(const QPointF& point) const;
+    void markParentheses();
+    std::optional<TextRange> parenthesesAtCaret() const;
 
     void noteModification(int place, int kind, int length);
     void noteInterfaceUpdate(int what);
@@ -236,7 +244,8 @@ private:
     bool composing_ = false;    // an input method's unfinished text stands in ours
     bool stepEnds_ = false;     // the next edit begins an undo step
     bool caretPlaced_ = false;  // by code, so that the keys up and down have to look where it stands
-    TextRange lastSelection_;   // as last notified
+    bool areParenthesesMarked_ = false;
+    TextRange lastSelection_;  // as last notified
     QTimer settlesLater_;
     InsertedText inserted_;
     std::optional<StyleByte> firstStyle_;  // of the first character, before it was deleted

@@ -12,6 +12,7 @@ bool RichTextBox::event(QEvent* event) {
     bool isTaken = true;
     tryStep([&] { isTaken = QsciScintillaBase::event(event); });
     if (kind_ == Kind::Field) showFocus(event->type());
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) markParentheses();
     return isTaken;
 }
 

@@ -57,6 +57,7 @@ void RichTextBox::settle() {
         return;
     }
     if (composing_) return;
+    markParentheses();
     if (std::exchange(changed_, false)) emit Change();
     if (const TextRange moved = selection(); moved != lastSelection_) {
         lastSelection_ = moved;
@@ -66,7 +67,9 @@ void RichTextBox::settle() {
 
 void RichTextBox::MaskNotifications(bool on) {
     masks_ += on ? 1 : -1;
-    if (masks_ == 0) lastSelection_ = selection();
+    if (masks_ > 0) return;
+    lastSelection_ = selection();
+    markParentheses();
 }
 
 void RichTextBox::Freeze(bool on) {
