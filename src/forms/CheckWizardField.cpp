@@ -12,9 +12,11 @@ void CheckWizardField(RichTextBox& box, std::string_view tag, modKLTSyntaxHighli
     if (box.Length() == 0 || !readSetting(store, settings::kWizardSyntaxCheck)) return;
     highlighter.SetFieldFormat(box);
     StyledText field{std::string(box.Text())};
-    CheckField(field, highlighter.state, tag);
+    ErrorRuns errors;
+    CheckField(field, highlighter.state, tag, &errors);
     box.RewriteRun(0, field.text());
     layCheckedStyles(box, field.styles());
+    box.keepReasons({0, box.Length()}, errors);
 }
 
 void makeWizardField(RichTextBox& box, std::string tag, modKLTSyntaxHighlighter& highlighter, Store& store) {

@@ -11,8 +11,8 @@ class Store;
 class modKLTSyntaxHighlighter;
 
 /// Colours a field that holds the value of one tag ("gives(", "name(" ..., in lower case) and puts the case
-/// of its words right, caret and undo kept. Where `tag` is none, as "name(" or "", only the parentheses are
-/// counted. An empty field, and every one while the setting
+/// of its words right, caret and undo kept; the box keeps why what is in error. Where `tag` is none, as
+/// "name(" or "", only the parentheses are counted. An empty field, and every one while the setting
 /// "WizardSyntaxCheck" is off, is left alone.
 void CheckWizardField(RichTextBox& box, std::string_view tag, modKLTSyntaxHighlighter& highlighter,
                       Store& store);

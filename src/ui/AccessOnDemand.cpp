@@ -9,15 +9,18 @@
 namespace klt {
 namespace {
 
+bool isListenedTo = false;
+
 QAccessibleInterface* plainWhileNobodyListens(const QString&, QObject* object) {
     auto* box = qobject_cast<RichTextBox*>(object);
-    return box && !QAccessible::isActive() ? new QAccessibleWidget(box, QAccessible::EditableText) : nullptr;
+    return box && !isListenedTo ? new QAccessibleWidget(box, QAccessible::EditableText) : nullptr;
 }
 
 /// Makes room for the library's objects as soon as somebody listens.
 class Listeners : public QAccessible::ActivationObserver {
 public:
     void accessibilityActiveChanged(bool active) override {
+        isListenedTo = active;
         if (!active) return;
         for (auto* widget : QApplication::allWidgets()) {
             if (!qobject_cast<RichTextBox*>(widget)) continue;
@@ -35,9 +38,14 @@ void useAccessibleTextOnDemand() {
         QAccessible::installFactory(plainWhileNobodyListens);
         static Listeners listeners;
         QAccessible::installActivationObserver(&listeners);
+        isListenedTo = QAccessible::isActive();
         return true;
     }();
     std::ignore = installed;
+}
+
+bool somebodyListens() {
+    return isListenedTo;
 }
 
 }  // namespace klt

@@ -8,4 +8,7 @@ namespace klt {
 /// nothing.
 void useAccessibleTextOnDemand();
 
+/// Whether an assistive tool is there that is to be told of things.
+bool somebodyListens();
+
 }  // namespace klt

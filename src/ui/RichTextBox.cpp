@@ -255,6 +255,7 @@ void RichTextBox::SetBaseStyle(StyleByte style) {
     baseStyle_ = style;
     protection_.clear();
     protectionChanged(false);
+    reasons_.forget({0, Length()});
     if (isStyled_ || style != 0) layStyle({0, Length()}, style);
     isStyled_ = style != 0;
 }

@@ -13,15 +13,19 @@
 #include <string_view>
 #include <vector>
 
+#include "checker/ErrorReason.h"
 #include "text/TextArea.h"
 #include "text/TrackedRanges.h"
 #include "ui/CharacterTally.h"
 #include "ui/InsertedText.h"
 #include "ui/Protection.h"
+#include "ui/ReasonMarks.h"
 #include "ui/TextBuffers.h"
 #include "ui/TextFormats.h"
 
 namespace klt {
+
+class ErrorTip;
 
 /// The text area of documents, preview boxes and wizard fields.
 ///
@@ -46,6 +50,8 @@ public:
     /// alone, where that has none. A partner that stands more than a megabyte away is not looked for.
     static constexpr Position kPairMark = INDIC_CONTAINER;
     static constexpr Position kLoneMark = INDIC_CONTAINER + 1;
+    /// A hidden one, whose value is the reason of an error.
+    static constexpr Position kReasonMark = INDIC_CONTAINER + 2;
 
     explicit RichTextBox(Kind kind = Kind::Document, QWidget* parent = nullptr);
     Kind kind() const { return kind_; }
@@ -99,6 +105,12 @@ public:
     void LayStyles(Position start, std::string_view styles);
     /// Protects these runs alone. With runs it empties the undo history.
     void SetProtectedRuns(const std::vector<TextRange>& runs);
+    /// Keeps why text is in error, in place of what was kept of `checked`; it moves with the edits.
+    void keepReasons(TextRange checked, const ErrorRuns& runs);
+    /// Why the text at `place` is in error; empty where it is not.
+    QString errorAt(Position place) const;
+    /// Tells in a tip below a run in error why it is, until the next key. Nothing where it is not.
+    void showErrorTip(TextRange run);
     /// The text where it stands, good until the next edit: a pass may put letters over those that differ in
     /// ASCII case alone, for that changes no line, length or style. `lettersChanged` then shows them.
     std::span<char> letters();
@@ -219,6 +231,10 @@ private:
     void tab();
     Position placeAt(const QPointF& point) const;
     void markParentheses();
+    void describeError();
+    bool tellErrorAtMouse(QEvent& event);
+    ErrorTip& tip();
+    QRect lineFrom(Position place) const;
     std::optional<TextRange> parenthesesAtCaret() const;
 
     void noteModification(int place, int kind, int length);
@@ -228,6 +244,8 @@ private:
     const Kind kind_;
     Protection protection_;
     TrackedRanges tracked_;
+    ReasonMarks reasons_{*this};
+    ErrorTip* tip_ = nullptr;
     TextBuffers buffers_;
     mutable CharacterTally tally_;
     TextFont font_;

@@ -18,13 +18,13 @@ bool RichTextBox::event(QEvent* event) {
 
 bool RichTextBox::viewportEvent(QEvent* event) {
     bool isTaken = true;
-    tryStep([&] { isTaken = QsciScintillaBase::viewportEvent(event); });
+    tryStep([&] { isTaken = tellErrorAtMouse(*event) || QsciScintillaBase::viewportEvent(event); });
     return isTaken;
 }
 
 /// Must come before each edit of the library's.
 void RichTextBox::makeRoom(const TextBuffers::Edit& edit) {
-    requireRoom(buffers_.needFor(size(), edit));
+    requireRoom(buffers_.needFor(size(), edit) + reasons_.needForEdit());
     const Position capacity = buffers_.capacityFor(size(), edit);
     if (capacity == 0) return;
     send(SCI_ALLOCATE, capacity);

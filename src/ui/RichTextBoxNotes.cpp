@@ -12,6 +12,7 @@ void RichTextBox::noteModification(int place, int kind, int length) {
         buffers_.textDeleted(size(), length);
         protection_.textDeleted(place, length);
         tracked_.textDeleted(place, length);
+        reasons_.textDeleted(place, length);
         inserted_.textDeleted(place, length);
     } else {
         const StyleByte style = styleForInsertion(place);
@@ -19,6 +20,7 @@ void RichTextBox::noteModification(int place, int kind, int length) {
         buffers_.textInserted(size(), length);
         protection_.textInserted(place, length);
         tracked_.textInserted(place, length);
+        reasons_.textInserted(place);
         inserted_.textInserted(place, length, style);
     }
     edited_ = true;
@@ -59,6 +61,7 @@ void RichTextBox::settle() {
     if (composing_) return;
     markParentheses();
     if (std::exchange(changed_, false)) emit Change();
+    describeError();
     if (const TextRange moved = selection(); moved != lastSelection_) {
         lastSelection_ = moved;
         emit SelChange();
@@ -70,6 +73,7 @@ void RichTextBox::MaskNotifications(bool on) {
     if (masks_ > 0) return;
     lastSelection_ = selection();
     markParentheses();
+    describeError();
 }
 
 void RichTextBox::Freeze(bool on) {

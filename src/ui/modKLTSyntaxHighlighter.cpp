@@ -48,9 +48,11 @@ void modKLTSyntaxHighlighter::SetErrorFieldFormat(RichTextBox& text) {
 void modKLTSyntaxHighlighter::ColourRange(RichTextBox& text, Position from, Position to) {
     if (from >= to) return;
     StyledText checked(std::string(text.Text()), text.Styles());
-    CheckRange(checked, state, from, to);
+    ErrorRuns errors;
+    CheckRange(checked, state, from, to, &errors);
     text.RewriteRun(0, checked.text());
     layCheckedStyles(text, checked.styles());
+    text.keepReasons({from, to}, errors);
 }
 
 std::vector<TextRange> versionRuns(std::string_view styles) {

@@ -26,8 +26,8 @@ public:
     /// Reads the styles and shows them in `text`, whose style bytes stay.
     void LoadStyles(RichTextBox& text);
 
-    /// Colours the bytes [from, to) of a preview box under `CurrentSection`, line by line, and puts the case
-    /// of words right. Nothing happens unless `from` is less than `to`.
+    /// Colours the bytes [from, to) of a preview box under `CurrentSection`, line by line, keeps why what is
+    /// in error, and puts the case of words right. Nothing happens unless `from` is less than `to`.
     void ColourRange(RichTextBox& text, Position from, Position to);
 
 private:

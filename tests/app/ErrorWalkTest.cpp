@@ -2,6 +2,11 @@
 
 #include "app/documents/ErrorWalk.h"
 
+#include <QLabel>
+#include <QMouseEvent>
+
+#include "app/commands/Commands.h"
+#include "checker/ErrorReason.h"
 #include "language/StyleCategory.h"
 #include "support/EditorFixture.h"
 
@@ -59,6 +64,59 @@ TEST_F(ErrorWalkTest, WalksFromRunToRunAndStopsAtTheEnds) {
     }
     letEventsRun();
     EXPECT_EQ(text.SelStart(), huge.start);
+}
+
+TEST_F(ErrorWalkTest, ATipTellsWhyUntilTheNextKey) {
+    openNew();
+    RichTextBox& text = box();
+    text.SetText("[ADS]\r\nSea Legs, 5, blah(H12)\r\nRope, 5x\r\n[FOO]");
+    runCommand(editor(), "T6");
+    activate(window());
+    const auto tip = [&] { return text.findChild<QLabel*>("ErrorTip"); };
+    const std::pair<Qt::KeyboardModifiers, ErrorReason> rows[] = {
+        {{}, ErrorReason::UnknownTag},
+        {{}, ErrorReason::BadCost},
+        {{}, ErrorReason::UnknownSection},
+        {kShift, ErrorReason::BadCost},
+    };
+    text.SetSelStart(0);
+    for (const auto& [modifiers, reason] : rows) {
+        key(Qt::Key_F8, modifiers);
+        ASSERT_TRUE(tip() && tip()->isVisible());
+        EXPECT_EQ(tip()->text().toStdString(), errorReason(reason).text);
+        EXPECT_TRUE(tip()->isWindow());
+        const auto bottom = text.SendScintilla(RichTextBox::SCI_POINTYFROMPOSITION, 0UL, text.SelStart()) +
+                            text.SendScintilla(RichTextBox::SCI_TEXTHEIGHT, 0UL);
+        EXPECT_EQ(text.viewport()->mapFromGlobal(tip()->geometry().topLeft()).y(), bottom)
+            << "right below the line";
+    }
+    QMouseEvent move(QEvent::MouseMove, {1, 1}, text.viewport()->mapToGlobal(QPointF(1, 1)), Qt::NoButton, {},
+                     {});
+    QApplication::sendEvent(text.viewport(), &move);
+    EXPECT_TRUE(tip()->isVisible()) << "the mouse does not take it away";
+    key(Qt::Key_Left);
+    EXPECT_FALSE(tip()->isVisible());
+
+    text.SetSelStart(text.SelStart() + 1);
+    type("7");
+    text.SetSelStart(0);
+    for (int step = 0; step < 2; ++step) key(Qt::Key_F8);
+    EXPECT_EQ(tip()->text(), "Changed since the last check (Ctrl+K)");
+    runCommand(editor(), "T6");
+    activate(window());
+    text.SetSelStart(0);
+    for (int step = 0; step < 2; ++step) key(Qt::Key_F8);
+    EXPECT_EQ(tip()->text().toStdString(), errorReason(ErrorReason::BadCost).text);
+}
+
+TEST_F(ErrorWalkTest, EveryReasonIsKeptHoweverManyThereAre) {
+    openNew();
+    std::string lines = "[ADS]\r\n";
+    for (int line = 0; line < 50'000; ++line) lines += "Rope, 5x\r\n";
+    box().SetText(lines);
+    runCommand(editor(), "T6");
+    for (Position place = 14; place < box().Length(); place += 10)
+        ASSERT_EQ(box().errorAt(place), "not a cost") << place;
 }
 
 }  // namespace

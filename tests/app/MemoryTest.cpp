@@ -47,7 +47,7 @@ private:
 
 std::string sample(size_t size = size_t{400} << 10) {
     std::string text = "Version=2\r\n[ADS]\r\n<Gifts>\r\n";
-    while (text.size() < size) text += "Sea Legs, 5, PAGE(H12), cat(Sea), notes(of the sea)\r\n";
+    while (text.size() < size) text += "Sea Legs, 5x, PAGE(H12), cat(Sea), notes(of the sea)\r\n";
     return text;
 }
 

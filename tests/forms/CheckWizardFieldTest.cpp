@@ -49,6 +49,19 @@ TEST_F(CheckWizardFieldTest, ColoursWhatIsTyped) {
     }
 }
 
+TEST_F(CheckWizardFieldTest, KeepsWhyTheFieldIsRed) {
+    Box box(RichTextBox::Kind::Field);
+    makeWizardField(box, "cost(", highlighter, store);
+    QTest::keyClicks(&box, "abc");
+    EXPECT_EQ(box.errorAt(1), "not a cost");
+    QTest::keyClicks(&box, "(");
+    box.key(Qt::Key_Delete);
+    EXPECT_EQ(box.errorAt(1), "parentheses do not match") << "of what stands there now";
+    box.Select(0, box.Length());
+    QTest::keyClicks(&box, "5");
+    EXPECT_EQ(box.errorAt(0), "");
+}
+
 TEST_F(CheckWizardFieldTest, KeepsCaretSelectionAndUndo) {
     Box box(RichTextBox::Kind::Field, "+1 to knife");
     box.SetSelStart(2);

@@ -29,6 +29,7 @@ TEST_F(HighlighterTest, APreviewIsColouredInItsRangeAlone) {
     EXPECT_EQ(box.StyleRuns(), "8 17 Version Information\n19 26 Package Headers\n28 33 Syntax Error")
         << "a section header is an item like any other";
     EXPECT_THAT(box.ProtectedRuns(), testing::ElementsAre(TextRange{8, 17}));
+    EXPECT_NE(box.errorAt(29), "");
     highlighter.SetPreviewFormat(box);
     EXPECT_EQ(box.StyleRuns(), "");
     EXPECT_TRUE(box.ProtectedRuns().empty());

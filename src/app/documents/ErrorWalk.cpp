@@ -14,6 +14,7 @@ void show(RichTextBox& text, std::optional<TextRange> run) {
     if (!run) return;
     text.Select(run->start, run->end - run->start);
     text.ScrollCaret();
+    text.showErrorTip(*run);
 }
 
 void toNextError(RichTextBox& text) {

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <algorithm>
 #include <future>
+#include <utility>
 
 #include "app/dialogs/frmKLTChecker.h"
 #include "language/LogicalLine.h"
@@ -15,9 +16,12 @@ namespace {
 
 // Between two slices events run: often enough for a button to answer, seldom enough to cost nothing.
 constexpr qint64 kSliceMilliseconds = 16;
-constexpr Position kLinesAtOnce = 200;
-// What the check of a line may take for each of its bytes, beside their styles.
-constexpr size_t kBytesOfCheck = 24;
+constexpr int kLinesAtOnce = 200;
+// So many errors are enough for one slice: they are kept until the box takes them.
+constexpr size_t kErrorsAtOnce = 20'000;
+// What the check of a line may take for each of its bytes, beside their styles: the scan, and the reasons of
+// an error for every other byte in a list that grows.
+constexpr size_t kBytesOfCheck = 24 + 36;
 
 }  // namespace
 
@@ -27,7 +31,7 @@ WindowPass::WindowPass(RichTextBox& box, CheckerState& state, frmKLTChecker* pro
       mask_(std::in_place, box),
       freeze_(std::in_place, box),
       text_(box.letters()),
-      pass_(text_, state, this) {
+      pass_(text_, state, this, &errors_) {
     box_.setLocked(true);
     if (!progress_) return;
     connect(progress_, &frmKLTChecker::lockToggled, this, &WindowPass::setLocked);
@@ -46,18 +50,21 @@ WindowPass::~WindowPass() {
 
 void WindowPass::run() {
     const Position firstVisible = box_.FirstVisibleLine();
+    box_.keepReasons({0, text_.size()}, {});
     QCoreApplication::processEvents();
     for (bool goesOn = slice(); goesOn;) {
         tell();
         if (!locked_) showFinishedPart();
         QCoreApplication::processEvents();
         const Position finished = pass_.settledEnd();
+        box_.keepReasons({}, std::exchange(errors_, {}));
         // Without a thread the slice is scanned afterwards, here.
         auto next = std::async(std::launch::async | std::launch::deferred, [this] { return slice(); });
         layStylesTo(finished);
         goesOn = next.get();
     }
     layStylesTo(text_.size());
+    box_.keepReasons({}, errors_);
     box_.SetProtectedRuns(versionRuns(text_.styles()));
     box_.lettersChanged();
     box_.ScrollToLine(firstVisible);
@@ -71,8 +78,9 @@ bool WindowPass::slice() {
     const qint64 most = pass_.linesDone() == 0 ? 0 : kSliceMilliseconds;
     QElapsedTimer clock;
     clock.start();
-    while (pass_.advance(kLinesAtOnce)) {
-        if (clock.elapsed() >= most) return true;
+    for (int lines = 1; pass_.advance(1); ++lines) {
+        if (errors_.size() >= kErrorsAtOnce) return true;
+        if (lines % kLinesAtOnce == 0 && clock.elapsed() >= most) return true;
     }
     return false;
 }

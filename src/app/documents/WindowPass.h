@@ -42,6 +42,7 @@ private:
     std::optional<NotificationMask> mask_;
     std::optional<RedrawFreeze> freeze_;
     StyledText text_;
+    ErrorRuns errors_;  // of the slice scanned last
     DocumentPass pass_;
     Position laid_ = 0;  // the place up to which the box has the styles
     bool locked_ = true;

@@ -1,0 +1,119 @@
+#include "ui/ReasonMarks.h"
+
+#include <algorithm>
+
+#include "language/StyleCategory.h"
+#include "platform/MemoryRoom.h"
+#include "text/Unicode.h"
+#include "ui/RichTextBox.h"
+
+namespace klt {
+namespace {
+
+using Base = QsciScintillaBase;
+
+constexpr Position kMark = RichTextBox::kReasonMark;
+// 0 is what no mark lies on.
+constexpr Position kFirstValue = 1;
+constexpr auto kChangedValue = kFirstValue + static_cast<Position>(kErrorReasonCount);
+
+std::string_view textOf(Position value) {
+    if (value < kFirstValue || value >= kChangedValue) return ReasonMarks::kChanged;
+    return kErrorReasons[static_cast<size_t>(value - kFirstValue)].text;
+}
+
+}  // namespace
+
+ReasonMarks::ReasonMarks(const RichTextBox& box) : box_(box) {
+    ask(Base::SCI_INDICSETSTYLE, Base::INDIC_HIDDEN);
+}
+
+Position ReasonMarks::ask(unsigned message, Position place) const {
+    return box_.SendScintilla(message, static_cast<unsigned long>(kMark), static_cast<long>(place));
+}
+
+Position ReasonMarks::valueAt(Position place) const {
+    return place < 0 || place >= box_.Length() ? 0 : ask(Base::SCI_INDICATORVALUEAT, place);
+}
+
+TextRange ReasonMarks::runAt(Position place) const {
+    return {ask(Base::SCI_INDICATORSTART, place), ask(Base::SCI_INDICATOREND, place)};
+}
+
+bool ReasonMarks::isInError(Position place) const {
+    return place >= 0 && place < box_.Length() &&
+           box_.StyleAt(place) == static_cast<StyleByte>(StyleCategory::SyntaxError);
+}
+
+void ReasonMarks::fill(TextRange range, Position value) {
+    box_.SendScintilla(Base::SCI_SETINDICATORCURRENT, static_cast<unsigned long>(kMark));
+    box_.SendScintilla(Base::SCI_SETINDICATORVALUE, static_cast<unsigned long>(value));
+    box_.SendScintilla(Base::SCI_INDICATORFILLRANGE, static_cast<unsigned long>(range.start),
+                       static_cast<long>(range.end - range.start));
+}
+
+void ReasonMarks::change(TextRange run) {
+    fill(run, kChangedValue);
+}
+
+void ReasonMarks::forget(TextRange range) {
+    if (range.start >= range.end) return;
+    if (range.start == 0 && range.end == box_.Length()) runs_ = 0;
+    box_.SendScintilla(Base::SCI_SETINDICATORCURRENT, static_cast<unsigned long>(kMark));
+    box_.SendScintilla(Base::SCI_INDICATORCLEARRANGE, static_cast<unsigned long>(range.start),
+                       static_cast<long>(range.end - range.start));
+}
+
+void ReasonMarks::lay(const ErrorRuns& runs) {
+    if (runs.empty() || !roomFor(kBytesOfRun * (runs_ + runs.size()))) return;
+    runs_ += runs.size();
+    const auto goesOn = [this](Position at) {
+        const std::string_view byte = box_.Slice(at, at + 1);
+        return !byte.empty() && isContinuation(byte.front());
+    };
+    for (const ErrorRun& run : runs) {
+        TextRange range{std::max<Position>(run.start, 0), std::min(run.end, box_.Length())};
+        // A style begins in front of a character.
+        for (int back = 0; back < 3 && range.start > 0 && goesOn(range.start); ++back) --range.start;
+        if (range.start < range.end) fill(range, kFirstValue + static_cast<Position>(run.reason));
+    }
+}
+
+void ReasonMarks::textInserted(Position place) {
+    // What comes in right behind a run belongs to it only where the next one, or the text's end, follows.
+    if (valueAt(place - 1) == 0 || (valueAt(place) == 0 && place < box_.Length())) return;
+    change(runAt(place - 1));
+}
+
+void ReasonMarks::textDeleted(Position place, Position length) {
+    const TextRange gone{place, place + length};
+    for (const Position edge : {gone.start, gone.end - 1}) {
+        if (valueAt(edge) == 0) continue;
+        const TextRange run = runAt(edge);
+        if (run.start < gone.start || run.end > gone.end) change(run);
+    }
+}
+
+std::string_view ReasonMarks::at(Position place) const {
+    if (!isInError(place)) return {};
+    const Position value = valueAt(place);
+    if (value == 0) return kChanged;
+    const TextRange run = runAt(place);
+    return lacksReason(run.start - 1) || lacksReason(run.end) ? kChanged : textOf(value);
+}
+
+std::vector<std::string_view> ReasonMarks::of(TextRange run) const {
+    constexpr int kMost = 100;
+    std::vector<std::string_view> reasons;
+    int seen = 0;
+    for (Position place = run.start; place < run.end && seen < kMost; ++seen) {
+        const std::string_view reason = at(place);
+        if (reason == kChanged) return {kChanged};
+        if (reason.empty()) break;
+        if (std::ranges::find(reasons, reason) == reasons.end()) reasons.push_back(reason);
+        place = runAt(place).end;
+    }
+    return reasons;
+}
+
+}  // namespace klt

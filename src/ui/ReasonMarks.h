@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "checker/ErrorReason.h"
+
+namespace klt {
+
+class RichTextBox;
+
+/// Why which text of a box is in error: kept from the check and moved with the edits, in a hidden indicator
+/// whose value is the reason. Each call but `lay` costs the same at any size of the text.
+class ReasonMarks {
+public:
+    /// What is said of a run that was edited, or put in, since.
+    static constexpr std::string_view kChanged = "Changed since the last check (Ctrl+K)";
+
+    /// `box` must outlive it.
+    explicit ReasonMarks(const RichTextBox& box);
+
+    void forget(TextRange range);
+    /// Later runs lie over earlier ones. Where there is no room for them they are not kept.
+    void lay(const ErrorRuns& runs);
+    /// The bytes that an edit may take to split runs and to move those behind.
+    size_t needForEdit() const { return kBytesOfRun * runs_; }
+    /// To be told before each edit.
+    void textInserted(Position place);
+    void textDeleted(Position place, Position length);
+
+    /// Why the text at `place` is in `Syntax Error`; empty where it is not.
+    std::string_view at(Position place) const;
+    /// The reasons of a run of that style in their order, each once; `kChanged` alone where any of it was
+    /// edited. Of a run with very many the first ones.
+    std::vector<std::string_view> of(TextRange run) const;
+
+private:
+    Position ask(unsigned message, Position place) const;
+    Position valueAt(Position place) const;
+    TextRange runAt(Position place) const;
+    bool isInError(Position place) const;
+    bool lacksReason(Position place) const { return isInError(place) && valueAt(place) == 0; }
+    void fill(TextRange range, Position value);
+    void change(TextRange run);
+
+    // Two ends in lists that grow by parts and are copied as they do.
+    static constexpr size_t kBytesOfRun = 96;
+
+    const RichTextBox& box_;
+    size_t runs_ = 0;  // laid since all were forgotten, or more
+};
+
+}  // namespace klt
