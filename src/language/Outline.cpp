@@ -65,8 +65,8 @@ constexpr auto kNamedRows = std::to_array<NamedRow>({
     {"PA:", LineKind::PackageHeader, Section::Packages},
 });
 static_assert(std::ranges::all_of(kNamedRows, [](const NamedRow& row) {
-    const auto* prefix = findPrefixTag(row.prefix);
-    return prefix != nullptr && prefix->section == Section::Other;
+    const int prefix = kPrefixTags.find(row.prefix);
+    return prefix >= 0 && kPrefixRows[static_cast<size_t>(prefix)].section == Section::Other;
 }));
 
 }  // namespace
