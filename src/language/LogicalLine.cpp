@@ -98,6 +98,8 @@ LogicalLine packageHeader(std::string_view text, size_t start) {
 }
 
 size_t nextLine(std::string_view text, size_t start, size_t end, LineKind kind) {
+    // Most lines are one line, whatever else they hold.
+    if (!joins(lastTrimmed(text, start, end))) return end + kLineEnd;
     if (kind == LineKind::Item) return itemLine(text, start, EmptyTest::NextLine).next;
     if (kind == LineKind::PackageHeader) return packageHeader(text, start).next;
     return end + kLineEnd;
