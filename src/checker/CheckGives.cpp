@@ -1,5 +1,6 @@
 #include "checker/Scanners.h"
 #include "checker/ValueWalk.h"
+#include "language/Vocabulary.h"
 
 namespace klt {
 
@@ -58,8 +59,8 @@ private:
 // A value may go on behind a blank or break; where it does not, its part ends here.
 void GivesWalk::separator() {
     if (separatorGoesOn()) return;
-    const bool isPoints =
-        scan.at(i) == ' ' && equalIgnoringAsciiCase(scan.stretch(i + 1, 3), "pts") && scan.at(i + 4) == ' ';
+    const bool isPoints = scan.at(i) == ' ' && equalIgnoringAsciiCase(scan.stretch(i + 1, 3), kPointsWord) &&
+                          scan.at(i + 4) == ' ';
     if (isPoints || scan.at(i - 1) == ',')
         word.clear();
     else
@@ -69,8 +70,8 @@ void GivesWalk::separator() {
 // The unit behind a number, when the characters just taken end in it.
 void GivesWalk::points() {
     if (toLower(scan.at(i)) != 's' || scan.at(i + 1) != ' ') return;
-    if (equalIgnoringAsciiCase(word.tail(), "pts"))
-        scan.recognise(i + 1, word.tail(), "pts", StyleCategory::Keywords);
+    if (equalIgnoringAsciiCase(word.tail(), kPointsWord))
+        scan.recognise(i + 1, word.tail(), kPointsWord, StyleCategory::Keywords);
 }
 
 // At `)`: a bonus must not end before its target. The error begins at the first "gives(" of the text.

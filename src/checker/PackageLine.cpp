@@ -14,8 +14,6 @@ namespace {
 constexpr std::string_view kAt = " .AT. ";
 constexpr std::string_view kWith = " .WITH. ";
 constexpr std::string_view kAnd = " .AND. ";
-constexpr std::string_view kRace = "Race";
-constexpr std::string_view kAdjustment = "Adj";
 
 // Without its last three characters.
 std::string_view cutThree(std::string_view text) {
@@ -117,12 +115,12 @@ void PackageLine::emessage() {
     mark(*with, kWith);
     constexpr std::string_view kNewParagraph = " ~P ";
     for (auto hit = find(kNewParagraph, kFirst + 1); hit; hit = find(kNewParagraph, *hit + 2))
-        scan_.recognise(*hit + 3, scan_.stretch(*hit + 1, 2), "~P", StyleCategory::Keywords);
+        scan_.recognise(*hit + 3, scan_.stretch(*hit + 1, 2), kParagraphWord, StyleCategory::Keywords);
 }
 
 void PackageLine::add(ScanPosition from) {
     const int attributeIndex = kAttributes.find(scan_.stretch(from, 2));
-    if (equalIgnoringAsciiCase(scan_.stretch(from, kRace.size()), kRace))
+    if (equalIgnoringAsciiCase(scan_.stretch(from, kRaceWord.size()), kRaceWord))
         race(from);
     else if (attributeIndex >= 0)
         attribute(from, attributeIndex);
@@ -131,8 +129,8 @@ void PackageLine::add(ScanPosition from) {
 }
 
 void PackageLine::race(ScanPosition from) {
-    scan_.rewrite(from, kRace);
-    const auto at = from + kRace.size();
+    scan_.rewrite(from, kRaceWord);
+    const auto at = from + kRaceWord.size();
     if (!equalIgnoringAsciiCase(scan_.stretch(at, kAt.size()), kAt))
         return scan_.wholeError(ErrorReason::RaceWithoutAt);
     mark(at, kAt);
@@ -143,9 +141,9 @@ void PackageLine::race(ScanPosition from) {
 void PackageLine::attribute(ScanPosition from, int index) {
     scan_.rewrite(from, kAttributes[index]);
     auto at = from + kAttributes[index].size();
-    if (equalIgnoringAsciiCase(scan_.stretch(at, kAdjustment.size()), kAdjustment)) {
-        scan_.rewrite(at, kAdjustment);
-        at += kAdjustment.size();
+    if (equalIgnoringAsciiCase(scan_.stretch(at, kAdjustmentWord.size()), kAdjustmentWord)) {
+        scan_.rewrite(at, kAdjustmentWord);
+        at += kAdjustmentWord.size();
     }
     if (!equalIgnoringAsciiCase(scan_.stretch(at, kAt.size()), kAt))
         return scan_.wholeError(ErrorReason::AttributeWithoutAt);
@@ -254,9 +252,9 @@ void PackageLine::levelTest(ScanPosition from, ScanPosition end) {
     auto value = scan_.between(from, end);
     const auto unit = value.substr(value.size() - std::min<size_t>(value.size(), 3));
     const auto rest = cutThree(value);
-    if (equalIgnoringAsciiCase(unit, "pts")) {
+    if (equalIgnoringAsciiCase(unit, kPointsWord)) {
         value.remove_suffix(unit.size());
-        scan_.rewrite(from + value.size(), "pts");
+        scan_.rewrite(from + value.size(), kPointsWord);
     } else if (!rest.empty()) {
         value = rest;
     }

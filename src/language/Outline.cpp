@@ -54,10 +54,11 @@ struct NamedRow {
     std::string_view prefix;
     LineKind kind;
     Section section;
+    bool isOffered = true;
 };
 constexpr auto kNamedRows = std::to_array<NamedRow>({
     {"SK_RL:", LineKind::Item, Section::Skills},
-    {"CL:", LineKind::SubsectionHeader, Section::Skills},
+    {"CL:", LineKind::SubsectionHeader, Section::Skills, false},
     {"CL:", LineKind::SubsectionHeader, Section::Spells},
     {"CO:", LineKind::SubsectionHeader, Section::Spells},
     {"COLLEGE:", LineKind::SubsectionHeader, Section::Spells},
@@ -68,6 +69,13 @@ static_assert(std::ranges::all_of(kNamedRows, [](const NamedRow& row) {
     const int prefix = kPrefixTags.find(row.prefix);
     return prefix >= 0 && kPrefixRows[static_cast<size_t>(prefix)].section == Section::Other;
 }));
+
+/// The end where no row says so.
+const NamedRow* rowOf(const OutlineEntry& entry, const PrefixRow& prefix) {
+    return std::ranges::find_if(kNamedRows, [&](const NamedRow& row) {
+        return row.prefix == prefix.word && row.kind == entry.kind && row.section == entry.section;
+    });
+}
 
 }  // namespace
 
@@ -105,9 +113,13 @@ std::vector<OutlineEntry> outlineOf(std::string_view text) {
 bool isNamedBy(const OutlineEntry& entry, const PrefixRow& prefix) {
     if (prefix.section != Section::Other)
         return entry.kind == LineKind::Item && entry.section == prefix.section;
-    return std::ranges::any_of(kNamedRows, [&](const NamedRow& row) {
-        return row.prefix == prefix.word && row.kind == entry.kind && row.section == entry.section;
-    });
+    return rowOf(entry, prefix) != kNamedRows.end();
+}
+
+bool isOfferedBehind(const OutlineEntry& entry, const PrefixRow& prefix) {
+    if (prefix.section != Section::Other) return isNamedBy(entry, prefix);
+    const auto* row = rowOf(entry, prefix);
+    return row != kNamedRows.end() && row->isOffered;
 }
 
 }  // namespace klt

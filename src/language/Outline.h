@@ -33,4 +33,8 @@ std::vector<OutlineEntry> outlineOf(std::string_view text);
 /// Whether a prefix tag names such lines: the items of its section, for some tags subsections or packages.
 bool isNamedBy(const OutlineEntry& entry, const PrefixRow& prefix);
 
+/// Whether it is offered where a name is wanted behind that tag. Classes are subsections of skills too, but
+/// offered are those of spells, which the tag is for.
+bool isOfferedBehind(const OutlineEntry& entry, const PrefixRow& prefix);
+
 }  // namespace klt

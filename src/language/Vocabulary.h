@@ -123,6 +123,15 @@ inline constexpr WordList kPackageWords(std::to_array<std::string_view>({
     ".AT.",
 }));
 
+/// The unit behind a number of points, and the keyword that begins a paragraph of an `EMESSAGE=`.
+inline constexpr std::string_view kPointsWord = "pts";
+inline constexpr std::string_view kParagraphWord = "~P";
+
+/// What `ADD=` takes without a prefix tag beside the attributes, and what is put behind an attribute to
+/// adjust it.
+inline constexpr std::string_view kRaceWord = "Race";
+inline constexpr std::string_view kAdjustmentWord = "Adj";
+
 inline constexpr WordList kYesNo(std::to_array<std::string_view>({
     "Yes",
     "No",
