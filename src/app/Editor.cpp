@@ -8,6 +8,7 @@
 #include "app/commands/WizardCommands.h"
 #include "app/dialogs/MergeFolder.h"
 #include "app/dialogs/frmKLTMerger.h"
+#include "app/documents/Complete.h"
 #include "app/documents/ErrorWalk.h"
 #include "app/documents/GoTo.h"
 #include "app/documents/frmKLTEditor.h"
@@ -25,7 +26,7 @@ namespace klt {
 Editor::Editor(Store& store, Instances* instances, std::string commandLine)
     : variables(store),
       highlighter(variables.Settings),
-      aids({store, highlighter, variables.SuppressCaretUpdate}),
+      aids({store, highlighter, variables.SuppressCaretUpdate, [this] { return openTexts(mainWindow()); }}),
       colouring(
           store, queue, highlighter, [this]() -> frmMDIKLTEditor& { return mainWindow(); },
           [this] { closeSplash(); }),
@@ -79,6 +80,7 @@ void Editor::wireWindow() {
             [this](frmKLTEditor* document) { documents.noticeChange(*document); });
     addErrorWalk(*window_, queue);
     addGoTo(*window_, queue);
+    addComplete(*window_, queue);
     connect(&*window_, &frmMDIKLTEditor::unloading, this, [this] { server_.reset(); });
     connect(&*window_, &frmMDIKLTEditor::unloaded, this, [this] {
         // Whoever waits for an answer then opens its files itself.

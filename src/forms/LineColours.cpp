@@ -28,13 +28,6 @@ public:
     }
 
 private:
-    /// The list chooses none before a type is chosen.
-    std::string_view section() const {
-        if (row_.sectionChosenBy.empty()) return row_.sections.front();
-        const int chosen = state_.control(row_.sectionChosenBy).state;
-        return chosen < 0 ? std::string_view() : row_.sections[static_cast<size_t>(chosen)];
-    }
-
     bool isBeginning() const {
         return std::ranges::any_of(table_.tabs, [this](const LineTab& tab) {
             return tab.full == row_.name && tab.beginning == box_.Text();
@@ -44,7 +37,7 @@ private:
     void colour() {
         highlighter_.SetPreviewFormat(box_);
         if (isBeginning()) return;
-        highlighter_.state.SetCurrentSection(section());
+        highlighter_.state.SetCurrentSection(sectionOfLines(row_, state_));
         highlighter_.ColourRange(box_, 0, box_.Length());
     }
 
@@ -56,6 +49,12 @@ private:
 };
 
 }  // namespace
+
+std::string_view sectionOfLines(const ControlRow& row, const WizardState& state) {
+    if (row.sectionChosenBy.empty()) return row.sections.front();
+    const int chosen = state.control(row.sectionChosenBy).state;
+    return chosen < 0 ? std::string_view() : row.sections[static_cast<size_t>(chosen)];
+}
 
 void keepColoured(RichTextBox& box, const ControlRow& row, const WizardTable& table, const WizardState& state,
                   modKLTSyntaxHighlighter& highlighter) {

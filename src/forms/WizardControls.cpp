@@ -13,6 +13,7 @@
 #include "forms/WizardCombo.h"
 #include "forms/WizardServices.h"
 #include "ui/CloseParenthesis.h"
+#include "ui/CompletionPopup.h"
 #include "ui/FieldPopup.h"
 #include "ui/QtStrings.h"
 #include "ui/RichTextBox.h"
@@ -68,6 +69,7 @@ private:
         if (!row.sections.empty()) return lines(made, row);
         if (row.kind == ControlKind::TextField) {
             makeWizardField(made, std::string(row.tag), services_.highlighter, services_.store);
+            completeValue(made, row);
         } else {
             services_.highlighter.SetFieldFormat(made);
         }
@@ -89,7 +91,29 @@ private:
         pairTypedParentheses(made, services_.store);
         keepColoured(made, row, table_, state_, services_.highlighter);
         made.setLocked(row.isReadOnly);
+        if (!row.isReadOnly) completeLines(made, row);
         return keepText(made, row);
+    }
+
+    void completeValue(RichTextBox& made, const ControlRow& row) {
+        addCompletion(
+            made,
+            [tag = fieldTag(row.tag)](std::string_view text, size_t caret) {
+                return placeInField(text, caret, tag);
+            },
+            services_.openTexts);
+    }
+
+    /// Collected lines are read as those of the section into which they go, not always as they are coloured.
+    void completeLines(RichTextBox& made, const ControlRow& row) {
+        const bool isCollected = row.name == table_.box;
+        addCompletion(
+            made,
+            [&row, &table = table_, &state = state_, isCollected](std::string_view text, size_t caret) {
+                const auto section = isCollected ? table.places.front().section : sectionOfLines(row, state);
+                return placeInLines(text, caret, sectionOf(section));
+            },
+            services_.openTexts);
     }
 
     /// Behind the check, which puts the case of words right.

@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 namespace klt {
 
@@ -19,6 +20,8 @@ struct WizardServices {
     modKLTSyntaxHighlighter& highlighter;
     /// Up while a wizard fills itself or writes.
     bool& SuppressCaretUpdate;
+    /// The texts of all open documents, whose names the fields offer.
+    std::function<std::vector<std::string_view>()> openTexts = {};
     /// Shows the Syntax Aid menu of that name at a place of the screen, for `field`, which stands in `form`.
     std::function<void(WizardForm& form, RichTextBox& field, std::string_view menu, QPoint global)>
         showSyntaxAid = {};
