@@ -14,28 +14,42 @@
 #include "app/documents/frmKLTEditor.h"
 #include "platform/CommandKeys.h"
 #include "platform/CommandLine.h"
-#include "platform/KeptCopies.h"
 #include "platform/MemoryRoom.h"
 #include "platform/Paths.h"
 #include "platform/ProgramNames.h"
-#include "platform/Recovery.h"
 #include "ui/MessageBox.h"
 
 namespace klt {
 
 Editor::Editor(Store& store, Instances* instances, std::string commandLine)
     : variables(store),
+      copies(recovery,
+             [this](const std::string& failure) {
+                 if (window_) window_->notices().tell(failure);
+             }),
+      wizardLines(recovery, copies, [this]() -> NoticeBar& { return mainWindow().notices(); }),
       highlighter(variables.Settings),
-      aids({store, highlighter, variables.SuppressCaretUpdate, [this] { return openTexts(mainWindow()); }}),
+      aids({.store = store,
+            .highlighter = highlighter,
+            .SuppressCaretUpdate = variables.SuppressCaretUpdate,
+            .openTexts = [this] { return openTexts(mainWindow()); },
+            .keeper = &wizardLines}),
       colouring(
           store, queue, highlighter, [this]() -> frmMDIKLTEditor& { return mainWindow(); },
           [this] { closeSplash(); }),
       documents(
           variables, store, queue, [this]() -> frmMDIKLTEditor& { return mainWindow(); },
-          [this](frmKLTEditor& document) { colouring.ColourDocument(document); }),
+          [this](frmKLTEditor& document) { colouring.ColourDocument(document); },
+          {.folder = recovery, .copies = copies}),
+      sessionEnd({.mainWindow = [this] { return window_.get(); },
+                  .mayCloseForms = [this] { return mayCloseForms(*window_); },
+                  .closeCheck = [this](frmKLTEditor& document) { return documents.CloseCheck(&document); },
+                  .keepAll = [this] { copies.writeAll(); },
+                  .keepAllForGood = [this] { copies.leaveAll(); }}),
       store_(store),
       instances_(instances),
-      commandLine_(std::move(commandLine)) {
+      commandLine_(std::move(commandLine)),
+      leftTexts_(recovery, queue, [this](const LeftText& text) { documents.OpenLeft(text); }) {
     // Later: the event that was given up may be a paint event, in which no widget may be shown.
     lack_.setSingleShot(true);
     connect(&lack_, &QTimer::timeout, this, [this] {
@@ -57,7 +71,7 @@ frmMDIKLTEditor& Editor::mainWindow() {
     wireWindow();
     window_->Load();
     listen();
-    tellOfKeptTexts();
+    leftTexts_.offer(window_->notices());
     window_->show();
     return *window_;
 }
@@ -68,7 +82,10 @@ void Editor::showSplash() {
 }
 
 void Editor::wireWindow() {
-    window_->setCloseCheck([this](frmKLTEditor& document) { return documents.CloseCheck(&document); });
+    connect(&*window_, &frmMDIKLTEditor::documentLoaded, this, [this](frmKLTEditor* it) { watch(*it); });
+    window_->setCloseCheck([this](frmKLTEditor& document) {
+        return !sessionEnd.isAnswered(document) && documents.CloseCheck(&document);
+    });
     window_->setFormsCheck([this] { return mayCloseForms(*window_); });
     connect(&*window_, &frmMDIKLTEditor::MenuClick, this,
             [this](const QString& key) { queue.submit(Origin::User, [this, key] { MenuClick(key); }); });
@@ -103,11 +120,21 @@ void Editor::listen() {
     });
 }
 
-void Editor::tellOfKeptTexts() {
-    for (const auto& file : recoveryFiles()) {
-        window_->notices().tell("Text that could not be saved is kept in " + file,
-                                [file] { std::ignore = dismissKeptFile(file); });
-    }
+/// Copies the document's text as long as it is in no file.
+void Editor::watch(frmKLTEditor& document) {
+    RichTextBox& box = *document.RichTextBox1;
+    copies.watch(box, [&document, &box]() -> std::optional<KeptAbout> {
+        if (!document.Modified()) return std::nullopt;
+        return KeptAbout{document.Caption(), document.Exists(), document.encoding, box.SelStart(),
+                         document.hasLostText ? std::nullopt : document.file.seen};
+    });
+    connect(&document, &frmKLTEditor::modifiedSet, this, [this, &box](bool on) {
+        if (on) {
+            copies.noteChange(box);
+        } else {
+            copies.drop(box);
+        }
+    });
 }
 
 void Editor::receive(std::string commandLine, std::function<void()> done) {

@@ -16,8 +16,13 @@
 #include "app/documents/DocumentEvents.h"
 #include "app/documents/Documents.h"
 #include "app/modVariables.h"
+#include "app/recovery/LeftTexts.h"
+#include "app/recovery/SessionEnd.h"
+#include "app/recovery/TextCopies.h"
+#include "app/recovery/WizardLines.h"
 #include "app/window/frmMDIKLTEditor.h"
 #include "forms/WizardAids.h"
+#include "platform/RecoveryFolder.h"
 #include "ui/modKLTSyntaxHighlighter.h"
 
 namespace klt {
@@ -54,15 +59,19 @@ public:
 
     modVariables variables;
     CommandQueue queue;
+    RecoveryFolder recovery;
+    TextCopies copies;
+    WizardLines wizardLines;
     modKLTSyntaxHighlighter highlighter;
     WizardAids aids;
     DocumentColouring colouring;
     Documents documents;
+    SessionEnd sessionEnd;
 
 private:
     void wireWindow();
     void listen();
-    void tellOfKeptTexts();
+    void watch(frmKLTEditor& document);
     frmFind* makeFind();
     void receive(std::string commandLine, std::function<void()> done);
 
@@ -72,6 +81,7 @@ private:
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmMDIKLTEditor> window_;
     std::unique_ptr<DocumentEvents> events_;
+    LeftTexts leftTexts_;
     std::unique_ptr<InstanceServer> server_;
     QPointer<frmFind> find_;
     QTimer lack_;

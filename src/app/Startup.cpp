@@ -16,6 +16,7 @@
 #include "app/commands/OptionCommands.h"
 #include "app/dialogs/ShowDialog.h"
 #include "app/dialogs/frmTip.h"
+#include "app/recovery/UnchosenEnds.h"
 #include "app/window/ProgramIcon.h"
 #include "platform/CommandLine.h"
 #include "platform/DrivePaths.h"
@@ -169,6 +170,7 @@ int Main(int argc, char** argv) {
     setUpApplication();
     Store store;
     Editor editor(store, &instances, commandLine);
+    const UnchosenEnds ends([&editor] { editor.copies.leaveAll(); });
     startUp(editor, commandLine);
     return editor.isOver() ? 0 : QApplication::exec();
 }

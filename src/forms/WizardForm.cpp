@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/LinesKeeper.h"
 #include "forms/WizardCombo.h"
 #include "forms/WizardLayout.h"
 #include "platform/ProgramNames.h"
@@ -51,6 +52,9 @@ WizardForm::WizardForm(std::unique_ptr<Wizard> wizard, WizardServices services, 
     if (!box.empty()) wizard_->attach(field(box));
     wire();
     showState();
+    if (!box.empty() && services_.keeper)
+        services_.keeper->watch(field(box), wizard_->table().title,
+                                [this] { return wizard_->hasUnwritten(); });
 }
 
 bool WizardForm::isModeless() const {
@@ -153,7 +157,19 @@ void WizardForm::setVisible(bool visible) {
 void WizardForm::done(int result) {
     if (const auto* position = settings::windowPosition(wizard_->table().form))
         storePosition(*this, services_.store, *position);
+    keepLines(result != Accepted);
     QDialog::done(result);
+}
+
+/// The lines collected are written, or go with the form.
+void WizardForm::keepLines(bool areLost) {
+    const auto box = wizard_->table().box;
+    if (box.empty() || !services_.keeper) return;
+    if (areLost && wizard_->hasUnwritten()) {
+        services_.keeper->leave(field(box));
+    } else {
+        services_.keeper->drop(field(box));
+    }
 }
 
 void WizardForm::click(std::string_view control, int state) {
@@ -245,6 +261,7 @@ void WizardForm::finish() {
         case DoneResult::Kind::Refused:
             return complain(result.complaint);
         case DoneResult::Kind::StaysOpen:
+            keepLines(false);
             // Where lines are collected, the next ones get a heading first.
             return result.focus.empty() || !wizard_->table().box.empty() ? focusFirst()
                                                                          : focusOn(result.focus);

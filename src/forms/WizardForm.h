@@ -43,6 +43,7 @@ private:
     void wire();
     void wireButton(const WizardControl& control);
     void wireBox(RichTextBox& box);
+    void keepLines(bool areLost);
     void click(std::string_view control, int state);
     void changed(std::string_view control);
     void press(std::string_view button);

@@ -7,6 +7,7 @@
 
 namespace klt {
 
+class LinesKeeper;
 class RichTextBox;
 class Store;
 class WizardForm;
@@ -31,6 +32,8 @@ struct WizardServices {
     std::function<void(WizardForm& form, const ItemCall& call)> showItemWizard = {};
     /// Shows the help on the form of that name.
     std::function<void(std::string_view form)> showHelp = {};
+    /// May be null.
+    LinesKeeper* keeper = nullptr;
 };
 
 }  // namespace klt

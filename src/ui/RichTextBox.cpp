@@ -151,6 +151,12 @@ std::string_view RichTextBox::Slice(Position start, Position end) const {
             static_cast<size_t>(end - start)};
 }
 
+void RichTextBox::CopyText(char* target) const {
+    const Position gap = send(SCI_GETGAPPOSITION);
+    for (const auto part : {Slice(0, gap), Slice(gap, Length())})
+        target = std::ranges::copy(part, target).out;
+}
+
 Position RichTextBox::CharacterCount() const {
     // In two parts where it has to be counted, so that the text's gap stays where it is.
     return tally_.count(*this, send(SCI_GETGAPPOSITION));

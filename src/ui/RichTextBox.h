@@ -59,6 +59,8 @@ public:
     std::string_view Text() const override;
     Position Length() const override;
     std::string_view Slice(Position start, Position end) const override;
+    /// Copies the text to `target`, which has room for `Length` bytes. Does not move the text about.
+    void CopyText(char* target) const;
     /// The length of the text in characters, CR LF being two. Does not move the text about.
     Position CharacterCount() const;
 

@@ -20,10 +20,8 @@ constexpr char kHead[] =
 
 class CollectingFormsTest : public WizardFixture {
 protected:
-    /// The end of a program before has told all loops to end.
     CollectingFormsTest() {
-        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
-        QCoreApplication::exec();
+        letLoopsRunAgain();
         open(file("a.klt", kHead));
     }
     /// Opens what stands at `text`, and leaves the form open.

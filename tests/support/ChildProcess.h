@@ -64,6 +64,11 @@ public:
         if (isRunning() || !WIFEXITED(*status_)) return {};
         return WEXITSTATUS(*status_);
     }
+    /// The signal that ended it; nothing while it runs, and where it ended by itself.
+    std::optional<int> endSignal() {
+        if (isRunning() || !WIFSIGNALED(*status_)) return {};
+        return WTERMSIG(*status_);
+    }
     /// Waits for its end, at most half a minute.
     std::optional<int> waitForEnd() {
         constexpr int kTries = 3000;

@@ -84,6 +84,11 @@ protected:
 
     /// Calls `work` in the middle of the next opening, where it lets events run.
     void duringOpening(std::function<void()> work) { QTimer::singleShot(0, &life_, std::move(work)); }
+    /// The end of a program tells all loops to end, those of the next one too.
+    static void letLoopsRunAgain() {
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        QCoreApplication::exec();
+    }
     static void letEventsRun() { QTest::qWait(0); }
     /// Offscreen nobody does it, and until a window has the focus, a key finds neither an access key nor the
     /// default button.

@@ -54,7 +54,7 @@ void DocumentEvents::edited(frmKLTEditor& document) {
         window_.panels().showModified(true);
         window_.panels().showLength(document.RichTextBox1->CharacterCount());
     }
-    document.Label1->setEnabled(true);
+    document.setModified(true);
     window_.UpdateEditMenu();
 }
 
@@ -65,7 +65,7 @@ void DocumentEvents::loaded(frmKLTEditor& document) {
         const NotificationMask mask(text);
         QCoreApplication::processEvents();
         highlighter_.SetDocumentFormat(text);
-        stampModified(text);
+        document.hasLostText = !document.isKeptText && stampModified(text);
         text.Select(0, 0);
         text.EmptyUndoBuffer();
     }

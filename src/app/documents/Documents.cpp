@@ -15,7 +15,6 @@
 #include "platform/MemoryRoom.h"
 #include "platform/Paths.h"
 #include "platform/ProgramNames.h"
-#include "platform/Recovery.h"
 #include "settings/Catalogue.h"
 #include "ui/MessageBox.h"
 
@@ -53,12 +52,13 @@ std::string proposedFile(const frmKLTEditor& document) {
 
 Documents::Documents(modVariables& variables, Store& store, CommandQueue& queue,
                      std::function<frmMDIKLTEditor&()> mainWindow,
-                     std::function<void(frmKLTEditor&)> ColourDocument)
+                     std::function<void(frmKLTEditor&)> ColourDocument, Kept kept)
     : variables_(variables),
       store_(store),
       queue_(queue),
       mainWindow_(std::move(mainWindow)),
       ColourDocument_(std::move(ColourDocument)),
+      kept_(kept),
       changes_(FileChanges::Services{
           .queue = queue, .wait = wait_, .mainWindow = mainWindow_, .check = [this](frmKLTEditor& document) {
               checkWhereWanted(document);
@@ -96,10 +96,7 @@ void Documents::load(std::string_view path, frmKLTEditor*& document, MissingFile
     if (!answer) return;
     const Found& found = *answer;
     if (found && found->read.file.isOutOfMemory()) throw std::bad_alloc();
-    requireRoom(kWindowSize);
-    frmMDIKLTEditor& window = mainWindow_();
-    document = &window.loadDocument();
-    letEventsRun();
+    document = &makeWindow();
     if (isNew) {
         fillNew(*document);
     } else if (found) {
@@ -107,9 +104,24 @@ void Documents::load(std::string_view path, frmKLTEditor*& document, MissingFile
     } else {
         tellMissing(path, missing);
     }
-    window.panels().showCaret(1, 1);
-    window.showDocument(*document);
+    mainWindow_().panels().showCaret(1, 1);
+    show(*document);
+}
+
+frmKLTEditor& Documents::makeWindow() {
+    requireRoom(kWindowSize);
+    frmKLTEditor& document = mainWindow_().loadDocument();
     letEventsRun();
+    return document;
+}
+
+void Documents::show(frmKLTEditor& document) {
+    mainWindow_().showDocument(document);
+    letEventsRun();
+}
+
+std::string Documents::newName() const {
+    return "KLT" + std::to_string(variables_.DocumentCounter);
 }
 
 /// An opening can't come to its end: no window stays.
@@ -134,7 +146,7 @@ void Documents::tellMissing(std::string_view path, MissingFiles& missing) {
 }
 
 void Documents::fillNew(frmKLTEditor& document) {
-    document.setCaption("KLT" + std::to_string(variables_.DocumentCounter));
+    document.setCaption(newName());
     const QScopedValueRollback loading(document.isLoading, variables_.LoadingDocuments);
     document.RichTextBox1->SetText(kNewDocumentText);
 }
@@ -225,7 +237,7 @@ void Documents::saveAs(frmKLTEditor& document) {
 }
 
 void Documents::saved(frmKLTEditor& document) {
-    document.Label1->setEnabled(false);
+    document.setModified(false);
     document.oldFile.clear();
     if (mainWindow_().ActiveForm() == &document) mainWindow_().panels().showModified(false);
     AddToRecent(variables_.CurrentFilePath);
@@ -295,31 +307,17 @@ bool Documents::CloseCheck(frmKLTEditor* document) {
 }
 
 /// True if the document has to stay, since its text could be put nowhere. A user who cancels the file dialog
-/// lets it go unsaved.
+/// lets it go unsaved; it is kept all the same.
 bool Documents::saveAtClose(frmKLTEditor& document) {
     const QPointer<frmKLTEditor> alive(&document);
     const std::string chosen =
         asksForFile(document) ? askForFile(document, "Select Data File Name") : document.Caption();
-    if (chosen.empty() || !alive) return false;
+    if (!alive) return false;
+    if (chosen.empty()) return !keep(document, displayName(document) + " was not saved");
     variables_.CurrentFilePath = chosen;
     if (const auto failure = write(document)) return !keep(document, *failure);
     AddToRecent(variables_.CurrentFilePath);
     return false;
-}
-
-/// Keeps the text of a document that must go and could not be written because of `failure`.
-bool Documents::keep(const frmKLTEditor& document, const std::string& failure) {
-    NoticeBar& notices = mainWindow_().notices();
-    const auto kept =
-        keepForRecovery(displayName(document), document.RichTextBox1->Text(), document.encoding);
-    if (kept.error) {
-        notices.tell(failure + ". The document stays, for its text could not be kept in " + kept.path +
-                     " either: " + *kept.error);
-    } else {
-        notices.tell(failure + ". Its text is kept in " + kept.path,
-                     [kept] { std::ignore = dismissKeptFile(kept.path); });
-    }
-    return !kept.error;
 }
 
 void Documents::AddToRecent(const std::string& path) {

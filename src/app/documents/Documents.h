@@ -12,18 +12,26 @@
 
 namespace klt {
 
+class RecoveryFolder;
 class Store;
+class TextCopies;
 class frmKLTEditor;
 class frmMDIKLTEditor;
+struct LeftText;
 struct modVariables;
 
 /// Making, opening, saving and closing documents. What fails is told in the main window's bar of notices.
 class Documents {
 public:
+    /// What keeps texts that are in no file.
+    struct Kept {
+        RecoveryFolder& folder;
+        TextCopies& copies;
+    };
     /// `mainWindow` gives the main window, which is loaded at its first call. `ColourDocument` runs the pass.
     Documents(modVariables& variables, Store& store, CommandQueue& queue,
-              std::function<frmMDIKLTEditor&()> mainWindow,
-              std::function<void(frmKLTEditor&)> ColourDocument);
+              std::function<frmMDIKLTEditor&()> mainWindow, std::function<void(frmKLTEditor&)> ColourDocument,
+              Kept kept);
 
     /// Opens the file in a new window, which is the active one then; a path of blanks makes a new document. A
     /// file that does not exist is told of in a message, and one that can't be read in a notice: the window
@@ -33,6 +41,10 @@ public:
     /// Opens each in turn and lets events run in between. From the fourth message of files that do not exist
     /// on, the user may skip the other messages; the windows come all the same.
     void openFiles(const std::vector<std::string>& paths);
+
+    /// Opens a text that an earlier editor has left, as a changed document under its path, or a new name. It
+    /// is kept as before until the document's own copy is.
+    void OpenLeft(const LeftText& left);
 
     /// What becomes of a document that is about to close, by default the active one: true if it stays.
     bool CloseCheck(frmKLTEditor* document = nullptr);
@@ -66,13 +78,23 @@ private:
     void checkWhereWanted(frmKLTEditor& document);
     void tellMissing(std::string_view path, MissingFiles& missing);
     void load(std::string_view path, frmKLTEditor*& document, MissingFiles& missing);
+    struct FoundFile {
+        bool exists = false;
+        /// The path without any link.
+        std::string target;
+    };
+    FoundFile findFile(const std::string& path);
+    void loadLeft(const LeftText& left, const std::string& text, frmKLTEditor*& document);
+    frmKLTEditor& makeWindow();
+    void show(frmKLTEditor& document);
+    std::string newName() const;
     void giveUp(std::string_view path, frmKLTEditor* document, const std::string& why);
     void fillNew(frmKLTEditor& document);
     void fillFromFile(frmKLTEditor& document, const FoundText& found);
     void save(frmKLTEditor& document);
     void saveAs(frmKLTEditor& document);
     bool saveAtClose(frmKLTEditor& document);
-    bool keep(const frmKLTEditor& document, const std::string& failure);
+    bool keep(const frmKLTEditor& document, const std::string& reason);
     Failure write(frmKLTEditor& document);
     bool writeOrTell(frmKLTEditor& document);
     void saved(frmKLTEditor& document);
@@ -84,6 +106,7 @@ private:
     CommandQueue& queue_;
     std::function<frmMDIKLTEditor&()> mainWindow_;
     std::function<void(frmKLTEditor&)> ColourDocument_;
+    Kept kept_;
     FileWait wait_{queue_};
     FileChanges changes_;
 };

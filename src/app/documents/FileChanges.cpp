@@ -126,7 +126,7 @@ NoticeChoice FileChanges::choice(const char* name, const char* caption, frmKLTEd
 /// What is to be kept is not on the disk: the document counts as changed, so that no close loses it.
 void FileChanges::keepMine(frmKLTEditor& document) {
     frmMDIKLTEditor& window = services_.mainWindow();
-    document.Label1->setEnabled(true);
+    document.setModified(true);
     if (window.ActiveForm() == &document) window.panels().showModified(true);
 }
 
@@ -157,7 +157,7 @@ void FileChanges::show(frmKLTEditor& document, const ReadText& read) {
     withdraw(watched.news);
     document.encoding = read.file.encoding;
     document.file = read.known;
-    document.Label1->setEnabled(false);
+    document.setModified(false);
     view.restoreIn(box);
     tryStep([&] { services_.check(document); });
     view.restoreScrollIn(box);
@@ -202,8 +202,11 @@ void FileChanges::opened(frmKLTEditor& document, const FoundText& found) {
 Failure FileChanges::write(frmKLTEditor& document, const std::string& path) {
     const auto point = std::make_shared<PointOfNoReturn>();
     const auto text = std::make_shared<const std::string>(document.RichTextBox1->Text());
-    const auto result = services_.wait.find<SavedText>(
-        path, [path, text, point, encoding = document.encoding, known = document.file] {
+    KnownFile known = document.file;
+    // A version that was not seen is kept.
+    if (document.hasLostText) known.seen.reset();
+    const auto result =
+        services_.wait.find<SavedText>(path, [path, text, point, encoding = document.encoding, known] {
             return saveText(path, *text, encoding, known, *point);
         });
     const auto failed = [&path](const std::string& why) { return path + " could not be saved: " + why; };
@@ -218,10 +221,13 @@ void FileChanges::saved(frmKLTEditor& document, const std::string& path, const S
     document.encoding = result.written.encoding;
     document.fileTarget = result.target;
     document.file = {result.written.version, std::nullopt};
+    const bool hasLostText = std::exchange(document.hasLostText, false);
     withdraw(watch(document).news);
     dropKept(document);
     if (!result.written.kept.empty())
-        bar().tell("What stood in " + path + " and was not read here is kept in " + result.written.kept);
+        bar().tell("What stood in " + path +
+                   (hasLostText ? " before its date was changed" : " and was not read here") +
+                   " is kept in " + result.written.kept);
     for (auto* other : services_.mainWindow().forms().documents())
         if (other != &document) look(*other);
 }

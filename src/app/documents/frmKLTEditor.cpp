@@ -30,6 +30,11 @@ frmKLTEditor::frmKLTEditor()
     setCaption("Untitled");
 }
 
+void frmKLTEditor::setModified(bool on) {
+    Label1->setEnabled(on);
+    emit modifiedSet(on);
+}
+
 void frmKLTEditor::setCaption(std::string caption) {
     caption_ = std::move(caption);
     RichTextBox1->setAccessibleName(toQString(caption_));

@@ -27,6 +27,7 @@ public:
     bool AppEnd = false;
 
     bool Modified() const { return Label1->isEnabledTo(this); }
+    void setModified(bool on);
     bool Exists() const { return Label2->isEnabledTo(this); }
 
     /// The document's identity: the full path of its file, as bytes, or a name while it has none.
@@ -40,6 +41,10 @@ public:
     Encoding encoding = Encoding::Any;
     /// While true, a change of the text is the load of this document and no edit.
     bool isLoading = false;
+    /// While true as well, what is loaded is a text that was kept: nothing in it is put right.
+    bool isKeptText = false;
+    /// The load put the day's date in place of what may have been no date: the next save keeps the file.
+    bool hasLostText = false;
     /// What is known of the file that it was read from or saved in, and its path without any link.
     KnownFile file;
     std::string fileTarget;
@@ -50,6 +55,10 @@ public:
     std::function<bool()> QueryUnload;
 
     QSize sizeHint() const override { return {560, 360}; }
+
+signals:
+    /// The flag was set, whatever it was before.
+    void modifiedSet(bool on);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/FileIdentity.h"
+#include "text/Encoding.h"
+#include "text/TextArea.h"
+
+namespace klt {
+
+/// What is known of a kept text beside its bytes.
+struct KeptAbout {
+    /// The path of its document, or what a document without a file is called.
+    std::string name;
+    bool hasFile = false;
+    Encoding encoding = Encoding::Any;
+    Position caret = 0;
+    /// The version of the file that the text came from, if it came from one.
+    std::optional<FileVersion> seen = std::nullopt;
+
+    bool operator==(const KeptAbout&) const = default;
+};
+
+/// As it stands on the disk, with the name of the one who keeps the text.
+std::string writeAbout(const KeptAbout& about, std::string_view owner);
+
+struct OwnedAbout {
+    KeptAbout about;
+    std::string owner;
+};
+
+/// Nothing where the bytes are not whole, or of a kind that is not known.
+std::optional<OwnedAbout> readAbout(std::string_view bytes);
+
+}  // namespace klt
