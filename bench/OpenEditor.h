@@ -23,7 +23,8 @@ public:
         : folder_(std::filesystem::temp_directory_path() / ("klt-bench-colour-" + std::to_string(getpid()))) {
         bench::needApplication();
         std::filesystem::create_directories(folder_);
-        setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
+        for (const auto* variable : {"XDG_CONFIG_HOME", "XDG_STATE_HOME"})
+            setenv(variable, folder_.c_str(), 1);
         const std::filesystem::path file = folder_ / "sample.klt";
         std::ofstream(file, std::ios::binary)
             << bench::sampleText(static_cast<size_t>(state.range(0)) * 1'000'000);
