@@ -17,6 +17,8 @@ namespace {
 
 class RecoveryTest : public WizardFixture {
 protected:
+    RecoveryTest() { letLoopsRunAgain(); }
+
     using EditorFixture::type;
     using WizardFixture::type;
 
