@@ -56,8 +56,9 @@ WizardAids::WizardAids(WizardServices services) : services_(std::move(services))
     services_.showItemWizard = [this](WizardForm& form, const ItemCall& call) { ShowItemWizard(form, call); };
 }
 
-std::string WizardAids::AskFor(std::string_view prompt, QWidget& owner) {
+std::string WizardAids::AskFor(std::string_view prompt, QWidget& owner, const PrefixRow* kind) {
     frmInput dialog(services_.highlighter, services_.store);
+    if (kind != nullptr) dialog.completeNames(*kind, services_.openTexts);
     dialog.ShowDialog(prompt, &owner);
     return dialog.DialogResult();
 }
@@ -66,7 +67,9 @@ void WizardAids::SyntaxAid(std::string_view kind, RichTextBox& field, WizardForm
     const AidMenu* const table = aidMenu(kind);
     if (table == nullptr) return;
     const int position = AidPopup(*table, &form).choose(place);
-    const auto ask = [&](std::string_view prompt) { return AskFor(prompt, form); };
+    const auto ask = [&](std::string_view prompt, const PrefixRow* asked) {
+        return AskFor(prompt, form, asked);
+    };
     switch (klt::SyntaxAid(*table, position, field, ask)) {
         case AidOutcome::Nothing:
             break;

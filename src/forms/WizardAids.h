@@ -13,6 +13,8 @@
 
 namespace klt {
 
+struct PrefixRow;
+
 /// What wizards offer to fill a field with: the Syntax Aid menus, and the wizards of one expression. One
 /// object serves all forms, and must outlive them.
 class WizardAids {
@@ -25,8 +27,9 @@ public:
     /// For the forms that offer these aids.
     const WizardServices& services() const { return services_; }
 
-    /// Asks for one line of text over `owner`; empty where the user cancelled.
-    std::string AskFor(std::string_view prompt, QWidget& owner);
+    /// Asks for one line of text over `owner`; empty where the user cancelled. Names of that kind, if any,
+    /// are at hand by Ctrl+Space.
+    std::string AskFor(std::string_view prompt, QWidget& owner, const PrefixRow* kind = nullptr);
 
     /// Shows the menu `kind` at a place of the screen, and does with `field` of `form` what the chosen item
     /// stands for. A `kind` that there is not shows nothing.

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "forms/CheckWizardField.h"
 #include "ui/FieldPopup.h"
@@ -57,6 +58,12 @@ void frmInput::ShowDialog(std::string_view prompt, QWidget* owner, std::string_v
     richReturn_->setAccessibleName(toQString(prompt));
     setParent(owner, windowFlags());
     exec();
+}
+
+void frmInput::completeNames(const PrefixRow& kind, OpenTexts openTexts) {
+    addCompletion(
+        *richReturn_, [&kind](std::string_view, size_t) { return CompletionPlace{.prefix = &kind}; },
+        std::move(openTexts));
 }
 
 std::string frmInput::DialogResult() const {

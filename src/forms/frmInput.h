@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "ui/CompletionPopup.h"
+
 class QLabel;
 class QPushButton;
 
@@ -24,6 +26,8 @@ public:
     /// Shows the dialog, modal over `owner`, and returns when it has closed. An empty `title` leaves the
     /// caption as it is.
     void ShowDialog(std::string_view prompt, QWidget* owner, std::string_view title = {});
+    /// Lets Ctrl+Space list the names of that kind in the open texts.
+    void completeNames(const PrefixRow& kind, OpenTexts openTexts);
     /// What was typed; empty where the user cancelled.
     std::string DialogResult() const;
     /// Closes the dialog and leaves the text as it stands.

@@ -113,6 +113,8 @@ public:
     QString errorAt(Position place) const;
     /// Tells in a tip below a run in error why it is, until the next key. Nothing where it is not.
     void showErrorTip(TextRange run);
+    /// The same with any text, below the caret.
+    void showTipAtCaret(const char* text);
     /// The text where it stands, good until the next edit: a pass may put letters over those that differ in
     /// ASCII case alone, for that changes no line, length or style. `lettersChanged` then shows them.
     std::span<char> letters();
@@ -220,6 +222,7 @@ private:
     template <typename Action>
     bool typeCharacter(const QString& text, Action action);
     void wantPopupAtCaret();
+    void pressKey(QKeyEvent& event);
     bool handleEditingKey(const QKeyEvent& event);
     bool leavesToWindow(const QKeyEvent& event) const;
     void pasteFrom(QClipboard::Mode mode);
@@ -237,6 +240,7 @@ private:
     bool tellErrorAtMouse(QEvent& event);
     ErrorTip& tip();
     QRect lineFrom(Position place) const;
+    void showTipBelow(Position shown, const QString& text);
     std::optional<TextRange> parenthesesAtCaret() const;
 
     void noteModification(int place, int kind, int length);
@@ -259,9 +263,11 @@ private:
     Running running_ = Running::Nothing;
     int masks_ = 0;
     int freezes_ = 0;
-    bool changed_ = false;      // a notification is due
-    bool edited_ = false;       // the text was edited since it was last settled
-    bool composing_ = false;    // an input method's unfinished text stands in ours
+    bool changed_ = false;    // a notification is due
+    bool edited_ = false;     // the text was edited since it was last settled
+    bool composing_ = false;  // an input method's unfinished text stands in ours
+    bool isRefused_ = false;  // the last edit, by protection
+    bool isRefusalTold_ = false;
     bool stepEnds_ = false;     // the next edit begins an undo step
     bool caretPlaced_ = false;  // by code, so that the keys up and down have to look where it stands
     bool areParenthesesMarked_ = false;

@@ -39,13 +39,20 @@ void RichTextBox::showErrorTip(TextRange run) {
     for (const auto& reason : reasons_.of(run)) lines << toQString(reason);
     if (lines.isEmpty()) return;
     // Below its last line, which the caret has brought into view.
-    const Position last = std::max(run.start, LineIndex(GetLineFromChar(run.end - 1)));
-    QRect place = lineFrom(last);
+    showTipBelow(std::max(run.start, LineIndex(GetLineFromChar(run.end - 1))), lines.join('\n'));
+}
+
+void RichTextBox::showTipAtCaret(const char* text) {
+    showTipBelow(send(SCI_GETCURRENTPOS), text);
+}
+
+void RichTextBox::showTipBelow(Position shown, const QString& text) {
+    QRect place = lineFrom(shown);
     const QRect seen = viewport()->rect();
     place.moveLeft(std::clamp(place.left(), 0, std::max(seen.width() - 1, 0)));
     place.moveTop(std::clamp(place.top(), 0, std::max(seen.height() - place.height(), 0)));
     place.moveTopLeft(viewport()->mapToGlobal(place.topLeft()));
-    tip().showBelow(place, lines.join('\n'), ErrorTip::Owner::Keyboard);
+    tip().showBelow(place, text, ErrorTip::Owner::Keyboard);
 }
 
 /// Whether the event has been seen to.

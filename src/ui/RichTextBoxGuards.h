@@ -79,7 +79,10 @@ private:
 
 template <typename Action>
 bool RichTextBox::edit(TextRange range, Position incoming, Position lines, Action action) {
-    if (isLocked_ || !protection_.permit(range, incoming > 0)) return false;
+    if (isLocked_) return false;
+    isRefused_ = !protection_.permit(range, incoming > 0);
+    if (isRefused_) return false;
+    isRefusalTold_ = false;
     makeRoom({range.end - range.start, incoming, lines});
     const Gate gate(*this);
     if (std::exchange(stepEnds_, false)) const UndoStep end(*this);

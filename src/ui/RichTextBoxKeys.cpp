@@ -18,6 +18,8 @@ namespace {
 
 constexpr int kShift = QsciScintillaBase::SCMOD_SHIFT;
 constexpr int kCtrl = QsciScintillaBase::SCMOD_CTRL;
+// What is protected is the version line.
+constexpr const char* kProtected = "The version line can't be changed";
 // In UTF-8.
 constexpr Position kBytesOfUnit = 3;
 // A character with what handlers put in around it.
@@ -151,20 +153,27 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
     }
     // The menu key makes an event of its own; this chord makes none on every desktop.
     if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) return wantPopupAtCaret();
+    isRefused_ = false;
+    pressKey(*event);
+    if (isRefused_ && !std::exchange(isRefusalTold_, true)) showTipAtCaret(kProtected);
+}
+
+void RichTextBox::pressKey(QKeyEvent& event) {
     const Operation operation(*this, Running::Event);
     if (std::exchange(caretPlaced_, false)) send(SCI_CHOOSECARETX);
-    if (handleEditingKey(*event)) {
-        event->accept();
-    } else if ((event->modifiers() & kChordModifiers) != 0) {
+    if (handleEditingKey(event)) {
+        event.accept();
+    } else if ((event.modifiers() & kChordModifiers) != 0) {
         // Without its text, which the base would put in for a chord that does nothing.
-        QKeyEvent bare(event->type(), event->key(), event->modifiers());
+        QKeyEvent bare(event.type(), event.key(), event.modifiers());
         QsciScintillaBase::keyPressEvent(&bare);
-        event->setAccepted(bare.isAccepted());
-    } else if (event->text().isEmpty()) {
-        QsciScintillaBase::keyPressEvent(event);
+        event.setAccepted(bare.isAccepted());
+    } else if (event.text().isEmpty()) {
+        QsciScintillaBase::keyPressEvent(&event);
+        isRefusalTold_ = false;
     } else {
-        typeCharacter(event->text(), [&] { QsciScintillaBase::keyPressEvent(event); });
-        event->accept();
+        typeCharacter(event.text(), [&] { QsciScintillaBase::keyPressEvent(&event); });
+        event.accept();
     }
 }
 

@@ -1,6 +1,14 @@
 #include "wizards/SyntaxAid.h"
 
 namespace klt {
+namespace {
+
+/// Whose names an item asks for: only stats are named without a prefix.
+const PrefixRow* kindOf(const AidItem& item) {
+    return findPrefixTag(item.tag.empty() ? "ST:" : item.tag);
+}
+
+}  // namespace
 
 void InsertAid(TextArea& field, std::string_view text, bool isSeparated) {
     const std::string_view separator = isSeparated && field.Length() > 0 ? ", " : "";
@@ -18,7 +26,8 @@ AidOutcome SyntaxAid(const AidMenu& menu, int position, TextArea& field, const A
         return AidOutcome::Inserted;
     }
     const bool asksName = item->act == AidAct::AskName;
-    const auto answer = askFor(asksName ? menu.namePrompt : menu.numberPrompt);
+    const auto answer =
+        asksName ? askFor(menu.namePrompt, kindOf(*item)) : askFor(menu.numberPrompt, nullptr);
     if (answer.empty()) return AidOutcome::Nothing;
     const std::string tag(item->tag);
     InsertAid(field, asksName ? tag + answer : answer + ' ' + tag, menu.isSeparated);

@@ -4,13 +4,15 @@
 #include <string>
 #include <string_view>
 
+#include "language/Vocabulary.h"
 #include "text/TextArea.h"
 #include "wizards/AidMenus.h"
 
 namespace klt {
 
-/// Shows a prompt and gives what was typed; empty where it was given up.
-using AskFor = std::function<std::string(std::string_view prompt)>;
+/// Shows a prompt and gives what was typed; empty where it was given up. `kind` is the prefix tag of the
+/// items whose name is asked for; null for a number.
+using AskFor = std::function<std::string(std::string_view prompt, const PrefixRow* kind)>;
 
 enum class AidOutcome : unsigned char { Nothing, Inserted, OpensFunctions, OpensMods };
 

@@ -109,6 +109,56 @@ TEST_F(ErrorWalkTest, ATipTellsWhyUntilTheNextKey) {
     EXPECT_EQ(tip()->text().toStdString(), errorReason(ErrorReason::BadCost).text);
 }
 
+TEST_F(ErrorWalkTest, WhereThereIsNoErrorATipSaysSo) {
+    openNew();
+    RichTextBox& text = box();
+    text.SetText("[ADS]\r\nRope, 5");
+    runCommand(editor(), "T6");
+    activate(window());
+    const auto tip = [&] {
+        const auto* label = text.findChild<QLabel*>("ErrorTip");
+        return label && label->isVisible() ? label->text() : QString();
+    };
+    for (const auto modifiers : {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(kShift)}) {
+        key(Qt::Key_F8, modifiers);
+        EXPECT_EQ(tip(), "No errors");
+        key(Qt::Key_Home);
+        EXPECT_EQ(tip(), "");
+    }
+    text.ColourRun(7, 11, static_cast<StyleByte>(StyleCategory::SyntaxError));
+    text.SetSelStart(8);
+    key(Qt::Key_F8);
+    EXPECT_EQ(tip(), "No errors below");
+    text.SetSelStart(7);
+    key(Qt::Key_F8, kShift);
+    EXPECT_EQ(tip(), "No errors above");
+}
+
+TEST_F(ErrorWalkTest, TheFirstKeyThatAProtectedLineRefusesTellsWhy) {
+    openNew();
+    runCommand(editor(), "T6");
+    activate(window());
+    const auto isTold = [&] {
+        const auto* label = box().findChild<QLabel*>("ErrorTip");
+        return label && label->isVisible() && label->text() == "The version line can't be changed";
+    };
+    const struct {
+        Qt::Key key;
+        bool isTold;
+    } rows[] = {{Qt::Key_X, true},      {Qt::Key_X, false},     {Qt::Key_Backspace, false},
+                {Qt::Key_Right, false}, {Qt::Key_Delete, true}, {Qt::Key_Return, false}};
+    box().SetSelStart(2);
+    const auto before = textOf(active());
+    for (const auto& row : rows) {
+        key(row.key);
+        EXPECT_EQ(isTold(), row.isTold) << row.key;
+    }
+    EXPECT_EQ(textOf(active()), before);
+    key(Qt::Key_End, kCtrl);
+    key(Qt::Key_X);
+    EXPECT_FALSE(isTold());
+}
+
 TEST_F(ErrorWalkTest, EveryReasonIsKeptHoweverManyThereAre) {
     openNew();
     std::string lines = "[ADS]\r\n";

@@ -30,6 +30,32 @@ const Close kClose = [](frmInput& dialog) { dialog.close(); };
 const Close kReject = [](frmInput& dialog) { dialog.reject(); };
 const Close kIsOpen = [](frmInput& dialog) { EXPECT_TRUE(dialog.isVisible()); };
 
+TEST(frmInput, KnownNamesAreAtHand) {
+    const ScratchHome home;
+    Store store;
+    CRegSettings styles(store);
+    modKLTSyntaxHighlighter highlighter(styles);
+    const std::string text = "[SKILLS]\r\nRope Work, P/E\r\nRowing, P/A\r\n[ADS]\r\nRope, 5\r\n";
+    QWidget owner;
+    owner.show();
+    for (const auto& [kind, result] : {std::pair("SK:", "Rope Work"), {"AD:", "Rope"}}) {
+        frmInput dialog(highlighter, store);
+        dialog.completeNames(*findPrefixTag(kind), [&] { return std::vector<std::string_view>{text}; });
+        QTimer::singleShot(0, &dialog, [&] {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            QTest::keyClicks(dialog.focusWidget(), "ro");
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Space, Qt::ControlModifier);
+            QWidget* const list = QApplication::activePopupWidget();
+            EXPECT_NE(list, nullptr);
+            if (list != nullptr) QTest::keyClick(list, Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible()) << "the list has taken the key";
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        });
+        dialog.ShowDialog("Name:", &owner);
+        EXPECT_EQ(dialog.DialogResult(), result);
+    }
+}
+
 TEST(frmInput, GivesWhatWasTypedAndNothingWhereItIsCancelled) {
     const ScratchHome home;
     Store store;

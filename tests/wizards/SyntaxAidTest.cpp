@@ -45,10 +45,11 @@ TEST(SyntaxAid, DoesWhatTheItemStandsFor) {
         MemoryTextArea field(text.erase(caret, 1));
         field.SetSelStart(static_cast<Position>(caret));
         std::string asked;
-        const auto outcome = SyntaxAid(*aidMenu(menu), position, field, [&](std::string_view question) {
-            asked = question;
-            return answer;
-        });
+        const auto outcome =
+            SyntaxAid(*aidMenu(menu), position, field, [&](std::string_view question, const PrefixRow*) {
+                asked = question;
+                return answer;
+            });
         EXPECT_EQ(field.Text(), result) << menu << position;
         EXPECT_EQ(asked, prompt) << menu << position;
         EXPECT_EQ(outcome, result == text ? AidOutcome::Nothing : AidOutcome::Inserted);
@@ -61,7 +62,8 @@ TEST(SyntaxAid, LastItemOpensTheFunctions) {
         if (menu.namePrompt.empty()) continue;
         const auto last = static_cast<int>(menu.items.size());
         const auto open = [&](int position) {
-            return SyntaxAid(menu, position, field, [](auto) { return ""; }) == AidOutcome::OpensFunctions;
+            return SyntaxAid(menu, position, field, [](auto, auto) { return ""; }) ==
+                   AidOutcome::OpensFunctions;
         };
         EXPECT_TRUE(open(last)) << menu.name;
         for (int position = 1; position < last; ++position) EXPECT_FALSE(open(position)) << menu.name;

@@ -10,19 +10,23 @@ namespace {
 
 constexpr auto kError = static_cast<StyleByte>(StyleCategory::SyntaxError);
 
-void show(RichTextBox& text, std::optional<TextRange> run) {
-    if (!run) return;
+/// `elsewhere` tells in which direction there is none where there are others.
+void show(RichTextBox& text, std::optional<TextRange> run, const char* elsewhere) {
+    if (!run) {
+        const bool hasAny = nextStyleRun(text, kError, 0).has_value();
+        return text.showTipAtCaret(hasAny ? elsewhere : "No errors");
+    }
     text.Select(run->start, run->end - run->start);
     text.ScrollCaret();
     text.showErrorTip(*run);
 }
 
 void toNextError(RichTextBox& text) {
-    show(text, nextStyleRun(text, kError, text.SelStart() + text.SelLength()));
+    show(text, nextStyleRun(text, kError, text.SelStart() + text.SelLength()), "No errors below");
 }
 
 void toPreviousError(RichTextBox& text) {
-    show(text, previousStyleRun(text, kError, text.SelStart()));
+    show(text, previousStyleRun(text, kError, text.SelStart()), "No errors above");
 }
 
 }  // namespace
