@@ -76,11 +76,11 @@ TEST_F(SaveTest, EncodingsComeBackAsTheyWere) {
 }
 
 TEST_F(SaveTest, AFailureIsToldAndLeavesCaptionAndFlags) {
-    const auto& document = open(file("docs/a.klt", "a"));
+    const auto& first = open(file("docs/a.klt", "a"));
     type("x");
     fs::remove_all(home / "docs");
     run("F4");
-    EXPECT_TRUE(document.Modified());
+    EXPECT_TRUE(first.Modified());
     EXPECT_THAT(notice(), StartsWith(home / "docs/a.klt could not be saved: "));
     EXPECT_TRUE(box().hasFocus());
 
@@ -91,6 +91,15 @@ TEST_F(SaveTest, AFailureIsToldAndLeavesCaptionAndFlags) {
     EXPECT_EQ(active().Caption(), "KLT2");
     EXPECT_FALSE(active().Exists());
     EXPECT_THAT(notice(), StartsWith(path + " could not be saved: "));
+
+    // A notice goes with the document that it is about, and when that is saved.
+    document(1).setModified(false);
+    run("F3");
+    letEventsRun();
+    EXPECT_THAT(notice(), StartsWith(home / "docs/a.klt "));
+    fs::create_directory(home / "docs");
+    run("F4");
+    EXPECT_EQ(notice(), "");
 }
 
 TEST_F(SaveTest, TheFirstSaveOverAnUnreadFileKeepsTheOldOneBesideIt) {

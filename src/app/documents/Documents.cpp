@@ -159,7 +159,8 @@ void Documents::fillFromFile(frmKLTEditor& document, const FoundText& found) {
         const RaisedFlag loadingAny(variables_.LoadingDocuments);
         const RaisedFlag loading(document.isLoading);
         document.encoding = file.encoding;
-        if (file.error) mainWindow_().notices().tell(path + " could not be read: " + *file.error);
+        if (file.error)
+            mainWindow_().notices().tell(path + " could not be read: " + *file.error, {}, &document);
         document.RichTextBox1->SetText(file.text);
     }
     variables_.CurrentFilePath = path;
@@ -169,7 +170,8 @@ void Documents::fillFromFile(frmKLTEditor& document, const FoundText& found) {
     for (const auto& copy : found.leftovers) {
         std::string told = "A save of " + path;
         told += " did not come to its end; what stood there before is kept in " + copy;
-        mainWindow_().notices().tell(told, [copy] { std::ignore = dismissKeptFile(copy); });
+        mainWindow_().notices().tell(
+            told, [copy] { std::ignore = dismissKeptFile(copy); }, &document);
     }
 }
 
@@ -259,8 +261,9 @@ void Documents::NameFile(frmKLTEditor& document, const std::string& name) {
     document.setCaption(path);
     if (mainWindow_().ActiveForm() == &document) variables_.CurrentFilePath = path;
     if (!document.oldFile.empty())
-        mainWindow_().notices().tell(document.oldFile + " stays as it is. The document is saved as " + path +
-                                     " from now on.");
+        mainWindow_().notices().tell(
+            document.oldFile + " stays as it is. The document is saved as " + path + " from now on.", {},
+            &document);
     mainWindow_().updateMenus();
 }
 
@@ -283,12 +286,14 @@ Failure Documents::write(frmKLTEditor& document) {
     auto failure = changes_.write(document, path);
     // Events may have run.
     variables_.CurrentFilePath = path;
+    // What was told of it before is over.
+    if (!failure) mainWindow_().notices().withdrawAbout(&document);
     return failure;
 }
 
 bool Documents::writeOrTell(frmKLTEditor& document) {
     const auto failure = write(document);
-    if (failure) mainWindow_().notices().tell(*failure);
+    if (failure) mainWindow_().notices().tell(*failure, {}, &document);
     return !failure;
 }
 

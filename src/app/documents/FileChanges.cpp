@@ -138,7 +138,7 @@ void FileChanges::reload(frmKLTEditor& document) {
         if (fitsMemory([&] { show(document, *read); })) return;
         tellOfLack();
     } else {
-        bar().tell(path + " could not be read: " + (read ? *read->file.error : kNoAnswer));
+        bar().tell(path + " could not be read: " + (read ? *read->file.error : kNoAnswer), {}, &document);
     }
     // It is offered again, or what has become of the file by now.
     document.file.told.reset();
@@ -239,7 +239,8 @@ void FileChanges::tellIfShared(const frmKLTEditor& document) {
     if (other == all.end()) return;
     const bool isSpeltAlike = (*other)->Caption() == document.Caption();
     bar().tell(document.Caption() + " is open in another window too" +
-               (isSpeltAlike ? "" : ", as " + (*other)->Caption()) + ".");
+                   (isSpeltAlike ? "" : ", as " + (*other)->Caption()) + ".",
+               {}, &document);
 }
 
 }  // namespace klt

@@ -23,7 +23,8 @@ bool Documents::keep(const frmKLTEditor& document, const std::string& reason) {
     const auto kept = kept_.copies.leave(*document.RichTextBox1);
     if (kept.error) {
         notices.tell(reason + ". The document stays, for its text could not be kept in " + kept.path +
-                     " either: " + *kept.error);
+                         " either: " + *kept.error,
+                     {}, &document);
     } else {
         notices.tell(reason + ". Its text is kept in " + kept.path,
                      [&folder = kept_.folder, kept] { std::ignore = folder.dismiss(kept.path); });
