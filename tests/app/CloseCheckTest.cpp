@@ -44,6 +44,28 @@ TEST_F(CloseCheckTest, TheQuestionNamesTheDocumentAndCancelKeepsIt) {
     EXPECT_TRUE(document.Modified());
 }
 
+TEST_F(CloseCheckTest, TheDocumentThatIsAskedAboutComesToTheFront) {
+    auto& first = openChanged("a.klt");
+    openChanged("b.klt");
+    subWindow(first).showMinimized();
+    run("D2");
+    ASSERT_NE(window().ActiveForm(), &first);
+    answerMessage(QMessageBox::Cancel, [&] {
+        EXPECT_EQ(window().ActiveForm(), &first);
+        EXPECT_TRUE(first.isVisible() && !subWindow(first).isMinimized());
+    });
+    window().closeDocument(first);
+    EXPECT_EQ(window().ActiveForm(), &first);
+    run("D2");
+    answerMessage(QMessageBox::No, [&] { EXPECT_EQ(window().ActiveForm(), &first); });
+    answerNext<QMessageBox>([this](QMessageBox&) {
+        EXPECT_EQ(active().Caption(), home / "docs/b.klt");
+        answerMessage(QMessageBox::Cancel);
+    });
+    run(kExit);
+    EXPECT_EQ(count(), 1);
+}
+
 TEST_F(CloseCheckTest, YesWritesTheFileAndNoDoesNot) {
     for (const auto& [answer, written] :
          {std::pair(QMessageBox::Yes, "xtext"), std::pair(QMessageBox::No, "text")}) {

@@ -211,13 +211,21 @@ TEST_F(MergerTest, AnInputThatIsReplacedIsKept) {
     EXPECT_EQ(readBytes(home / "a.klt~"), old);
 }
 
-TEST_F(MergerTest, AFailureIsTold) {
+TEST_F(MergerTest, AFailureIsToldAndLeavesTheDialogWithItsList) {
     inMerger([this] {
         drop({"a.klt", "b.klt"});
+        const auto listed = files();
         output().SetText(home / "none/out.klt");
         answerMessage(QMessageBox::Ok);
         press("cmdMerge");
+        ASSERT_TRUE(form->isVisible());
+        EXPECT_EQ(files(), listed);
+        EXPECT_EQ(count(), 0);
+        output().SetText(home / "out.klt");
+        press("cmdMerge");
+        EXPECT_FALSE(form->isVisible());
     });
+    EXPECT_TRUE(fs::exists(home / "out.klt"));
     EXPECT_EQ(asked.back(),
               "The files were not merged.\n" + home / "none/out.klt" + ": No such file or directory");
 }

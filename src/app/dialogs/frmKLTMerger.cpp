@@ -210,8 +210,8 @@ void frmKLTMerger::merge() {
     keptInput_ = result.kept;
     for (const auto& [path, reason] : result.failures)
         told.append("\n").append(path).append(": ").append(reason);
-    if (!told.empty()) MessageBox(this, "The files were not merged." + told, MessageIcon::Critical, kTitle);
-    accept();
+    if (told.empty()) return accept();
+    MessageBox(this, "The files were not merged." + told, MessageIcon::Critical, kTitle);
 }
 
 }  // namespace klt

@@ -16,7 +16,8 @@ class MergeFileList;
 class RichTextBox;
 class Store;
 
-/// Makes one data file of several: collects them in the order that the host expects, and writes the file.
+/// Makes one data file of several: collects them in the order that the host expects, and writes the file. It
+/// stays open, with its list, where that fails.
 class frmKLTMerger : public QDialog {
     Q_OBJECT
 

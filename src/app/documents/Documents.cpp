@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "app/commands/WindowCommands.h"
 #include "app/documents/frmKLTEditor.h"
 #include "app/modVariables.h"
 #include "app/window/frmMDIKLTEditor.h"
@@ -46,6 +47,13 @@ std::string displayName(const frmKLTEditor& document) {
 /// What the file dialog proposes: a name that was given beside a file stays in that file's folder.
 std::string proposedFile(const frmKLTEditor& document) {
     return document.oldFile.empty() ? displayName(document) : document.Caption();
+}
+
+/// A question is answered by looking at what it is about.
+void bringToFront(frmMDIKLTEditor& window, frmKLTEditor& document) {
+    if (window.isMinimized()) window.bringForward();
+    const bool isInFront = window.ActiveForm() == &document && !document.parentWidget()->isMinimized();
+    if (!isInFront) activateDocument(window, document);
 }
 
 }  // namespace
@@ -301,6 +309,7 @@ bool Documents::CloseCheck(frmKLTEditor* document) {
     if (!document) document = mainWindow_().ActiveForm();
     if (!document || !document->Modified()) return false;
     const QPointer<frmKLTEditor> alive(document);
+    bringToFront(mainWindow_(), *document);
     const auto answer = MessageBox(
         &mainWindow_(), "The data file " + displayName(*document) + " has been changed!\nSave changes?",
         MessageIcon::Exclamation, kTitle, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);

@@ -46,7 +46,8 @@ public:
     /// is kept as before until the document's own copy is.
     void OpenLeft(const LeftText& left);
 
-    /// What becomes of a document that is about to close, by default the active one: true if it stays.
+    /// What becomes of a document that is about to close, by default the active one: true if it stays. The
+    /// document that the user is asked about comes to the front.
     bool CloseCheck(frmKLTEditor* document = nullptr);
     void SaveDocument();
     void SaveDocumentAs();
