@@ -145,8 +145,7 @@ void WizardForm::setVisible(bool visible) {
         // The base class would make it no larger than two thirds of the screen.
         resize(sizeHint());
         focusFirst();
-        if (const auto* position = settings::windowPosition(wizard_->table().form))
-            restorePosition(*this, services_.store, *position);
+        moveToPlace();
     }
     QDialog::setVisible(visible);
     // The base class selects what a combo holds, and no field's text.
@@ -154,9 +153,24 @@ void WizardForm::setVisible(bool visible) {
     if (isFirst && combo != nullptr && combo->isEditable()) combo->lineEdit()->home(false);
 }
 
-void WizardForm::done(int result) {
+/// The wizard of the same kind over which this one was opened; null where there is none.
+const WizardForm* WizardForm::outerOfKind() const {
+    for (const auto* owner = parentWidget(); owner; owner = owner->parentWidget()) {
+        const auto* form = qobject_cast<const WizardForm*>(owner);
+        if (form && &form->wizard_->table() == &wizard_->table()) return form;
+    }
+    return nullptr;
+}
+
+void WizardForm::moveToPlace() {
+    if (const auto* outer = outerOfKind()) return placeOver(*this, *outer);
     if (const auto* position = settings::windowPosition(wizard_->table().form))
-        storePosition(*this, services_.store, *position);
+        restorePosition(*this, services_.store, *position);
+}
+
+void WizardForm::done(int result) {
+    const auto* position = settings::windowPosition(wizard_->table().form);
+    if (position && !outerOfKind()) storePosition(*this, services_.store, *position);
     keepLines(result != Accepted);
     QDialog::done(result);
 }

@@ -33,9 +33,10 @@ public:
     /// Brings the controls up to date with the wizard's state, after that was changed by others.
     void showState();
 
-    /// Moves to its place at the first time.
+    /// Moves to its place at the first time; a wizard that was opened from one of its kind, to where that
+    /// one's title stays in view.
     void setVisible(bool visible) override;
-    /// Remembers its place.
+    /// Remembers its place, which is the outermost one's of a kind.
     void done(int result) override;
 
 private:
@@ -55,6 +56,8 @@ private:
     void complain(const Complaint& complaint);
     void focusFirst();
     void scrollToPlace() const;
+    const WizardForm* outerOfKind() const;
+    void moveToPlace();
     QWidget& widget(std::string_view name) const;
 
     std::unique_ptr<Wizard> wizard_;

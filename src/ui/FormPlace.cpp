@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 #include <algorithm>
 
@@ -61,6 +62,23 @@ QRect placeOnScreens(QRect place) {
 void restorePosition(QWidget& window, Store& store, const WindowPosition& position) {
     const QPoint corner(storedPixels(store, position.left), storedPixels(store, position.top));
     window.move(placeOnScreens(QRect(corner, window.size())).topLeft());
+}
+
+QRect placeOver(const QRect& outer, const QSize& size, int step, const QRect& screen) {
+    QRect place(outer.topLeft() + QPoint(step, step), size);
+    if (place.bottom() > screen.bottom()) place.moveTop(screen.top());
+    if (place.right() > screen.right()) place.moveLeft(screen.left());
+    return place;
+}
+
+void placeOver(QWidget& window, const QWidget& outer) {
+    const QSize frame = outer.frameGeometry().size() - outer.size();
+    const int title = outer.geometry().top() - outer.frameGeometry().top();
+    // Not every desktop tells of its frames.
+    const int step = std::max(title, outer.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    window.move(
+        placeOver(outer.frameGeometry(), window.size() + frame, step, outer.screen()->availableGeometry())
+            .topLeft());
 }
 
 void storePosition(const QWidget& window, Store& store, const WindowPosition& position) {

@@ -25,6 +25,12 @@ QRect placeOnScreens(QRect place);
 /// Moves a window, its frame's corner counted, to where it stood last; off every screen it moves onto the
 /// nearest one. Its size must be what it will be shown with.
 void restorePosition(QWidget& window, Store& store, const WindowPosition& position);
+/// The place of a window that opens over another one of its kind, both with their frames: `step` further down
+/// and to the right, and back at the top or the left of the screen where it would reach out.
+QRect placeOver(const QRect& outer, const QSize& size, int step, const QRect& screen);
+/// Moves a window there, by the height of a title, before it is shown. Its size must be what it will be shown
+/// with.
+void placeOver(QWidget& window, const QWidget& outer);
 /// Remembers where the window stands, on desktops that tell.
 void storePosition(const QWidget& window, Store& store, const WindowPosition& position);
 

@@ -144,6 +144,18 @@ TEST_F(MainWindowTest, TheStatusBarIsShownBySetting) {
     EXPECT_TRUE(window().statusBar()->isHidden());
 }
 
+TEST(WindowPlaceTest, AWindowOverOneOfItsKindLeavesTheTitleInView) {
+    const QRect screen(0, 10, 1000, 800);
+    const std::tuple<const char*, QPoint, QPoint> rows[] = {
+        {"beside", {100, 100}, {120, 120}},
+        {"at the bottom", {100, 500}, {120, 10}},
+        {"at the right", {390, 100}, {0, 120}},
+    };
+    for (const auto& [name, outer, expected] : rows)
+        EXPECT_EQ(placeOver({outer, QSize(50, 50)}, {600, 300}, 20, screen), QRect(expected, QSize(600, 300)))
+            << name;
+}
+
 TEST(WindowPlaceTest, APlaceIsBroughtOntoTheScreens) {
     const std::vector<QRect> screens = {{0, 0, 1000, 800}, {1000, 0, 1000, 800}};
     const std::tuple<const char*, QRect, QRect> rows[] = {

@@ -237,6 +237,41 @@ TEST_F(MenusTest, TilingRestoresWindowsAndLeavesTheActiveOne) {
     EXPECT_EQ(icon.geometry().bottomLeft(), all.bottomLeft());
 }
 
+TEST_F(MenusTest, CascadedWindowsLeaveEachOthersTitles) {
+    for (int number = 1; number <= 20; ++number) openNew();
+    for (const QSize size : {QSize(1000, 800), QSize(500, 300)}) {
+        window().resize(size);
+        letEventsRun();
+        run("W3");
+        auto windows = window().area().subWindowList(QMdiArea::StackingOrder);
+        EXPECT_EQ(windows.last(), &subWindow(active()));
+        QRegion covered;
+        for (auto it = windows.rbegin(); it != windows.rend(); ++it) {
+            const auto& each = **it;
+            const QRect title(each.pos(), QSize(each.width(), each.widget()->y()));
+            const QRegion seen = QRegion(title & window().area().viewport()->rect()) - covered;
+            EXPECT_GE(seen.boundingRect().width(), 60) << each.windowTitle().toStdString();
+            EXPECT_EQ(seen.boundingRect().height(), title.height()) << each.windowTitle().toStdString();
+            covered += each.geometry();
+        }
+    }
+}
+
+TEST_F(MenusTest, ATitleThatIsTooLongKeepsTheFilesName) {
+    auto& document = openNew();
+    auto& frame = subWindow(document);
+    frame.showNormal();
+    frame.resize(300, 200);
+    const auto shown = [&](const char* name) {
+        document.setCaption('/' + std::string(200, 'x') + name);
+        letEventsRun();
+        return frame.grab(QRect(0, 0, frame.width(), document.y())).toImage();
+    };
+    const QImage one = shown("/file.kl1");
+    EXPECT_NE(shown("/file.kl2"), one) << "its end is in view";
+    EXPECT_EQ(shown("x/file.kl1"), one);
+}
+
 TEST(ArrangeWindowsTest, Places) {
     const QRect area(0, 10, 100, 80);
     using Places = std::vector<QRect>;
@@ -248,8 +283,14 @@ TEST(ArrangeWindowsTest, Places) {
          windowPlaces(Arrangement::TileVertically, area, 3, 20),
          {{0, 10, 33, 80}, {33, 10, 33, 80}, {66, 10, 34, 80}}},
         {"cascade",
-         windowPlaces(Arrangement::Cascade, area, 3, 20),
-         {{0, 10, 75, 60}, {20, 30, 75, 60}, {0, 10, 75, 60}}},
+         windowPlaces(Arrangement::Cascade, area, 3, 8),
+         {{0, 10, 75, 60}, {8, 18, 75, 60}, {16, 26, 75, 60}}},
+        {"longer cascade",
+         windowPlaces(Arrangement::Cascade, area, 5, 10),
+         {{0, 10, 75, 40}, {6, 20, 75, 40}, {12, 30, 75, 40}, {18, 40, 75, 40}, {24, 50, 75, 40}}},
+        {"two cascades",
+         windowPlaces(Arrangement::Cascade, {0, 10, 200, 80}, 4, 15),
+         {{0, 10, 75, 60}, {15, 25, 75, 60}, {100, 10, 75, 60}, {115, 25, 75, 60}}},
         {"cascade in no room", windowPlaces(Arrangement::Cascade, {}, 2, 0), {{0, 0, 0, 0}, {0, 0, 0, 0}}},
         {"icons", iconPlaces(area, {40, 10}, 3), {{0, 80, 40, 10}, {40, 80, 40, 10}, {0, 70, 40, 10}}},
         {"icons in little room", iconPlaces({0, 0, 5, 5}, {40, 10}, 2), {{0, -5, 40, 10}, {0, -15, 40, 10}}},

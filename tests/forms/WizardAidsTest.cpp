@@ -17,6 +17,7 @@
 #include "settings/Catalogue.h"
 #include "settings/Store.h"
 #include "support/Scratch.h"
+#include "ui/FormPlace.h"
 #include "ui/modKLTSyntaxHighlighter.h"
 
 using namespace klt;
@@ -114,10 +115,12 @@ TEST_F(WizardAidsTest, FunctionsNestToTheLimit) {
     field.SetText("1");
     std::string message;
     int levels = 0;
-    const auto choose = [&levels](const char* function) {
+    std::vector<QPoint> places;
+    const auto choose = [&levels, &places](const char* function) {
         auto& form = *QApplication::activeModalWidget();
         EXPECT_EQ(form.objectName(), "frmFunctionsWizard");
         EXPECT_EQ(form.property("Tag"), QString::number(levels++));
+        places.push_back(form.pos());
         auto& combo = *find<QComboBox>("Combo1");
         QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(&combo, &menuKey);
@@ -154,7 +157,14 @@ TEST_F(WizardAidsTest, FunctionsNestToTheLimit) {
     EXPECT_EQ(field.Text(), "1, @IF(a THEN a ELSE @MAX(3, @SQR(4)))");
     EXPECT_TRUE(isFocus(field));
     EXPECT_EQ(message, "Cannot nest any more @Functions!");
-    EXPECT_EQ(levels, 3);
+    ASSERT_EQ(levels, 3);
+    for (int level = 1; level < levels; ++level) {
+        const QPoint shift = places[static_cast<size_t>(level)] - places[static_cast<size_t>(level - 1)];
+        EXPECT_GE(shift.x(), 16);
+        EXPECT_EQ(shift.x(), shift.y());
+    }
+    const auto* stored = settings::windowPosition("frmFunctionsWizard");
+    EXPECT_EQ(QPoint(storedPixels(store, stored->left), storedPixels(store, stored->top)), places.front());
 }
 
 }  // namespace

@@ -23,11 +23,29 @@ QRect column(const QRect& area, int index, int count) {
     return {area.left() + left, area.top(), edge(area.width(), index + 1, count) - left, area.height()};
 }
 
-QRect cascaded(const QRect& area, int index, int step) {
-    const QSize size = area.size() * 3 / 4;
-    const QSize room = area.size() - size;
-    const int steps = std::max(std::min(room.width(), room.height()) / std::max(step, 1), 0) + 1;
-    return {area.topLeft() + QPoint(step, step) * (index % steps), size};
+/// How many cascades beside each other there have to be, so that the lowest window of each has some height;
+/// where they would be too narrow, so that each title is in view.
+int cascades(const QSize& area, int count, int step) {
+    constexpr int kRoomyHeight = 4, kRoomyWidth = 6;
+    const auto needed = [&](int steps) {
+        const int more = step > 0 ? std::max(area.height() / step - steps, 0) : 0;
+        return (count + more) / (more + 1);
+    };
+    const int roomy = needed(kRoomyHeight);
+    return area.width() / roomy >= kRoomyWidth * step ? roomy : needed(1);
+}
+
+/// Window `index` of a cascade of `count`, three quarters of the area where the others leave them.
+QRect cascaded(const QRect& area, int index, int count, int step) {
+    // A title is reached where it stands lower, so in a long cascade it stands hardly further right.
+    const int aside = std::min(step, area.width() / 4 / std::max(count - 1, 1));
+    const QSize room = area.size() - QSize(aside, step) * (count - 1);
+    return {area.topLeft() + QPoint(aside, step) * index, room.boundedTo(area.size() * 3 / 4)};
+}
+
+QRect cascaded(const QRect& area, int index, int count, int step, int beside) {
+    const int inOne = (count + beside - 1) / beside;
+    return cascaded(column(area, index / inOne, beside), index % inOne, inOne, step);
 }
 
 QList<QMdiSubWindow*> windows(const QMdiArea& area, bool minimised, QMdiArea::WindowOrder order) {
@@ -57,7 +75,7 @@ std::vector<QRect> windowPlaces(Arrangement arrangement, const QRect& area, int 
                 places.push_back(column(area, index, count));
                 break;
             case Arrangement::Cascade:
-                places.push_back(cascaded(area, index, step));
+                places.push_back(cascaded(area, index, count, step, cascades(area.size(), count, step)));
                 break;
         }
     }
@@ -82,7 +100,8 @@ void arrangeWindows(QMdiArea& area, Arrangement arrangement) {
     const auto order =
         arrangement == Arrangement::Cascade ? QMdiArea::StackingOrder : QMdiArea::CreationOrder;
     const auto arranged = windows(area, false, order);
-    const int step = area.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const int step = area.style()->pixelMetric(QStyle::PM_TitleBarHeight) +
+                     area.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const auto places =
         windowPlaces(arrangement, areaAboveIcons(area), static_cast<int>(arranged.size()), step);
     for (qsizetype index = 0; index < arranged.size(); ++index) {

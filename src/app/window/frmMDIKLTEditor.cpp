@@ -125,6 +125,7 @@ frmKLTEditor& frmMDIKLTEditor::loadDocument() {
     // The area's own Ctrl+F4 would be ambiguous with the menu's.
     delete subWindow->systemMenu();
     subWindow->setSystemMenu(nullptr);
+    subWindow->setStyle(&titles_);
     if (maximised) subWindow->setWindowState(Qt::WindowMaximized);
     forms_.add(*document);
     if (forms_.count() == 2) toolbars_->SetDocumentButtons(true);

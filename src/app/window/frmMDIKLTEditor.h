@@ -15,6 +15,7 @@
 #include "app/window/ClipboardState.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/StatusPanels.h"
+#include "app/window/TitleStyle.h"
 
 class QMdiArea;
 class QMdiSubWindow;
@@ -110,6 +111,8 @@ private:
     std::function<bool()> formsCheck_;
     std::function<bool(frmKLTEditor&)> closeCheck_;
     OpenForms forms_;
+    /// Outlives the windows that are drawn by it.
+    TitleStyle titles_;
     NoticeBar* notices_;
     QMdiArea* area_;
     std::optional<StatusPanels> panels_;
