@@ -64,8 +64,12 @@ void fitIntoScreen(QMessageBox& box) {
 
 /// As wide as its title, with room for what the window's frame puts beside it.
 void fitTitle(QMessageBox& box) {
-    constexpr int kBeside = 120;
-    const int width = std::min(box.fontMetrics().horizontalAdvance(box.windowTitle()) + kBeside, kMostWidth);
+    constexpr int kBeside = 160;
+    // The frame has a font of its own, which nobody tells: it is bold mostly, and may be a wide one.
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int title = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) * 5 / 4;
+    const int width = std::min(title + kBeside, box.screen()->availableSize().width() * 3 / 4);
     auto& grid = dynamic_cast<QGridLayout&>(*box.layout());
     grid.addItem(new QSpacerItem(width, 0), grid.rowCount(), 0, 1, grid.columnCount());
 }

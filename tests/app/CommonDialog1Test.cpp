@@ -147,6 +147,24 @@ TEST_F(CommonDialog1Test, NeitherASelectionNorEnterNorADoubleClickPassesTheDisab
     }
 }
 
+TEST_F(CommonDialog1Test, TheColumnsAreAsWideAsWhatTheyHold) {
+    file("two/" + std::string(120, 'n') + ".klt", std::string(3000, 'x'));
+    dialog().InitDir(home / "two");
+    openWith([](QFileDialog& shown) {
+        const auto* list = shown.findChild<QTreeView*>("treeView");
+        const auto fits = [list](int column) {
+            int needed = 0;
+            for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
+                const auto cell = list->model()->index(row, column, list->rootIndex());
+                needed = std::max(needed, list->fontMetrics().horizontalAdvance(cell.data().toString()));
+            }
+            return needed > 0 && list->columnWidth(column) > needed;
+        };
+        for (const int column : {0, 1, 2, 3})
+            EXPECT_TRUE(QTest::qWaitFor([&] { return fits(column); })) << column;
+    });
+}
+
 TEST_F(CommonDialog1Test, TheStoredFolderIsUsedUnlessItIsGone) {
     set("KLTEditor", "Data Files Path", home / "two");
     restart();

@@ -87,6 +87,7 @@ TEST_F(FindTest, FindsByKeysAndTellsWhenNoMoreIsThere) {
     answerMessage(QMessageBox::Ok);
     access(Qt::Key_N);
     EXPECT_EQ(asked.back(), "Can't find any matches.");
+    EXPECT_EQ(lastTitle, kTitle);
     EXPECT_EQ(lastIcon, QMessageBox::Information);
     EXPECT_EQ(box().SelStart(), 0);
     EXPECT_EQ(combo("Combo1").currentText(), "two");

@@ -144,6 +144,32 @@ TEST_F(MainWindowTest, TheStatusBarIsShownBySetting) {
     EXPECT_TRUE(window().statusBar()->isHidden());
 }
 
+TEST_F(MainWindowTest, ThePanelsFitTheirTextsAtAnyFont) {
+    openNew();
+    for (const int points : {8, 20}) {
+        QFont font = window().font();
+        font.setPointSize(points);
+        window().setFont(font);
+        window().panels().showCaret(123456, 78);
+        window().panels().showLength(123456789);
+        window().panels().showModified(true);
+        for (const char* name : {"Panel1", "Panel2", "Panel3"}) {
+            const auto& label = *window().findChild<QLabel*>(name);
+            EXPECT_TRUE(QTest::qWaitFor([&] {
+                const QRect seen = label.visibleRegion().boundingRect();
+                return seen.width() >= label.fontMetrics().horizontalAdvance(label.text()) &&
+                       seen.height() >= label.fontMetrics().height();
+            })) << name
+                << points;
+        }
+        const auto& length = *window().findChild<QLabel*>("Panel2");
+        const int width = length.width();
+        window().panels().showLength(1);
+        letEventsRun();
+        EXPECT_EQ(length.width(), width) << "what stands behind it stays in its place";
+    }
+}
+
 TEST(WindowPlaceTest, AWindowOverOneOfItsKindLeavesTheTitleInView) {
     const QRect screen(0, 10, 1000, 800);
     const std::tuple<const char*, QPoint, QPoint> rows[] = {

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 #include "app/dialogs/frmAbout.h"
+#include "app/dialogs/frmKLTChecker.h"
 #include "app/dialogs/frmThanks.h"
 #include "app/dialogs/frmTip.h"
 #include "app/dialogs/frmWindows.h"
@@ -16,6 +17,20 @@
 using namespace klt;
 
 namespace {
+
+TEST(CheckerWindowTest, TheTwoPiecesOfItsAdviceAreOneParagraph) {
+    frmKLTChecker window(nullptr);
+    window.show();
+    const auto& first = *window.findChild<QLabel*>("Label5");
+    const auto& second = *window.findChild<QLabel*>("Label6");
+    EXPECT_TRUE(first.text().endsWith("you should click the \"Unlock\""));
+    EXPECT_TRUE(second.text().startsWith("button bellow (even"));
+    // The line in which the one ends is the other's first.
+    EXPECT_EQ(first.geometry().bottom() - second.geometry().top() + 1, first.fontMetrics().height());
+    EXPECT_EQ(first.parentWidget(), second.parentWidget());
+    EXPECT_EQ(second.geometry().bottom(), second.parentWidget()->rect().bottom());
+    EXPECT_LE(first.parentWidget()->height(), 10 * first.fontMetrics().height());
+}
 
 class SmallWindowsTest : public EditorFixture {
 protected:

@@ -62,6 +62,25 @@ TEST(MessageBoxTest, StaysInsideTheScreenWithItsWholeText) {
     }
 }
 
+TEST(MessageBoxTest, IsAsWideAsItsTitleAtAnyFont) {
+    const QFont before = QApplication::font();
+    const std::string title = "Preview of a line of " + repeated(3, "many words ");
+    for (const int points : {8, 20}) {
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        font.setBold(true);
+        QTimer::singleShot(0, [&] {
+            auto* const box = QApplication::activeModalWidget();
+            const int needed = QFontMetrics(font).horizontalAdvance(box->windowTitle());
+            EXPECT_GT(box->width(), std::min(needed, box->screen()->availableSize().width() / 2));
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        MessageBox(nullptr, "text", MessageIcon::Information, title);
+    }
+    QApplication::setFont(before);
+}
+
 TEST(MessageBoxTest, EscapeSkipsNothing) {
     QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
     EXPECT_EQ(MessageBox(nullptr, "text", MessageIcon::None, "title", QMessageBox::Ok | kSkipTheRest),

@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
+#include <QTreeView>
 #include <algorithm>
 
 #include "platform/Paths.h"
@@ -38,6 +40,7 @@ public:
         // Behind the dialog's own connections, which enable the button too.
         connect(this, &QFileDialog::currentChanged, this, [this] { police(); });
         connect(nameEdit(), &QLineEdit::textChanged, this, [this] { police(); });
+        fitColumnsWhenFilled();
     }
 
     void prepare(QWidget* owner, bool save);
@@ -52,6 +55,7 @@ protected:
 private:
     QLineEdit* nameEdit() const { return findChild<QLineEdit*>("fileNameEdit"); }
     bool isPoliced() const { return properties_.DialogTitle == kPolicedTitle; }
+    void fitColumnsWhenFilled();
     void police();
     bool isChoicePermitted() const;
     std::vector<QPushButton*> buttons() const;
@@ -59,6 +63,21 @@ private:
 
     CommonDialog1& properties_;
 };
+
+/// The list is filled while it is up, and sizes and dates come last.
+void CommonDialog1::Dialog::fitColumnsWhenFilled() {
+    auto* list = findChild<QTreeView*>("treeView");
+    auto* later = new QTimer(this);
+    later->setSingleShot(true);
+    connect(later, &QTimer::timeout, list, [list] {
+        for (int column = 0; column < list->model()->columnCount(list->rootIndex()); ++column)
+            list->resizeColumnToContents(column);
+    });
+    const auto fit = [later] { later->start(); };
+    connect(list->model(), &QAbstractItemModel::rowsInserted, later, fit);
+    connect(list->model(), &QAbstractItemModel::dataChanged, later, fit);
+    connect(list->model(), &QAbstractItemModel::layoutChanged, later, fit);
+}
 
 void CommonDialog1::Dialog::prepare(QWidget* owner, bool save) {
     setParent(owner, Qt::Dialog);

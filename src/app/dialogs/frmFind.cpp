@@ -13,6 +13,7 @@
 
 #include "app/commands/CommandQueue.h"
 #include "app/modVariables.h"
+#include "platform/ProgramNames.h"
 #include "text/LineEnds.h"
 #include "ui/Combo.h"
 #include "ui/FieldLabel.h"
@@ -237,7 +238,7 @@ void frmFind::run(FindButton button) {
     if (outcome.searchedOn) chkStartFromBeginning->setChecked(false);
     const std::string message = findMessage(button, outcome);
     restart_ = !message.empty();
-    if (restart_) MessageBox(this, message, MessageIcon::Information, {});
+    if (restart_) MessageBox(this, message, MessageIcon::Information, kTitle);
 }
 
 }  // namespace klt

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <cmath>
 
+#include "app/dialogs/FlowingText.h"
 #include "app/window/ProgramIcon.h"
 #include "ui/QtStrings.h"
 
@@ -27,7 +28,7 @@ constexpr char kWatch[] =
 constexpr char kDisable[] =
     "To disable (or re-enable) this window, go to the Window Menu and click \"Show KLT Syntax Checker "
     "Window\".";
-constexpr int kTextWidth = 400;
+constexpr int kCharactersInLine = 58;
 
 QLabel* makeLabel(const char* name, const QString& text, QWidget* parent) {
     auto* label = new QLabel(text, parent);
@@ -36,11 +37,10 @@ QLabel* makeLabel(const char* name, const QString& text, QWidget* parent) {
     return label;
 }
 
-QLabel* makeParagraph(const char* name, const QString& text, QWidget* parent) {
-    auto* label = makeLabel(name, text, parent);
-    label->setWordWrap(true);
-    label->setMinimumWidth(kTextWidth);
-    return label;
+FlowingText* makeParagraph(const std::vector<FlowingText::Piece>& pieces, QWidget* parent) {
+    auto* paragraph = new FlowingText(pieces, parent);
+    paragraph->setMinimumWidth(paragraph->fontMetrics().averageCharWidth() * kCharactersInLine);
+    return paragraph;
 }
 
 /// Shows what a document says, however long, without a say in the window's width.
@@ -102,16 +102,11 @@ frmKLTChecker::frmKLTChecker(QWidget* owner)
     Label8_->setMinimumWidth(Label8_->fontMetrics().horizontalAdvance("100%"));
 
     auto* column = new QVBoxLayout;
-    column->addWidget(makeParagraph("Label1", kPatience, this));
+    column->addWidget(makeParagraph({{"Label1", kPatience}}, this));
     column->addLayout(grid);
-    // The two labels are one advice: no gap between them.
-    auto* advice = new QVBoxLayout;
-    advice->setSpacing(0);
-    advice->addWidget(makeParagraph("Label5", kStill, this));
-    advice->addWidget(makeParagraph("Label6", kWatch, this));
-    column->addLayout(advice);
+    column->addWidget(makeParagraph({{"Label5", kStill}, {"Label6", kWatch}}, this));
     column->addWidget(cmdToggleLock_, 0, Qt::AlignHCenter);
-    column->addWidget(makeParagraph("Label4", kDisable, this));
+    column->addWidget(makeParagraph({{"Label4", kDisable}}, this));
 
     auto* row = new QHBoxLayout(this);
     row->addWidget(makePicture(this), 0, Qt::AlignTop);

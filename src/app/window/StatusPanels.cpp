@@ -6,19 +6,32 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 
 namespace klt {
 namespace {
 
 constexpr int kBlanks = 18;
 
-QLabel* makePanel(const char* name, const QString& widest, QWidget* parent) {
-    auto* panel = new QLabel(parent);
-    panel->setObjectName(name);
-    panel->setTextFormat(Qt::PlainText);
-    panel->setMinimumWidth(panel->fontMetrics().horizontalAdvance(widest));
-    return panel;
-}
+/// As wide as a long text, where there is room, so that what stands behind it stays in its place; never
+/// narrower than its text or a usual one. Both go by the font that there is.
+class Panel : public QLabel {
+public:
+    Panel(const char* name, QString usual, QString longText, QWidget* parent)
+        : QLabel(parent), usual_(std::move(usual)), long_(std::move(longText)) {
+        setObjectName(name);
+        setTextFormat(Qt::PlainText);
+    }
+    QSize sizeHint() const override { return atLeast(QLabel::sizeHint(), long_); }
+    QSize minimumSizeHint() const override { return atLeast(QLabel::minimumSizeHint(), usual_); }
+
+private:
+    QSize atLeast(const QSize& hint, const QString& text) const {
+        return hint.expandedTo({fontMetrics().horizontalAdvance(text), 0});
+    }
+
+    const QString usual_, long_;
+};
 
 /// Fewer blanks before a longer number keep the word behind them about where it is.
 QString caretText(Position line, Position column) {
@@ -30,10 +43,10 @@ QString caretText(Position line, Position column) {
 }  // namespace
 
 StatusPanels::StatusPanels(QStatusBar& bar)
-    : panel1_(makePanel("Panel1", "Modified", &bar)),
+    : panel1_(new Panel("Panel1", "Modified", "Modified", &bar)),
       panel1Icon_(new QLabel(&bar)),
-      panel2_(makePanel("Panel2", "999,999,999 bytes", &bar)),
-      panel3_(makePanel("Panel3", caretText(999999, 9999), &bar)) {
+      panel2_(new Panel("Panel2", "99999 bytes", "999,999,999 bytes", &bar)),
+      panel3_(new Panel("Panel3", caretText(999, 99), caretText(999999, 9999), &bar)) {
     const int size = bar.style()->pixelMetric(QStyle::PM_SmallIconSize);
     panel1Icon_->setFixedSize(size, size);
     QSizePolicy policy = panel1Icon_->sizePolicy();
@@ -47,6 +60,8 @@ StatusPanels::StatusPanels(QStatusBar& bar)
     bar.addWidget(first);
     bar.addWidget(panel2_);
     bar.addWidget(panel3_, 1);
+    // The base class would let the window be narrower than what stands in the bar.
+    bar.setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     clear();
 }
 

@@ -17,7 +17,8 @@ void restorePlace(QWidget& window, Store& store) {
     const QRect stored(storedPixels(store, settings::kLeft), storedPixels(store, settings::kTop),
                        storedPixels(store, settings::kWidth), storedPixels(store, settings::kHeight));
     const QRect place = placeOnScreens(stored);
-    window.resize(place.size());
+    // One that has to grow when it is shown would lose its frame's place.
+    window.resize(place.size().expandedTo(window.minimumSizeHint()));
     window.move(place.topLeft());
     if (state == Minimised) window.setWindowState(Qt::WindowMinimized);
     if (state == Maximised) window.setWindowState(Qt::WindowMaximized);
