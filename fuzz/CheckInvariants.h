@@ -27,6 +27,10 @@ inline void requireSound(std::string_view before, const StyledText& after, const
         require(run.start >= 0 && run.start < run.end && run.end <= after.size() &&
                     static_cast<size_t>(run.reason) < kErrorReasonCount,
                 "error runs lie inside the text");
+    for (const auto& run : errors)
+        require(run.word == TextRange() ||
+                    (run.word.start >= 0 && run.word.start < run.word.end && run.word.end <= after.size()),
+                "the words that errors name lie inside the text");
 }
 
 }  // namespace klt::fuzz

@@ -46,13 +46,15 @@ private:
             case Act::Break:
                 kind.lineBreak();
                 return false;
-            case Act::Prefix:
+            case Act::Prefix: {
+                const ScanRange prefix{i - word.size(), i + 1};
                 return !prefixTest(scan, i, word) &&
-                       failFrom(kind.prefixErrorStart(), ErrorReason::UnknownPrefix);
+                       failFrom(kind.prefixErrorStart(), ErrorReason::UnknownPrefix, prefix);
+            }
             case Act::Comma:
                 return kind.comma();
             case Act::Forbidden:
-                return fail(Kind::kForbidden);
+                return failAtCharacter(Kind::kForbidden);
             case Act::Blank:
                 kind.blank();
                 return false;
@@ -78,7 +80,7 @@ public:
         if (scan.at(i) == '_' && equalIgnoringAsciiCase(word.view(), "SK")) word.append(scan.stretch(i, 1));
     }
     ScanPosition prefixErrorStart() const { return tagErrorStart(scan, start); }
-    bool comma() { return fail(kForbidden); }
+    bool comma() { return failAtCharacter(kForbidden); }
     void blank() {
         if (!inQuote) ColourWord(scan, i, word);
         word.clear();

@@ -35,9 +35,14 @@ private:
     bool close();
     bool comma();
     bool nested();
-    bool fail(ErrorReason reason) {
-        return ends(MarkErrorRun(scan_, i_, functionErrorStart(scan_, now_.start), ')', reason));
+    bool fail(ErrorReason reason, ScanRange word = {}) {
+        return ends(MarkErrorRun(scan_, i_, functionErrorStart(scan_, now_.start), ')', reason, word));
     }
+    bool failNamed(ErrorReason reason) {
+        return fail(reason, {now_.at, now_.at + functionName(top()).size()});
+    }
+    /// What stands for the name of an @function at `at`.
+    ScanRange nameAt(ScanPosition at) const;
     bool ends(ScanPosition at) {
         end_ = at;
         return true;
@@ -71,10 +76,16 @@ bool FunctionWalk::open(ScanPosition at) {
     return true;
 }
 
+ScanRange FunctionWalk::nameAt(ScanPosition at) const {
+    const auto end = scan_.text.find_first_of("(),+-*/ _\t\r\n", at.offset() + 1);
+    if (end == std::string_view::npos) return {at, scan_.end()};
+    return {at, ScanPosition(end) + (scan_.text[end] == '(' ? 1 : 0)};
+}
+
 bool FunctionWalk::close() {
     const auto arity = arityOf(top());
     if (arity == Arity::Conditional && now_.ifStage == 0) return fail(ErrorReason::IfWithoutThen);
-    if (arity == Arity::Two && now_.commas == 0) return fail(ErrorReason::FunctionTakesTwo);
+    if (arity == Arity::Two && now_.commas == 0) return failNamed(ErrorReason::FunctionTakesTwo);
     endWord(scan_, i_, word_);
     if (now_.depth > 0) {
         --now_.depth;
@@ -88,11 +99,11 @@ bool FunctionWalk::close() {
 bool FunctionWalk::comma() {
     switch (arityOf(top())) {
         case Arity::One:
-            return fail(ErrorReason::FunctionTakesOne);
+            return failNamed(ErrorReason::FunctionTakesOne);
         case Arity::Conditional:
             return fail(ErrorReason::IfComma);
         case Arity::Two:
-            if (now_.commas > 0) return fail(ErrorReason::FunctionTakesTwo);
+            if (now_.commas > 0) return failNamed(ErrorReason::FunctionTakesTwo);
             ++now_.commas;
             break;
         case Arity::None:
@@ -120,7 +131,7 @@ bool FunctionWalk::nested() {
     hold();
     if (open(i_)) return false;
     resume(now_.start);
-    return fail(ErrorReason::UnknownFunction);
+    return fail(ErrorReason::UnknownFunction, nameAt(i_));
 }
 
 bool FunctionWalk::step() {
@@ -187,7 +198,8 @@ bool FunctionWalk::noteRunOff() {
 }
 
 FunctionEnd FunctionWalk::run(ScanPosition at, ScanPosition errorStart) {
-    if (!open(at)) return {MarkErrorRun(scan_, at, errorStart, ')', ErrorReason::UnknownFunction), true};
+    if (!open(at))
+        return {MarkErrorRun(scan_, at, errorStart, ')', ErrorReason::UnknownFunction, nameAt(at)), true};
     for (;;) {
         if (!walkBody()) {
             if (!noteRunOff()) {

@@ -142,7 +142,7 @@ bool GivesWalk::targetStep(Act act) {
             partEnds_ = true;
             return false;
         case Act::Forbidden:
-            return fail(ErrorReason::GivesTargetCharacter);
+            return failAtCharacter(ErrorReason::GivesTargetCharacter);
         case Act::Blank:
             return upto();
         case Act::Break:

@@ -105,7 +105,7 @@ bool NeedsWalk::nameStep(Act act) {
             endWord(scan, i, word);
             return false;
         case Act::Bracket:
-            return fail(ErrorReason::NeedsBracket);
+            return failAtCharacter(ErrorReason::NeedsBracket);
         default:
             return step<table>(act);
     }
@@ -120,9 +120,13 @@ bool NeedsWalk::textEnds() {
 
 bool NeedsWalk::numberClause() {
     skipBlank();
+    const auto number = i;
     while (isDigit(scan.at(i))) ++i;
     if (!scan.isInside(i)) return textEnds();
-    if (scan.at(i) != ' ') return fail(ErrorReason::NeedsNumber);
+    if (scan.at(i) != ' ') {
+        const auto numberEnd = ScanPosition(scan.text.find_first_of(" ,|)", i.offset()));
+        return fail(ErrorReason::NeedsNumber, {number, numberEnd});
+    }
     for (++i; scan.isInside(i); ++i) {
         if (nameStep<kNumberName>(kNumberName[scan.at(i)])) return true;
         if (clauseEnds_) return false;

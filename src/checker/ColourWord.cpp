@@ -58,11 +58,11 @@ bool colourSpecialKeyword(Scan& scan, ScanPosition end, std::string_view word) {
 void rejectForeignKeyword(Scan& scan, ScanPosition end, std::string_view word) {
     const auto start = end - word.size();
     if (scan.CurrentTag != Tag::Gives && kGivesKeywords.find(word) >= 0)
-        scan.error(start, end, ErrorReason::KeywordOfGives);
+        scan.error(start, end, ErrorReason::KeywordOfGives, {start, end});
     else if (scan.CurrentTag != Tag::Needs && kNeedsKeywords.find(word) >= 0)
-        scan.error(start, end, ErrorReason::KeywordOfNeeds);
+        scan.error(start, end, ErrorReason::KeywordOfNeeds, {start, end});
     else if (scan.CurrentTag != Tag::Upto && kUptoKeywords.find(word) >= 0)
-        scan.error(start, end, ErrorReason::KeywordOfUpto);
+        scan.error(start, end, ErrorReason::KeywordOfUpto, {start, end});
 }
 
 }  // namespace

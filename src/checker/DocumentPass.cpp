@@ -47,9 +47,9 @@ public:
         CheckLine(line_, text.substr(item.start, item.end - item.start), toPosition(item.start) + shift);
         line_.end();
     }
-    void error(size_t start, size_t end, ErrorReason reason) {
+    void error(size_t start, size_t end, ErrorReason reason, TextRange word = {}) {
         line_.begin();
-        line_.error(toPosition(start), toPosition(end), reason);
+        line_.error(toPosition(start), toPosition(end), reason, word);
     }
 
 private:
@@ -132,7 +132,11 @@ void DocumentPass::Work::step() {
 
 void DocumentPass::Work::sectionHeader(std::string_view text, size_t start, size_t end) {
     const auto trimmed = trimBlanks(text.substr(start, end - start));
-    if (!isSectionHeader(trimmed)) return painter_.error(start, end, ErrorReason::UnknownSection);
+    if (!isSectionHeader(trimmed)) {
+        const auto name = start + text.substr(start).find('[');
+        return painter_.error(start, end, ErrorReason::UnknownSection,
+                              {toPosition(name), toPosition(name + trimmed.size())});
+    }
     state_.SetCurrentSection(trimmed);
     std::string upper(text.substr(start, end - start));
     for (char& c : upper) c = toUpper(c);

@@ -1,5 +1,7 @@
 #include "checker/ErrorReason.h"
 
+#include "text/ShownText.h"
+
 namespace klt {
 
 constexpr std::array<ErrorReasonRow, kErrorReasonCount> kErrorReasons = {{
@@ -63,5 +65,12 @@ static_assert(
         return true;
     }(),
     "a row for each reason, in its order");
+
+std::string reasonText(ErrorReason reason, std::string_view word) {
+    constexpr size_t kLongestWord = 40;
+    std::string text(errorReason(reason).text);
+    if (!word.empty()) text.append(": ").append(shownOnOneLine(word, kLongestWord));
+    return text;
+}
 
 }  // namespace klt

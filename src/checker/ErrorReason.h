@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -76,12 +77,18 @@ inline const ErrorReasonRow& errorReason(ErrorReason reason) {
     return kErrorReasons[static_cast<size_t>(reason)];
 }
 
+/// The text of a reason, with the word that it speaks of behind it, on one line and not longer than a line of
+/// a list. An empty word adds nothing.
+std::string reasonText(ErrorReason reason, std::string_view word);
+
 /// One run laid in `Syntax Error`, [start, end) in bytes. A later run may overlap an earlier one, and what is
 /// laid over it later may hide it.
 struct ErrorRun {
     Position start = 0;
     Position end = 0;
     ErrorReason reason{};
+    /// The word or character that the reason speaks of, as it stands in the text; empty where there is none.
+    TextRange word{};
     bool operator==(const ErrorRun&) const = default;
 };
 /// In the order in which they were laid.

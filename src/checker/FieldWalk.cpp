@@ -38,8 +38,8 @@ private:
     bool hasSecondField() const;
     ScanPosition behindCharacter(ScanPosition i) const;
     ScanPosition frontOfCharacter(ScanPosition i) const;
-    bool wholeError(ErrorReason reason) {
-        scan_.wholeError(reason);
+    bool wholeError(ErrorReason reason, ScanRange word = {}) {
+        scan_.wholeError(reason, word);
         return false;
     }
 
@@ -125,11 +125,12 @@ bool FieldWalk::step() {
 bool FieldWalk::tag() {
     const auto word = word_.view();
     const auto tag = tagOf(word);
-    if (tag == Tag::None) return wholeError(ErrorReason::UnknownTag);
-    if (!IsTagValid(tag, section_)) return wholeError(ErrorReason::TagOfOtherSection);
+    const auto end = i_ + 1;
+    if (tag == Tag::None) return wholeError(ErrorReason::UnknownTag, {scan_.wordBefore(i_).start, end});
+    if (!IsTagValid(tag, section_))
+        return wholeError(ErrorReason::TagOfOtherSection, {scan_.wordBefore(i_).start, end});
 
     scan_.CurrentTag = tag;
-    const auto end = i_ + 1;
     const auto start = end - word.size();
     if (word != tagWord(tag)) scan_.rewrite(start, tagWord(tag));
     scan_.colour(start - skipped_, end, StyleCategory::PackageItemsAndItemTags);
@@ -186,7 +187,8 @@ bool FieldWalk::restart() {
 
 // At the comma behind a word that has no parenthesis. The first character of a cost or value is not examined.
 bool FieldWalk::bareField() {
-    if (section_ == Section::Spells || section_ == Section::Stats) return wholeError(ErrorReason::BareField);
+    if (section_ == Section::Spells || section_ == Section::Stats)
+        return wholeError(ErrorReason::BareField, scan_.wordBefore(i_));
     if (!hasSecondField()) return restart();
     auto start = frontOfCharacter(i_ - word_.size());
     if (section_ != Section::Skills) start = behindCharacter(start);

@@ -98,7 +98,7 @@ void PackageLine::run() {
     const auto behind = equals + 1;
     const auto word = scan_.between(kFirst, behind);
     const int index = kPackageWords.find(word);
-    if (index < 0) return scan_.wholeError(ErrorReason::UnknownPackageWord);
+    if (index < 0) return scan_.wholeError(ErrorReason::UnknownPackageWord, {kFirst, behind});
     const auto spelling = kPackageWords[index];
     scan_.recognise(behind, word, spelling, StyleCategory::PackageItemsAndItemTags);
     if (spelling == "EMESSAGE=")
@@ -153,7 +153,7 @@ void PackageLine::attribute(ScanPosition from, int index) {
         if (c == '+' || c == '-')
             scan_.colourAt(i, StyleCategory::MathCharacters);
         else if (!isDigit(c) && c != ' ')
-            return scan_.wholeError(ErrorReason::AttributeValue);
+            return scan_.wholeError(ErrorReason::AttributeValue, {at + kAt.size(), scan_.end()});
     }
 }
 
@@ -170,7 +170,9 @@ const PrefixRow* PackageLine::prefixTag(ScanPosition from) {
 
 void PackageLine::addItem(ScanPosition from) {
     const auto* prefix = prefixTag(from);
-    if (prefix == nullptr || !prefix->isAdded) return scan_.wholeError(ErrorReason::AddPrefix);
+    if (prefix == nullptr || !prefix->isAdded)
+        return scan_.wholeError(ErrorReason::AddPrefix,
+                                {from, start_ > from ? start_ : scan_.find(' ', from)});
     headAndWords(&PackageLine::nameScan, true);
 }
 
@@ -259,7 +261,7 @@ void PackageLine::levelTest(ScanPosition from, ScanPosition end) {
         value = rest;
     }
     if (value.starts_with('.')) value.remove_prefix(1);
-    if (!isNumber(value)) scan_.wholeError(ErrorReason::BadLevel);
+    if (!isNumber(value)) scan_.wholeError(ErrorReason::BadLevel, {from, end});
 }
 
 // Checks a part of the line as a line of another section. False where the check of the whole line is over.

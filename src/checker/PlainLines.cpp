@@ -46,7 +46,7 @@ void checkName(Scan& scan, ScanPosition i, const NameRules& rules) {
                 const auto start = i - word.size();
                 const bool isPrefix = prefixTest(scan, i, word);
                 if (!isPrefix && !(rules.laterColons && prefixSeen))
-                    return scan.error(start, i + 1, ErrorReason::UnknownPrefix);
+                    return scan.error(start, i + 1, ErrorReason::UnknownPrefix, {start, i + 1});
                 prefixSeen = true;
                 break;
             }
@@ -64,7 +64,7 @@ ScanPosition checkAmount(Scan& scan) {
     auto behindWrong = kFirst;
     for (auto i = kFirst; i < end; ++i)
         if (kAmount[scan.at(i)] == Act::Append) behindWrong = i + 1;
-    if (behindWrong != kFirst) scan.wholeError(ErrorReason::BonusAmount);
+    if (behindWrong != kFirst) scan.wholeError(ErrorReason::BonusAmount, {kFirst, end});
     for (auto i = behindWrong; i < end; ++i)
         if (kAmount[scan.at(i)] == Act::Math) scan.colourAt(i, StyleCategory::MathCharacters);
     return end;

@@ -30,10 +30,10 @@ void LineCheck::colour(Position start, Position end, StyleCategory style) {
     target.colour(start, end, style);
 }
 
-void LineCheck::error(Position start, Position end, ErrorReason reason) {
+void LineCheck::error(Position start, Position end, ErrorReason reason, TextRange word) {
     start = std::max<Position>(start, 0);
     if (start >= end) return;
-    if (errors_ != nullptr) errors_->push_back({start, end, reason});
+    if (errors_ != nullptr) errors_->push_back({start, end, reason, word});
     if (start >= errorFrom_ && start < errorTo_) {
         if (end > errorTo_) target.colour(errorTo_, end, StyleCategory::SyntaxError);
         errorTo_ = std::max(errorTo_, end);
@@ -54,6 +54,23 @@ std::string_view Scan::between(ScanPosition from, ScanPosition to) const {
 ScanPosition Scan::find(char c, ScanPosition from) const {
     const auto hit = text.find(c, std::max(from, kFirst).offset());
     return hit == text.npos ? end() : ScanPosition(hit);
+}
+
+ScanRange Scan::wordBefore(ScanPosition end) const {
+    const auto all = between(kFirst, end);
+    const auto before = all.find_last_of(",()");
+    // What goes on a line belongs to no word.
+    const auto start = all.find_first_not_of(" _|\t\r\n", before == all.npos ? 0 : before + 1);
+    return {start == all.npos ? end : ScanPosition(start), end};
+}
+
+TextRange Scan::trimmed(ScanRange word) const {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const auto all = between(word.start, word.end);
+    const auto first = all.find_first_not_of(kBlanks);
+    if (first == all.npos) return {};
+    const auto start = inDocument(std::max(word.start, kFirst) + first);
+    return {start, start + static_cast<Position>(all.find_last_not_of(kBlanks) + 1 - first)};
 }
 
 void Scan::recognise(ScanPosition end, std::string_view word, std::string_view spelling,
@@ -82,7 +99,7 @@ bool prefixTest(Scan& scan, ScanPosition i, WordBuffer& word) {
 }
 
 ScanPosition MarkErrorRun(Scan& scan, ScanPosition position, ScanPosition errorStart, char terminator,
-                          ErrorReason reason) {
+                          ErrorReason reason, ScanRange word) {
     int depth = 0;
     auto stop = std::max(position, kFirst);
     for (; scan.isInside(stop); ++stop) {
@@ -92,7 +109,8 @@ ScanPosition MarkErrorRun(Scan& scan, ScanPosition position, ScanPosition errorS
         if (c == ')') --depth;
     }
     stop = std::min(stop, scan.end());
-    scan.error(errorStart, stop + 1, reason);
+    word.end = std::min(word.end, stop);
+    scan.error(errorStart, stop + 1, reason, word);
     scan.state.functionStack.pop();
     return stop;
 }

@@ -28,6 +28,11 @@ struct FunctionFrame {
     unsigned char ifStage = 0;
 };
 
+/// A stretch of the scanned text.
+struct ScanRange {
+    ScanPosition start, end;
+};
+
 /// One logical line (or field) under check: where its colours go, and what its scanners share.
 class LineCheck {
 public:
@@ -42,7 +47,7 @@ public:
     void colour(Position start, Position end, StyleCategory style);
     /// Lays an error run. Ground that is known to be in error is not laid again, so that runs which all begin
     /// at the same position cost no more than their last.
-    void error(Position start, Position end, ErrorReason reason);
+    void error(Position start, Position end, ErrorReason reason, TextRange word = {});
     /// `spelling` must outlive the line.
     void rewrite(Position start, std::string_view spelling) { rewrites_.push_back({start, spelling}); }
 
@@ -103,12 +108,15 @@ public:
         line.colour(inDocument(from), inDocument(std::min(to, end())), style);
     }
     void colourAt(ScanPosition i, StyleCategory style) { colour(i, i + 1, style); }
-    /// Lays an error run on [from, to), nothing of it behind the end of this text.
-    void error(ScanPosition from, ScanPosition to, ErrorReason reason) {
-        line.error(inDocument(from), inDocument(std::min(to, end())), reason);
+    /// Lays an error run on [from, to), nothing of it behind the end of this text. `word` is what the reason
+    /// speaks of, blanks around it left out.
+    void error(ScanPosition from, ScanPosition to, ErrorReason reason, ScanRange word = {}) {
+        line.error(inDocument(from), inDocument(std::min(to, end())), reason, trimmed(word));
     }
     /// Puts all of the text in error.
-    void wholeError(ErrorReason reason) { error(kFirst, end(), reason); }
+    void wholeError(ErrorReason reason, ScanRange word = {}) { error(kFirst, end(), reason, word); }
+    /// What stands in front of `end` up to the comma or parenthesis before it.
+    ScanRange wordBefore(ScanPosition end) const;
     /// `spelling` must outlive the line.
     void rewrite(ScanPosition from, std::string_view spelling) { line.rewrite(inDocument(from), spelling); }
 
@@ -124,6 +132,9 @@ public:
     Tag CurrentTag = Tag::None;
 
 private:
+    /// In the document; empty where there is nothing but blanks.
+    TextRange trimmed(ScanRange word) const;
+
     const Position lineStart_;
     std::optional<ScanPosition> firstGives_;
 };
@@ -145,9 +156,10 @@ inline void endWord(Scan& scan, ScanPosition i, WordBuffer& word) {
 bool prefixTest(Scan& scan, ScanPosition i, WordBuffer& word);
 
 /// Colours an error run from `errorStart` to the terminator, `)` or `,`, that closes what is open at
-/// `position`; pops the function stack; returns where the terminator stands, or the end.
+/// `position`; pops the function stack; returns where the terminator stands, or the end. A `word` ends there
+/// at the latest.
 ScanPosition MarkErrorRun(Scan& scan, ScanPosition position, ScanPosition errorStart, char terminator,
-                          ErrorReason reason);
+                          ErrorReason reason, ScanRange word = {});
 
 /// Where the error of a tag begins whose value begins at `valueStart`: at the first character of its word.
 inline ScanPosition tagErrorStart(const Scan& scan, ScanPosition valueStart) {

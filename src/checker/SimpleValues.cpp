@@ -49,6 +49,14 @@ bool isPartOfRounding(std::string_view value) {
     return false;
 }
 
+// The value of which `position` is the first character that is examined; there may be one in front of it.
+ScanRange valueFrom(const Scan& scan, ScanPosition position) {
+    constexpr std::string_view kInFrontOfValues = " ,(";
+    const bool isFirst =
+        position == kFirst || kInFrontOfValues.find(scan.at(position - 1)) != std::string_view::npos;
+    return {isFirst ? position : position - 1, scan.end()};
+}
+
 }  // namespace
 
 ScanPosition CheckFreeText(Scan& scan, ScanPosition position) {
@@ -70,7 +78,7 @@ ScanPosition CheckCost(Scan& scan, ScanPosition position, char terminator) {
     if (!scan.isInside(i)) return scan.end();
     if (scan.at(i) == terminator) return terminator == ')' ? closeTag(scan, i) : i;
     const auto errorStart = terminator == ')' ? tagErrorStart(scan, position) : position - 1;
-    return MarkErrorRun(scan, i, errorStart, terminator, ErrorReason::BadCost);
+    return MarkErrorRun(scan, i, errorStart, terminator, ErrorReason::BadCost, valueFrom(scan, position));
 }
 
 ScanPosition CheckModValue(Scan& scan, ScanPosition position) {
@@ -78,7 +86,7 @@ ScanPosition CheckModValue(Scan& scan, ScanPosition position) {
     scan.CurrentTag = Tag::None;
     if (!scan.isInside(i)) return scan.end();
     if (scan.at(i) == ',') return i;
-    return MarkErrorRun(scan, i, position, ',', ErrorReason::BadModValue);
+    return MarkErrorRun(scan, i, position, ',', ErrorReason::BadModValue, valueFrom(scan, position));
 }
 
 ScanPosition CheckArithmetic(Scan& scan, ScanPosition position) {
@@ -99,7 +107,7 @@ ScanPosition CheckArithmetic(Scan& scan, ScanPosition position) {
                 break;
             default:
                 return MarkErrorRun(scan, i, tagErrorStart(scan, position), ')',
-                                    ErrorReason::ArithmeticSeparator);
+                                    ErrorReason::ArithmeticSeparator, {i, i + 1});
         }
     }
 }
@@ -109,7 +117,8 @@ ScanPosition CheckYesNo(Scan& scan, ScanPosition position) {
     const auto value = scan.between(position, close);
     const int word = kYesNo.find(value);
     if (word < 0)
-        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadYesNo);
+        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadYesNo,
+                            {position, close});
     scan.recognise(close, value, kYesNo[word], StyleCategory::Keywords);
     return closeTag(scan, close);
 }
@@ -117,7 +126,8 @@ ScanPosition CheckYesNo(Scan& scan, ScanPosition position) {
 ScanPosition CheckStep(Scan& scan, ScanPosition position) {
     const auto close = scan.find(')', position);
     if (!isNumber(scan.between(position, close)))
-        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadStep);
+        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadStep,
+                            {position, close});
     return closeTag(scan, close);
 }
 
@@ -127,7 +137,8 @@ ScanPosition CheckRounding(Scan& scan, ScanPosition position) {
     const int part = kRoundingParts.find(value);
     const bool isNo = scan.state.section() == Section::Stats && equalIgnoringAsciiCase(value, "No");
     if (!isPartOfRounding(value) && part < 0 && !isNo)
-        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadRounding);
+        return MarkErrorRun(scan, position, tagErrorStart(scan, position), ')', ErrorReason::BadRounding,
+                            {position, close});
     const bool isRewritten = part >= 0 && !isPartOfRounding(value);
     scan.recognise(close, value, isRewritten ? kRoundingParts[part] : value, StyleCategory::Keywords);
     return closeTag(scan, close);
@@ -139,7 +150,7 @@ ScanPosition CheckSkillType(Scan& scan, ScanPosition position, char terminator) 
     const int type = kSkillTypes.find(value);
     if (type < 0)
         return MarkErrorRun(scan, position, tagErrorStart(scan, position), terminator,
-                            ErrorReason::BadSkillType);
+                            ErrorReason::BadSkillType, {position, end});
     scan.recognise(end, value, kSkillTypes[type], StyleCategory::Keywords);
     return terminator == ')' ? closeTag(scan, end) : end;
 }

@@ -75,10 +75,14 @@ struct ValueWalk {
     }
 
     /// Ends the scanner in an error from the tag word to the closing parenthesis.
-    bool fail(ErrorReason reason) { return failFrom(tagErrorStart(scan, start), reason); }
-    bool failFrom(ScanPosition errorStart, ErrorReason reason) {
-        return ends(MarkErrorRun(scan, i, errorStart, ')', reason));
+    bool fail(ErrorReason reason, ScanRange named = {}) {
+        return failFrom(tagErrorStart(scan, start), reason, named);
     }
+    bool failFrom(ScanPosition errorStart, ErrorReason reason, ScanRange named = {}) {
+        return ends(MarkErrorRun(scan, i, errorStart, ')', reason, named));
+    }
+    /// The same for the character here.
+    bool failAtCharacter(ErrorReason reason) { return fail(reason, {i, i + 1}); }
     bool ends(ScanPosition at) {
         result = at;
         return true;

@@ -78,6 +78,8 @@ BrokenLineCheck::Outcome BrokenLineCheck::check(std::string text) {
     state.SetCurrentSection(sectionName(section_));
     Outcome outcome;
     CheckDocument(styled, state, nullptr, &outcome.errors);
+    // The runs and their reasons count; a word of theirs may end at a break.
+    for (auto& run : outcome.errors) run.word = {};
     outcome.text = styled.takeText();
     outcome.styles = styled.takeStyles();
     outcome.stack = state.functionStack;

@@ -88,8 +88,63 @@ TEST(Pass, NamesItsErrors) {
     CheckerState state;
     ErrorRuns errors;
     checkedDocument("[ads]\na, 5, gives(+1), up(2)", state, &errors);
-    const ErrorRuns wanted = {{13, 22, ErrorReason::GivesNoTarget}, {7, 29, ErrorReason::TagOfOtherSection}};
+    const ErrorRuns wanted = {{13, 22, ErrorReason::GivesNoTarget},
+                              {7, 29, ErrorReason::TagOfOtherSection, {24, 27}}};
     EXPECT_EQ(errors, wanted);
+}
+
+TEST(Pass, NamesTheWordsThatItsErrorsSpeakOf) {
+    const std::tuple<std::string, const char*, const char*> rows[] = {
+        {"[SKILS]", "", "no section has this name, or the header is not alone on its line: [SKILS]"},
+        {"[ADS]", "a, 5, nots(x)", "no such tag: nots("},
+        {"[ADS]", "a, 5, page(1), no ts(x)", "no such tag: no ts("},
+        {"[ADS]", "a, 5, page(1) _\n\tn\u00f6ts(x)", "no such tag: n\u00f6ts("},
+        {"[ADS]", "a, 5, (x)", "no such tag: ("},
+        {"[ADS]", "a, 5, page(1), up(2)", "no such tag in this section: up("},
+        {"[STATS]", "a, b c, d", "only tags may follow the name in this section: b c"},
+        {"[ADS]", "a, five", "not a cost: five"},
+        {"[ADS]", "a, five, page(1)", "not a cost: five"},
+        {"[STATS]", "a, up(a b)", "not a cost: a b"},
+        {"[MODS]", "a,x%", "not the value of a modifier: x%"},
+        {"[SKILLS]", "a, P/X", "not a skill type: P/X"},
+        {"[STATS]", "a, display(maybe)", "neither Yes nor No: maybe"},
+        {"[STATS]", "a, step(x)", "the step is not a number: x"},
+        {"[MODS]", "a, 1, round(q)", "not a rounding: q"},
+        {"[STATS]", "a, minscore(1|2)", "no comma or bar may stand in this value: |"},
+        {"[STATS]", "a, basevalue(1<2)", "a character that no expression may hold: <"},
+        {"[STATS]", "a, basevalue(1 + XX:b)", "no such prefix tag here: XX:"},
+        {"[SKILLS]", "a, P/A, default(a{b)", "a character that no default may hold: {"},
+        {"[ADS]", "a, 5, needs(2.5 AD:b)", "the number of things needed is not a whole number: 2.5"},
+        {"[ADS]", "a, 5, needs(a[b)", "no bracket or brace may stand in a condition: ["},
+        {"[ADS]", "a, 5, gives(+1 To a=b)", "a character that no target of a bonus may hold: ="},
+        {"[ADS]", "a, 5, gives(+@FOO(1) To ST)", "no such @function: @FOO("},
+        {"[ADS]", "a, 5, gives(+@INT(@FOO) To ST)", "no such @function: @FOO"},
+        {"[ADS]", "a, 5, gives(+@INT(1, 2) To ST)", "the @function takes one argument: @INT("},
+        {"[ADS]", "a, 5, gives(+@MAX(@INT(1)) To ST)", "the @function takes two arguments: @MAX("},
+        {"[ADS]", "a, 5, gives(+1 To Other)", "this keyword is for needs only: Other"},
+        {"[BONUS]", "+x SK:a", "the amount of a bonus line is not a number: +x"},
+        {"[GROUPS]", "XX:a", "no such prefix tag here: XX:"},
+        {"[PACKAGES]", "ADDD=x", "no such package word: ADDD="},
+        {"[PACKAGES]", "ADD=XX:b", "ADD= takes no such item: XX:"},
+        {"[PACKAGES]", "ADD=b c", "ADD= takes no such item: b"},
+        {"[PACKAGES]", "ADD=ST .AT. 5x", "the value of an attribute is not a number: 5x"},
+        {"[PACKAGES]", "ADD=SK:a .AT. high", "the level is not a number: high"},
+        {"[ADS]", "a, 5, page(1", "parentheses do not match"},
+    };
+    for (const auto& [section, line, wanted] : rows) {
+        CheckerState state;
+        ErrorRuns errors;
+        const auto text = withCrLf(section + "\n" + line);
+        StyledText styled(text);
+        CheckDocument(styled, state, nullptr, &errors);
+        std::string all;
+        for (const auto& run : errors) {
+            const auto word = text.substr(static_cast<size_t>(run.word.start),
+                                          static_cast<size_t>(run.word.end - run.word.start));
+            all.append(reasonText(run.reason, word)).append("\n");
+        }
+        EXPECT_EQ(all, std::string(wanted) + "\n") << line;
+    }
 }
 
 TEST(Pass, CountsParenthesesOfAnyNumber) {
