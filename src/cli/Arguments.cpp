@@ -13,7 +13,8 @@ namespace {
 template <typename Value, size_t count>
 using Choices = std::array<std::pair<std::string_view, Value>, count>;
 
-constexpr Choices<ReportFormat, 4> kFormats = {{
+constexpr Choices<ReportFormat, 5> kFormats = {{
+    {"full", ReportFormat::Full},
     {"text", ReportFormat::Text},
     {"json", ReportFormat::Json},
     {"sarif", ReportFormat::Sarif},
@@ -25,9 +26,9 @@ constexpr Choices<ColourChoice, 3> kColours = {{
     {"never", ColourChoice::Never},
 }};
 
-template <typename Value, size_t count>
+template <typename Value, size_t count, typename Chosen>
 void addChoice(CLI::App& app, const char* name, const char* help, const Choices<Value, count>& choices,
-               Value& chosen) {
+               Chosen& chosen) {
     std::vector<std::string> names;
     for (const auto& choice : choices) names.emplace_back(choice.first);
     const auto choose = [&choices, &chosen](const std::string& text) {
@@ -82,7 +83,7 @@ public:
         } catch (const CLI::CallForVersion& version) {
             return Answer{std::string(version.what()) + "\n"};
         } catch (const CLI::ParseError& error) {
-            return BadArguments{error.what()};
+            return BadArguments{unknownArgument().value_or(error.what())};
         }
         if (format_->parsed()) return formatArguments();
         if (merge_->parsed())
@@ -91,25 +92,46 @@ public:
     }
 
 private:
+    // The library complains first of what lacks, which a mistyped word may have caused.
+    std::optional<std::string> unknownArgument() const {
+        const auto left = app_.remaining(true);
+        if (left.empty()) return std::nullopt;
+        const auto first = unguarded(left.front());
+        if (first.size() > 1 && first.starts_with('-'))
+            return "No such option: " + first.substr(0, first.find('='));
+        return "No such command: " + first;
+    }
+
     void describeCheck() {
         check_ = app_.add_subcommand("check", "Find the errors in data files");
         check_->fallthrough();
-        addChoice(*check_, "--format", "What to write: text, json, sarif, runs", kFormats,
-                  checkArguments_.format);
+        addChoice(*check_, "--format",
+                  "What to write: full (with the lines; on a terminal the default), text (else the default), "
+                  "json, sarif, runs",
+                  kFormats, checkArguments_.format);
         check_->add_flag("-q,--quiet", checkArguments_.quiet, "Write no findings, only give the exit status");
-        auto* preview = check_->add_option("--preview", preview_, "Check each FILE as a preview box does")
-                            ->type_name("SECTION");
-        field_ = check_->add_option("--field", tag_, "Check TEXT as the value of TAG, as a field does")
-                     ->type_name("TAG")
-                     ->excludes(preview);
-        check_->add_option("--section", section_, "The section that the field belongs to")
-            ->type_name("SECTION")
-            ->needs(field_);
-        check_->add_flag("--pass-has-run", passHasRun_, "Check the field as after a pass over a document")
-            ->needs(field_);
+        describeTesting();
         check_->add_option("FILE", files_, "Data files; with --field the one TEXT")
             ->type_name("")
             ->required();
+    }
+
+    void describeTesting() {
+        constexpr const char* kGroup = "For testing";
+        auto* preview = check_->add_option("--preview", preview_, "Check each FILE as a preview box does")
+                            ->type_name("SECTION")
+                            ->group(kGroup);
+        field_ = check_->add_option("--field", tag_, "Check TEXT as the value of TAG, as a field does")
+                     ->type_name("TAG")
+                     ->excludes(preview)
+                     ->group(kGroup);
+        check_->add_option("--section", section_, "The section that the field belongs to")
+            ->type_name("SECTION")
+            ->needs(field_)
+            ->group(kGroup);
+        check_->add_flag("--pass-has-run", passHasRun_, "Check the field as after a pass over a document")
+            ->needs(field_)
+            ->group(kGroup);
     }
 
     void describeFormat() {

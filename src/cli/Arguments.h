@@ -7,7 +7,7 @@
 
 namespace klt {
 
-enum class ReportFormat { Text, Json, Sarif, Runs };
+enum class ReportFormat { Text, Full, Json, Sarif, Runs };
 enum class ColourChoice { Auto, Always, Never };
 
 /// `klt check`: files, each as a whole document or, with `preview`, as the text of a preview box in that
@@ -26,7 +26,8 @@ struct CheckOneField {
 };
 
 struct CheckArguments {
-    ReportFormat format = ReportFormat::Text;
+    /// Where none is asked for: `Full` on a terminal, else `Text`.
+    std::optional<ReportFormat> format;
     ColourChoice colour = ColourChoice::Auto;
     bool quiet = false;
     std::variant<CheckFiles, CheckOneField> subject;

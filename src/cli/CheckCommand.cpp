@@ -38,12 +38,13 @@ public:
 
     void run(const CheckOneField& subject) {
         StyledText field(decode(subject.text).text);
+        const auto source = sourceOf(field);
         CheckerState state;
         state.SetCurrentSection(headerOf(subject.section));
         if (subject.passHasRun) state.functionStack.reset();
         ErrorRuns errors;
         CheckField(field, state, withParenthesis(subject.tag), &errors);
-        add({"field", field, std::move(errors), true});
+        add({"field", field, std::move(errors), source, true});
         report_->end();
     }
 
@@ -52,6 +53,7 @@ private:
         auto file = session_.read(path);
         if (file.error) return file.error;
         StyledText text(decode(std::move(file.bytes)).text);
+        const auto source = sourceOf(text);
         CheckerState state;
         ErrorRuns errors;
         if (preview) {
@@ -61,8 +63,13 @@ private:
         } else {
             CheckDocument(text, state, nullptr, &errors);
         }
-        add({shownName(path), text, std::move(errors)});
+        add({shownName(path), text, std::move(errors), source});
         return {};
+    }
+
+    // A check puts the case of words right.
+    std::string sourceOf(const StyledText& text) const {
+        return report_->showsSource() ? std::string(text.text()) : std::string();
     }
 
     void add(Checked checked) {

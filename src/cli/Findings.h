@@ -19,7 +19,16 @@ struct Finding {
     LineColumn start;
     LineColumn end;
     ErrorReason reason{};
-    bool operator==(const Finding&) const = default;
+    /// The run and the word that the reason speaks of, in whole characters, and the offset at which the line
+    /// begins in which the run starts.
+    TextRange run;
+    TextRange word;
+    size_t lineStart = 0;
+
+    /// `text` must be the one that the finding is of.
+    std::string_view wordIn(std::string_view text) const {
+        return text.substr(static_cast<size_t>(word.start), static_cast<size_t>(word.end - word.start));
+    }
 };
 
 /// The findings of a pass in the order of the text. A run that was laid twice for the same reason is one.

@@ -1,6 +1,7 @@
 #include "cli/Output.h"
 
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -29,6 +30,11 @@ void Output::flush() {
 
 bool Output::isTerminal() const {
     return isatty(descriptor_) == 1;
+}
+
+size_t Output::columns() const {
+    winsize size{};
+    return ioctl(descriptor_, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 void Output::send(std::string_view bytes) {

@@ -17,6 +17,8 @@ public:
     /// The error number of the first write that failed; 0 where all went well.
     int error() const { return error_; }
     bool isTerminal() const;
+    /// The width of the terminal; 0 where it is none, or does not know.
+    size_t columns() const;
 
 private:
     void send(std::string_view bytes);

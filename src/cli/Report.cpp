@@ -1,6 +1,9 @@
 #include "cli/Report.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstdlib>
+#include <string_view>
 
 namespace klt {
 
@@ -22,11 +25,25 @@ bool wantsColour(ColourChoice choice, const Output& out) {
     return choice == ColourChoice::Always;
 }
 
+// By the custom of terminals COLUMNS tells the width where nothing else does.
+size_t widthOf(const Output& out) {
+    constexpr size_t kUsual = 80, kLeast = 24, kMost = 1000;
+    auto width = out.columns();
+    if (width == 0 && hasValue("COLUMNS")) {
+        const std::string_view told = std::getenv("COLUMNS");
+        std::from_chars(told.data(), told.data() + told.size(), width);
+    }
+    return width == 0 ? kUsual : std::clamp(width, kLeast, kMost);
+}
+
 }  // namespace
 
 std::unique_ptr<Report> makeReport(const CheckArguments& arguments, Output& out) {
     if (arguments.quiet) return std::make_unique<QuietReport>();
-    switch (arguments.format) {
+    const bool coloured = wantsColour(arguments.colour, out);
+    switch (arguments.format.value_or(out.isTerminal() ? ReportFormat::Full : ReportFormat::Text)) {
+        case ReportFormat::Full:
+            return makeFullReport(out, coloured, widthOf(out));
         case ReportFormat::Json:
             return makeJsonReport(out);
         case ReportFormat::Sarif:
@@ -36,7 +53,7 @@ std::unique_ptr<Report> makeReport(const CheckArguments& arguments, Output& out)
         case ReportFormat::Text:
             break;
     }
-    return makeTextReport(out, wantsColour(arguments.colour, out));
+    return makeTextReport(out, coloured);
 }
 
 }  // namespace klt

@@ -44,6 +44,7 @@ TEST(Arguments, WhatIsAskedFor) {
         {{"check", "check", "format"}, "|check|format"},
         {{"check", "[a,b]", "[]", "[c"}, "|[a,b]|[]|[c"},
         {{"check", "--format", "runs", "--preview", "[ADS]", "a"}, "|a as [ADS]"},
+        {{"check", "--format=full", "a"}, "|a"},
         {{"check", "--preview=[SKILLS]", "a"}, "|a as [SKILLS]"},
         {{"check", "--preview", "", "a"}, "|a as "},
         {{"check", "--field", "cost(", "--", "--pass-has-run"}, "cost(--pass-has-run|"},
@@ -79,6 +80,35 @@ TEST(Arguments, WhatMakesNoSense) {
         std::istringstream words(line);
         EXPECT_EQ(parsed({std::istream_iterator<std::string>(words), {}}), "bad") << line;
     }
+}
+
+TEST(Arguments, WhatIsUnknownIsNamed) {
+    const std::pair<Words, const char*> rows[] = {
+        {{"chek", "a.klt"}, "No such command: chek"},
+        {{"[chek"}, "No such command: [chek"},
+        {{"-"}, "No such command: -"},
+        {{"--foo"}, "No such option: --foo"},
+        {{"check", "--forma", "xml", "a"}, "No such option: --forma"},
+        {{"check", "--forma=xml"}, "No such option: --forma"},
+        {{"check", "a", "-x"}, "No such option: -x"},
+        {{"format", "--chek", "a"}, "No such option: --chek"},
+        {{"merge", "-z", "a"}, "No such option: -z"},
+    };
+    for (const auto& [words, wanted] : rows) {
+        const auto bad = parseArguments(words);
+        ASSERT_TRUE(std::holds_alternative<BadArguments>(bad)) << joined(words);
+        EXPECT_EQ(std::get<BadArguments>(bad).reason, wanted) << joined(words);
+    }
+}
+
+TEST(Arguments, OptionsForTestingStandApart) {
+    const auto help = parsed({"check", "--help"});
+    const auto apart = help.find("\nFor testing:\n");
+    ASSERT_NE(apart, std::string::npos) << help;
+    for (const char* option : {"--preview", "--field", "--section", "--pass-has-run"})
+        EXPECT_GT(help.find(std::string("\n  ") + option), apart) << option << help;
+    for (const char* option : {"--format", "-q,--quiet"})
+        EXPECT_LT(help.find(std::string("\n  ") + option), apart) << option << help;
 }
 
 }  // namespace

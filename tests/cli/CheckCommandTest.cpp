@@ -29,15 +29,15 @@ protected:
 
 TEST_F(CheckCommand, InputsOutputsAndStatus) {
     const std::string faults =
-        "faulty.klt:2:1: error: no such tag\n"
-        "faulty.klt:3:23: error: this keyword is for needs only\n";
+        "faulty.klt:2:1: error: no such tag: bonus(\n"
+        "faulty.klt:3:23: error: this keyword is for needs only: Other\n";
     const std::string notClosed = " the subsection header does not end in >\n";
     const std::tuple<Words, std::string, Ran> rows[] = {
         {{"clean.klt"}, "", {0, "", ""}},
         {{"empty.klt"}, "", {0, "", ""}},
         {{"faulty.klt"}, "", {1, faults, ""}},
         {{"clean.klt", "faulty.klt", "clean.klt"}, "", {1, faults, ""}},
-        {{"latin.klt"}, "", {1, "latin.klt:2:23: error: this keyword is for needs only\n", ""}},
+        {{"latin.klt"}, "", {1, "latin.klt:2:23: error: this keyword is for needs only: Other\n", ""}},
         {{home_ / "ONE.KLT"}, "", {1, home_ / "one.klt:1:1: error:" + notClosed, ""}},
         {{"--quiet", "faulty.klt"}, "", {1, "", ""}},
         {{"faulty.klt", "--format=sarif", "-q"}, "", {1, "", ""}},
@@ -51,12 +51,45 @@ TEST_F(CheckCommand, InputsOutputsAndStatus) {
          {1, "\x1b[1m<stdin>:1:1:\x1b[0m \x1b[1;31merror:\x1b[0m" + notClosed, ""}},
         // Each file begins without a section.
         {{"section.klt", "item.klt"}, "", {0, "", ""}},
-        {{"-"}, "[ADS]\r\nRaft, 5\nRaft, x", {1, "<stdin>:3:6: error: not a cost\n", ""}},
+        {{"-"}, "[ADS]\r\nRaft, 5\nRaft, x", {1, "<stdin>:3:6: error: not a cost: x\n", ""}},
     };
     for (const auto& [words, input, ran] : rows) {
         auto arguments = words;
         arguments.insert(arguments.begin(), "check");
         EXPECT_EQ(runKlt(arguments, input), ran) << testing::PrintToString(words);
+    }
+}
+
+TEST_F(CheckCommand, FullShowsTheLines) {
+    const ScopedVariable width("COLUMNS", "30");
+    const std::tuple<Words, std::string, std::string> rows[] = {
+        {{"clean.klt"}, "", ""},
+        {{"latin.klt"},
+         "",
+         "latin.klt:2:23: error: this keyword is for needs only: Other\n"
+         "\u00c9tude, 5, gives(+1 To Other)\n"
+         "                      ^~~~~\n"},
+        // The file's own case, which a check puts right. The caret is below the word that is named.
+        {{"-"},
+         "[ads]\nKeen Ear, 5, GIVES(+1 TO ST), Nots(x)\n",
+         "<stdin>:2:1: error: no such tag: Nots(\n"
+         "..., GIVES(+1 TO ST), Nots(x)\n"
+         "   ~~~~~~~~~~~~~~~~~~~^~~~~~~\n"},
+        // A run over several lines.
+        {{"-"},
+         "[ADS]\nKeen Ear, 5,\n nots(x)\n",
+         "<stdin>:2:1: error: no such tag: nots(\nKeen Ear, 5,\n^~~~~~~~~~~~\n"},
+        {{"--color", "always", "-"},
+         "a\n<b",
+         "\x1b[1m<stdin>:2:1:\x1b[0m \x1b[1;31merror:\x1b[0m the subsection header does not end in >\n"
+         "<b\n\x1b[1;31m^~\x1b[0m\n"},
+        {{"--field", "cost(", "1x"}, "", "field:1:1: error: not a cost: 1x\n1x\n^~\n"},
+    };
+    for (const auto& [words, input, out] : rows) {
+        Words arguments = {"check", "--format", "full"};
+        arguments.insert(arguments.end(), words.begin(), words.end());
+        EXPECT_EQ(runKlt(arguments, input), (Ran{out.empty() ? 0 : 1, out, ""}))
+            << testing::PrintToString(words);
     }
 }
 

@@ -1,6 +1,8 @@
 // The real program, through a shell: what only a process of its own can show.
 
+#include <pty.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include "support/RunKlt.h"
 
@@ -31,7 +33,7 @@ protected:
 
 TEST_F(Program, StatusAndStreams) {
     constexpr const char* kFault =
-        "faulty.klt:1:1: error: no section has this name, or the header is not alone on its line\n";
+        "faulty.klt:1:1: error: no section has this name, or the header is not alone on its line: [XYZ\n";
     constexpr const char* kNotClosed = "many.klt:1:1: error: the subsection header does not end in >\n";
     constexpr const char* kFull = "klt: standard output: No space left on device\n";
     const std::pair<const char*, Ran> rows[] = {
@@ -55,20 +57,47 @@ TEST_F(Program, StatusAndStreams) {
     for (const auto& [line, ran] : rows) EXPECT_EQ(shell(line), ran) << line;
 }
 
-TEST_F(Program, ColoursOnATerminalOnly) {
-    // The program script(1) gives its command a terminal.
-    const std::tuple<std::string, std::string, bool> rows[] = {
-        {"NO_COLOR=", "", true},
-        {"NO_COLOR=1", "", false},
-        {"NO_COLOR=1", "--color always", true},
-        {"NO_COLOR=", "--color=never", false},
-    };
-    for (const auto& [variable, option, isColoured] : rows) {
-        const auto ran = shell("env " + variable + " script -qec \"'" KLT_BIN "/klt' " + option +
-                               " check faulty.klt\" /dev/null");
-        EXPECT_EQ(ran.status, 1) << variable << option << ran;
-        EXPECT_EQ(ran.out.find('\x1b') != std::string::npos, isColoured) << variable << option << ran;
+// What a line writes to a terminal of so many columns; its status goes behind it.
+std::string onTerminal(const std::string& line, unsigned short columns) {
+    winsize size{24, columns, 0, 0};
+    int terminal = -1;
+    const auto child = forkpty(&terminal, nullptr, nullptr, &size);
+    if (child == 0) {
+        execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
+        _exit(127);
     }
+    std::string all;
+    char part[4096];
+    for (ssize_t got = 0; (got = read(terminal, part, sizeof part)) > 0;)
+        all.append(part, static_cast<size_t>(got));
+    close(terminal);
+    int status = -1;
+    waitpid(child, &status, 0);
+    std::erase(all, '\r');
+    return all + std::to_string(WEXITSTATUS(status));
+}
+
+TEST_F(Program, ShowsAndColoursOnATerminal) {
+    writeBytes(home_ / "wide.klt", "[ADS]\r\nKeen Ear, 5, page(1), nots(x), page(2), page(3)\r\n");
+    const std::string head = "wide.klt:2:1: error: no such tag: nots(\n";
+    const std::string picture = "...r, 5, page(1), nots(x), page(...\n   ~~~~~~~~~~~~~~~^~~~~~~~~~~~~~\n";
+    const std::tuple<const char*, const char*, std::string> rows[] = {
+        {"NO_COLOR=1", "", head + picture + "1"},
+        {"NO_COLOR=", "--format text",
+         "\x1b[1mwide.klt:2:1:\x1b[0m \x1b[1;31merror:\x1b[0m no such tag: nots(\n1"},
+        {"NO_COLOR=", "--color=never --format text", head + "1"},
+        {"NO_COLOR=1", "--color always -q", "1"},
+        {"NO_COLOR=1", "--format text", head + "1"},
+        {"NO_COLOR=1", "| cat", head + "0"},
+    };
+    for (const auto& [variable, behind, wanted] : rows) {
+        const auto line = "cd '" + home_.folder().path() + "' && " + variable +
+                          " '" KLT_BIN "/klt' check wide.klt " + behind;
+        EXPECT_EQ(onTerminal(line, 36), wanted) << line;
+    }
+    const auto coloured =
+        onTerminal("cd '" + home_.folder().path() + "' && NO_COLOR= '" KLT_BIN "/klt' check wide.klt", 36);
+    EXPECT_NE(coloured.find("\n   \x1b[1;31m~~~~"), std::string::npos) << coloured;
 }
 
 }  // namespace
