@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <algorithm>
 #include <utility>
 
 #include "app/commands/Commands.h"
@@ -20,6 +21,20 @@
 #include "ui/MessageBox.h"
 
 namespace klt {
+
+namespace {
+
+// Tells the first of them on top, and of very many only how many there are.
+void tellNotes(NoticeBar& bar, const std::vector<std::string>& notes) {
+    constexpr size_t kMost = 20;
+    const auto told = std::min(notes.size(), kMost);
+    if (told < notes.size())
+        bar.tell(std::to_string(notes.size() - told) +
+                 " more messages of the merge: \"klt merge\" lists all.");
+    for (auto i = told; i-- > 0;) bar.tell(notes[i]);
+}
+
+}  // namespace
 
 Editor::Editor(Store& store, Instances* instances, std::string commandLine)
     : variables(store),
@@ -174,6 +189,7 @@ void Editor::openMerger() {
     if (!form->keptInput().empty())
         window.notices().tell(file + " was merged into itself. What stood there is kept in " +
                               form->keptInput());
+    tellNotes(window.notices(), form->notes());
     const bool isWanted = isMerged && form->loadsFile(), mayCheck = form->checksSyntax();
     delete form;
     if (!isWanted) return;

@@ -19,6 +19,11 @@ std::string formatted(std::string text) {
     return styled.takeText();
 }
 
+void tellIfRecoded(Session& session, const std::string& path, Encoding before, Encoding now) {
+    if (before == Encoding::Any || before == now) return;
+    session.complain(shownName(path), encodingChange(before, now));
+}
+
 Failure formatFile(Session& session, const std::string& path, Goal goal) {
     if (goal == Goal::InPlace && path == kStandardInput) return "It can't be written in place";
     auto file = session.read(path);
@@ -30,10 +35,15 @@ Failure formatFile(Session& session, const std::string& path, Goal goal) {
     const auto encoded = encode(text, decoded.encoding);
     if (goal == Goal::Print) {
         session.out().write(encoded.bytes());
+        tellIfRecoded(session, path, decoded.encoding, encoded.encoding());
         return {};
     }
     if (encoded.bytes() == before) return {};
-    if (goal == Goal::InPlace) return writeFile(path, encoded.bytes());
+    if (goal == Goal::InPlace) {
+        auto failure = writeFile(path, encoded.bytes());
+        if (!failure) tellIfRecoded(session, path, decoded.encoding, encoded.encoding());
+        return failure;
+    }
     session.complain(shownName(path), "would be changed");
     session.note(ExitStatus::Found);
     return {};

@@ -7,20 +7,22 @@
 namespace klt {
 
 void runMerge(Session& session, const MergeArguments& arguments) {
-    std::vector<std::string> texts, paths;
+    std::vector<MergeInput> inputs;
     session.forEachFile(arguments.files, [&](const std::string& path) -> Failure {
         auto file = session.read(path);
         if (file.error) return file.error;
-        paths.push_back(path);
-        texts.push_back(decode(std::move(file.bytes)).text);
+        auto decoded = decode(std::move(file.bytes));
+        inputs.push_back({path, std::string(shownName(path)), std::move(decoded.text), decoded.encoding});
         return {};
     });
-    if (texts.size() < arguments.files.size()) return;
+    if (inputs.size() < arguments.files.size()) return;
     const auto output = fromDrivePath(arguments.output, winePrefix());
-    for (const auto& [path, reason] : writeMerged(output, std::move(texts), paths).failures) {
+    const auto result = writeMerged(output, std::move(inputs));
+    for (const auto& [path, reason] : result.failures) {
         session.complain(path, reason);
         session.note(ExitStatus::Failed);
     }
+    for (const auto& note : result.notes) session.complain(note);
 }
 
 }  // namespace klt

@@ -231,6 +231,22 @@ Encoded encodeAsIs(std::string_view text, Encoding encoding) {
     return asUtf8(text, encoding == Encoding::Utf8Bom);
 }
 
+std::string_view encodingName(Encoding encoding) {
+    static constexpr std::array<std::string_view, 8> kNames = {
+        "ASCII",    "Windows-1252", "UTF-8",    "UTF-8 with a byte order mark",
+        "UTF-16LE", "UTF-16BE",     "UTF-32LE", "UTF-32BE",
+    };
+    static_assert(kNames.size() == static_cast<size_t>(Encoding::Utf32BE) + 1);
+    return kNames[static_cast<size_t>(encoding)];
+}
+
+std::string encodingChange(Encoding before, Encoding now) {
+    return std::string("the encoding changes from ")
+        .append(encodingName(before))
+        .append(" to ")
+        .append(encodingName(now));
+}
+
 Encoded encode(std::string_view text, Encoding encoding) {
     if (hasOnlyCrLf(text)) return encodeAsIs(text, encoding);
     const auto whole = withCrLf(text);

@@ -9,6 +9,11 @@ namespace klt {
 /// How a file's bytes stand for text. `Any` is ASCII alone, or a new document: nothing is decided yet.
 enum class Encoding { Any, Windows1252, Utf8, Utf8Bom, Utf16LE, Utf16BE, Utf32LE, Utf32BE };
 
+/// Its name for a person; ASCII alone, which every encoding could be, is "ASCII".
+std::string_view encodingName(Encoding encoding);
+/// What a person is told where it is not what it was.
+std::string encodingChange(Encoding before, Encoding now);
+
 /// The largest file, and the longest text, in bytes: text boxes count in int.
 inline constexpr size_t kLargestFile = (size_t{1} << 31) - 1;
 

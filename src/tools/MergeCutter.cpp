@@ -16,7 +16,11 @@ constexpr std::string_view kLineEnd = "\r\n";
 void MergeCutter::cut(std::string_view text) {
     document_.beginText();
     section_ = Section::Other;
+    text_ = text;
+    countedTo_ = 0;
+    lineNumber_ = 1;
     for (size_t start = 0; start < text.size();) {
+        lineStart_ = start;
         const auto end = lineEnd(text, start);
         const auto first = text.substr(start, end - start);
         const auto kind = classifyLine(first, section_);
@@ -27,6 +31,7 @@ void MergeCutter::cut(std::string_view text) {
         start = next;
     }
     endSection();
+    ++textIndex_;
 }
 
 // The text's last line with the line end that it lacks, and with the empty line that keeps what will come
@@ -86,8 +91,17 @@ void MergeCutter::item(std::string_view item) {
 
 // A line that is no right header has no equal: it stands where it stood.
 void MergeCutter::fixed(std::string_view line) {
+    if (unknown_ != nullptr) noteUnknown(line);
     if (isOpen_) return item(line);
     document_.addLines(unit(line).lines, zone());
+}
+
+void MergeCutter::noteUnknown(std::string_view line) {
+    const auto passed = text_.substr(countedTo_, lineStart_ - countedTo_);
+    lineNumber_ += static_cast<size_t>(std::count(passed.begin(), passed.end(), '\n'));
+    countedTo_ = lineStart_;
+    const auto heading = trimBlanks(line.substr(0, line.size() - kLineEnd.size()));
+    unknown_->push_back({textIndex_, lineNumber_, std::string(heading)});
 }
 
 void MergeCutter::open() {

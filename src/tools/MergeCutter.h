@@ -7,6 +7,7 @@
 #include "language/LogicalLine.h"
 #include "tools/LineRun.h"
 #include "tools/MergedDocument.h"
+#include "tools/UnknownHeading.h"
 
 namespace klt {
 
@@ -14,7 +15,9 @@ namespace klt {
 /// cutter must outlive the document.
 class MergeCutter {
 public:
-    explicit MergeCutter(MergedDocument& document) : document_(document) {}
+    /// `unknown`, where given, takes the lines that begin as headers and are none.
+    explicit MergeCutter(MergedDocument& document, UnknownHeadings* unknown = nullptr)
+        : document_(document), unknown_(unknown) {}
 
     /// All of a text with CR LF line ends, but for its version lines and the comment that belongs to them.
     void cut(std::string_view text);
@@ -27,6 +30,7 @@ private:
     void subsectionHeader(std::string_view header);
     void item(std::string_view item);
     void fixed(std::string_view line);
+    void noteUnknown(std::string_view line);
     void open();
     void close();
     void endSection();
@@ -35,6 +39,10 @@ private:
     Zone zone() const { return section_ == Section::Packages ? Zone::Front : Zone::Rest; }
 
     MergedDocument& document_;
+    UnknownHeadings* unknown_;
+    /// The text that is cut, where its line at work begins, and how far its lines are counted.
+    std::string_view text_;
+    size_t textIndex_ = 0, lineStart_ = 0, countedTo_ = 0, lineNumber_ = 1;
     std::deque<std::string> copies_;
     Section section_ = Section::Other;
     /// Comments and blank lines that wait for what they stand above.

@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "platform/Failure.h"
+#include "text/Encoding.h"
+#include "tools/UnknownHeading.h"
 
 namespace klt {
 
@@ -18,7 +20,18 @@ namespace klt {
 ///   lines stand above what it equals.
 /// - A header that names no section, or does not end, stays as a line. One that holds several sections is a
 ///   section of its own, at the end.
-std::string MergeTexts(const std::vector<std::string>& texts);
+///
+/// `unknown`, where given, takes the headers that stay as lines, in the order of the texts.
+std::string MergeTexts(const std::vector<std::string>& texts, UnknownHeadings* unknown = nullptr);
+
+/// A file that is merged.
+struct MergeInput {
+    std::string path;
+    /// As it is called where something is told of it.
+    std::string name;
+    std::string text;
+    Encoding encoding = Encoding::Any;
+};
 
 struct MergeFailure {
     std::string path;
@@ -29,12 +42,14 @@ struct MergeResult {
     std::vector<MergeFailure> failures;
     /// Where the input is kept whose place the output took; empty where it took none.
     std::string kept;
+    /// What the user may not expect, a line each: headings that stay as lines, with file and line; files
+    /// whose encoding changes as a character of another one asks for UTF-8.
+    std::vector<std::string> notes;
 };
 
-/// Writes the merged texts as a new data file. One of the `files` that they come from is kept beside it
-/// (`KeepBeside.h`).
-[[nodiscard]] MergeResult writeMerged(const std::string& outputName, std::vector<std::string> texts,
-                                      const std::vector<std::string>& files);
+/// Writes the merged texts as a new data file. Where it takes the place of one of the inputs, that is kept
+/// beside it (`KeepBeside.h`).
+[[nodiscard]] MergeResult writeMerged(const std::string& outputName, std::vector<MergeInput> inputs);
 
 /// Reads all `files`, then writes their content as one to `outputName`, which may be one of them. Gives each
 /// file that could not be read, and nothing is written then; or the output, where it could not be written.

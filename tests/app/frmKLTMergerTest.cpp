@@ -211,6 +211,18 @@ TEST_F(MergerTest, AnInputThatIsReplacedIsKept) {
     EXPECT_EQ(readBytes(home / "a.klt~"), old);
 }
 
+TEST_F(MergerTest, AnUnknownHeadingIsTold) {
+    file("b.klt", "[ADS]\r\nx\r\n[SKILS]\r\ny");
+    inMerger([this] {
+        drop({"a.klt", "b.klt"});
+        control<QCheckBox>("chkLoadFile").setChecked(false);
+        press("cmdMerge");
+    });
+    EXPECT_EQ(notice(), home / "b.klt" +
+                            ":3: unknown heading [SKILS] stays where it stood. What other files bring comes "
+                            "behind it, and moves under it once it is corrected.");
+}
+
 TEST_F(MergerTest, AFailureIsToldAndLeavesTheDialogWithItsList) {
     inMerger([this] {
         drop({"a.klt", "b.klt"});

@@ -47,6 +47,20 @@ TEST(FormatCommand, PrintsChecksAndWritesOnlyWhatChanges) {
     }
 }
 
+// Line ends that are mended make what only looked like UTF-16 into it, so that it is written otherwise.
+TEST(FormatCommand, AnEncodingThatChangesIsTold) {
+    const ScratchHome home;
+    const auto file = home / "a.klt";
+    const auto before = "\xFF\xFE[\n]"s, after = "\u00ff\u00fe[\r\n]"s;
+    const auto told = ": the encoding changes from Windows-1252 to UTF-8\n"s;
+    writeBytes(file, before);
+    EXPECT_EQ(runKlt({"format", "-"}, before), (Ran{0, after, "klt: <stdin>" + told}));
+    EXPECT_EQ(runKlt({"format", "--check", file}), (Ran{1, "", "klt: " + file + ": would be changed\n"}));
+    EXPECT_EQ(runKlt({"format", "-i", file}), (Ran{0, "", "klt: " + file + told}));
+    EXPECT_EQ(readBytes(file), after);
+    EXPECT_EQ(runKlt({"format", "-i", file}), (Ran{0, "", ""}));
+}
+
 TEST(FormatCommand, WhatCanNotBeDoneDoesNotStopTheOthers) {
     const ScratchHome home;
     const auto file = home / "a.klt", none = home / "none.klt";

@@ -24,6 +24,20 @@ TEST_F(MergeCommand, WritesTheFilesAsOne) {
     EXPECT_EQ(readBytes(a_ + "~"), "[ADS]\na\n") << "an input is kept";
 }
 
+TEST_F(MergeCommand, TellsOfUnknownHeadingsAndChangedEncodings) {
+    const std::string stays =
+        " stays where it stood. What other files bring comes behind it, and moves under it once it is "
+        "corrected.\n";
+    const std::string b = home_ / "b.klt";
+    writeBytes(a_, "[ADS]\na\n\n [SKILS]\n\xC9\n");
+    EXPECT_EQ(runKlt({"merge", "-o", out_, a_, "-", b}, "[ADS]\n\u0416\n<Sea"),
+              (Ran{0, "",
+                   "klt: " + a_ + ":4: unknown heading [SKILS]" + stays +
+                       "klt: <stdin>:3: unknown heading <Sea" + stays + "klt: " + a_ +
+                       ": the encoding changes from Windows-1252 to UTF-8 in " + out_ + "\n"}));
+    EXPECT_EQ(readBytes(out_), head_ + "a\r\n\r\n [SKILS]\r\n\u00c9\r\n\u0416\r\n<Sea\r\nb\r\n");
+}
+
 TEST_F(MergeCommand, TakesDrivePaths) {
     std::filesystem::create_directories(home_ / "wine/dosdevices");
     std::filesystem::create_directory_symlink(home_.folder().path(), home_ / "wine/dosdevices/k:");

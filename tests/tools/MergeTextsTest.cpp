@@ -69,6 +69,27 @@ TEST(MergeTexts, Rows) {
     }
 }
 
+TEST(MergeTexts, TellsOfUnknownHeadings) {
+    const std::tuple<const char*, std::vector<const char*>, UnknownHeadings> rows[] = {
+        {"none",
+         {"[ads]\n<a>\n[ADS] [DISADS]\n[S\n[AUTHOR]\n<x\n[PACKAGES]\n{P _\n}", "[ADS]\na,\n[FOO]"},
+         {}},
+        {"by text and line",
+         {"p\n[FOO]", "", "* c\n\n[ADS]\na,\nb\n [Foo] \n[FOO]\nc\n<x y"},
+         {{0, 2, "[FOO]"}, {2, 6, "[Foo]"}, {2, 7, "[FOO]"}, {2, 9, "<x y"}}},
+        {"in a block",
+         {"[AUTHOR]\nme\n[SKILS]\n[PACKAGES]\n{P}\n[X]\nADD=1\n<y"},
+         {{0, 3, "[SKILS]"}, {0, 6, "[X]"}, {0, 8, "<y"}}},
+    };
+    for (const auto& [name, texts, wanted] : rows) {
+        std::vector<std::string> inputs;
+        std::transform(texts.begin(), texts.end(), std::back_inserter(inputs), withCrLf);
+        UnknownHeadings unknown;
+        MergeTexts(inputs, &unknown);
+        EXPECT_EQ(unknown, wanted) << name;
+    }
+}
+
 constexpr std::string_view kLines =
     "Version=2\n* The version information above MUST be the first line of the data file\n"
     "\n  \n\t\n* one\n * two\n,\n_\n"

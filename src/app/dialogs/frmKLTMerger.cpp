@@ -208,6 +208,7 @@ void frmKLTMerger::merge() {
     }
     std::string told;
     keptInput_ = result.kept;
+    notes_ = std::move(result.notes);
     for (const auto& [path, reason] : result.failures)
         told.append("\n").append(path).append(": ").append(reason);
     if (told.empty()) return accept();

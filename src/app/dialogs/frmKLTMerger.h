@@ -33,6 +33,8 @@ public:
     bool checksSyntax() const;
     /// Where the input is kept whose place the merged file took; empty where it took none.
     const std::string& keptInput() const { return keptInput_; }
+    /// What the user is to be told of the merge, a line each.
+    const std::vector<std::string>& notes() const { return notes_; }
 
 private:
     void addList(QGridLayout& grid);
@@ -57,6 +59,7 @@ private:
     const std::string folder_;
     std::vector<std::string> files_;
     std::string keptInput_;
+    std::vector<std::string> notes_;
 
     QLabel *Label1, *Label2;
     MergeFileList* vbFilesToMerge;
