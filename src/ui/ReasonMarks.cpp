@@ -13,23 +13,41 @@ namespace {
 using Base = QsciScintillaBase;
 
 constexpr Position kMark = RichTextBox::kReasonMark;
+constexpr Position kWordMark = RichTextBox::kReasonWordMark;
+// Of a run with very many parts the first ones are looked at.
+constexpr int kMost = 100;
 // 0 is what no mark lies on.
 constexpr Position kFirstValue = 1;
 constexpr auto kChangedValue = kFirstValue + static_cast<Position>(kErrorReasonCount);
-
-std::string_view textOf(Position value) {
-    if (value < kFirstValue || value >= kChangedValue) return ReasonMarks::kChanged;
-    return kErrorReasons[static_cast<size_t>(value - kFirstValue)].text;
-}
 
 }  // namespace
 
 ReasonMarks::ReasonMarks(const RichTextBox& box) : box_(box) {
     ask(Base::SCI_INDICSETSTYLE, Base::INDIC_HIDDEN);
+    askWords(Base::SCI_INDICSETSTYLE, Base::INDIC_HIDDEN);
 }
 
 Position ReasonMarks::ask(unsigned message, Position place) const {
     return box_.SendScintilla(message, static_cast<unsigned long>(kMark), static_cast<long>(place));
+}
+
+Position ReasonMarks::askWords(unsigned message, Position place) const {
+    return box_.SendScintilla(message, static_cast<unsigned long>(kWordMark), static_cast<long>(place));
+}
+
+// The reason of a value, with the word in the run that it speaks of.
+std::string ReasonMarks::textOf(Position value, TextRange run) const {
+    if (value < kFirstValue || value >= kChangedValue) return std::string(kChanged);
+    const auto reason = kErrorReasons[static_cast<size_t>(value - kFirstValue)].reason;
+    Position at = run.start;
+    for (int seen = 0; at < run.end && seen < kMost; ++seen) {
+        const Position end = askWords(Base::SCI_INDICATOREND, at);
+        if (end <= at) break;
+        if (askWords(Base::SCI_INDICATORVALUEAT, at) == value)
+            return reasonText(reason, std::string(box_.Slice(at, std::min(end, run.end))));
+        at = end;
+    }
+    return reasonText(reason, {});
 }
 
 Position ReasonMarks::valueAt(Position place) const {
@@ -45,23 +63,25 @@ bool ReasonMarks::isInError(Position place) const {
            box_.StyleAt(place) == static_cast<StyleByte>(StyleCategory::SyntaxError);
 }
 
-void ReasonMarks::fill(TextRange range, Position value) {
-    box_.SendScintilla(Base::SCI_SETINDICATORCURRENT, static_cast<unsigned long>(kMark));
+void ReasonMarks::fill(Position mark, TextRange range, Position value) {
+    box_.SendScintilla(Base::SCI_SETINDICATORCURRENT, static_cast<unsigned long>(mark));
     box_.SendScintilla(Base::SCI_SETINDICATORVALUE, static_cast<unsigned long>(value));
     box_.SendScintilla(Base::SCI_INDICATORFILLRANGE, static_cast<unsigned long>(range.start),
                        static_cast<long>(range.end - range.start));
 }
 
 void ReasonMarks::change(TextRange run) {
-    fill(run, kChangedValue);
+    fill(kMark, run, kChangedValue);
 }
 
 void ReasonMarks::forget(TextRange range) {
     if (range.start >= range.end) return;
     if (range.start == 0 && range.end == box_.Length()) runs_ = 0;
-    box_.SendScintilla(Base::SCI_SETINDICATORCURRENT, static_cast<unsigned long>(kMark));
-    box_.SendScintilla(Base::SCI_INDICATORCLEARRANGE, static_cast<unsigned long>(range.start),
-                       static_cast<long>(range.end - range.start));
+    for (const Position mark : {kMark, kWordMark}) {
+        box_.SendScintilla(Base::SCI_SETINDICATORCURRENT, static_cast<unsigned long>(mark));
+        box_.SendScintilla(Base::SCI_INDICATORCLEARRANGE, static_cast<unsigned long>(range.start),
+                           static_cast<long>(range.end - range.start));
+    }
 }
 
 void ReasonMarks::lay(const ErrorRuns& runs) {
@@ -75,7 +95,10 @@ void ReasonMarks::lay(const ErrorRuns& runs) {
         TextRange range{std::max<Position>(run.start, 0), std::min(run.end, box_.Length())};
         // A style begins in front of a character.
         for (int back = 0; back < 3 && range.start > 0 && goesOn(range.start); ++back) --range.start;
-        if (range.start < range.end) fill(range, kFirstValue + static_cast<Position>(run.reason));
+        const Position value = kFirstValue + static_cast<Position>(run.reason);
+        if (range.start < range.end) fill(kMark, range, value);
+        const TextRange word{run.word.start, std::min(run.word.end, box_.Length())};
+        if (word.start < word.end) fill(kWordMark, word, value);
     }
 }
 
@@ -94,21 +117,21 @@ void ReasonMarks::textDeleted(Position place, Position length) {
     }
 }
 
-std::string_view ReasonMarks::at(Position place) const {
+std::string ReasonMarks::at(Position place) const {
     if (!isInError(place)) return {};
     const Position value = valueAt(place);
-    if (value == 0) return kChanged;
+    if (value == 0) return std::string(kChanged);
     const TextRange run = runAt(place);
-    return lacksReason(run.start - 1) || lacksReason(run.end) ? kChanged : textOf(value);
+    if (lacksReason(run.start - 1) || lacksReason(run.end)) return std::string(kChanged);
+    return textOf(value, run);
 }
 
-std::vector<std::string_view> ReasonMarks::of(TextRange run) const {
-    constexpr int kMost = 100;
-    std::vector<std::string_view> reasons;
+std::vector<std::string> ReasonMarks::of(TextRange run) const {
+    std::vector<std::string> reasons;
     int seen = 0;
     for (Position place = run.start; place < run.end && seen < kMost; ++seen) {
-        const std::string_view reason = at(place);
-        if (reason == kChanged) return {kChanged};
+        const std::string reason = at(place);
+        if (reason == kChanged) return {reason};
         if (reason.empty()) break;
         if (std::ranges::find(reasons, reason) == reasons.end()) reasons.push_back(reason);
         place = runAt(place).end;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,7 +12,8 @@ namespace klt {
 class RichTextBox;
 
 /// Why which text of a box is in error: kept from the check and moved with the edits, in a hidden indicator
-/// whose value is the reason. Each call but `lay` costs the same at any size of the text.
+/// whose value is the reason; in another the words that the reasons speak of have the same value. Each call
+/// but `lay` costs the same at any size of the text.
 class ReasonMarks {
 public:
     /// What is said of a run that was edited, or put in, since.
@@ -30,22 +32,24 @@ public:
     void textDeleted(Position place, Position length);
 
     /// Why the text at `place` is in `Syntax Error`; empty where it is not.
-    std::string_view at(Position place) const;
+    std::string at(Position place) const;
     /// The reasons of a run of that style in their order, each once; `kChanged` alone where any of it was
     /// edited. Of a run with very many the first ones.
-    std::vector<std::string_view> of(TextRange run) const;
+    std::vector<std::string> of(TextRange run) const;
 
 private:
     Position ask(unsigned message, Position place) const;
+    Position askWords(unsigned message, Position place) const;
+    std::string textOf(Position value, TextRange run) const;
     Position valueAt(Position place) const;
     TextRange runAt(Position place) const;
     bool isInError(Position place) const;
     bool lacksReason(Position place) const { return isInError(place) && valueAt(place) == 0; }
-    void fill(TextRange range, Position value);
+    void fill(Position mark, TextRange range, Position value);
     void change(TextRange run);
 
-    // Two ends in lists that grow by parts and are copied as they do.
-    static constexpr size_t kBytesOfRun = 96;
+    // Two ends, and two of a word, in lists that grow by parts and are copied as they do.
+    static constexpr size_t kBytesOfRun = 192;
 
     const RichTextBox& box_;
     size_t runs_ = 0;  // laid since all were forgotten, or more

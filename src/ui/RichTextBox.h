@@ -52,6 +52,7 @@ public:
     static constexpr Position kLoneMark = INDIC_CONTAINER + 1;
     /// A hidden one, whose value is the reason of an error.
     static constexpr Position kReasonMark = INDIC_CONTAINER + 2;
+    static constexpr Position kReasonWordMark = INDIC_CONTAINER + 3;
 
     explicit RichTextBox(Kind kind = Kind::Document, QWidget* parent = nullptr);
     Kind kind() const { return kind_; }

@@ -73,17 +73,18 @@ TEST_F(ErrorWalkTest, ATipTellsWhyUntilTheNextKey) {
     runCommand(editor(), "T6");
     activate(window());
     const auto tip = [&] { return text.findChild<QLabel*>("ErrorTip"); };
-    const std::pair<Qt::KeyboardModifiers, ErrorReason> rows[] = {
-        {{}, ErrorReason::UnknownTag},
-        {{}, ErrorReason::BadCost},
-        {{}, ErrorReason::UnknownSection},
-        {kShift, ErrorReason::BadCost},
+    const std::string cost = reasonText(ErrorReason::BadCost, "5x");
+    const std::pair<Qt::KeyboardModifiers, std::string> rows[] = {
+        {{}, reasonText(ErrorReason::UnknownTag, "blah(")},
+        {{}, cost},
+        {{}, reasonText(ErrorReason::UnknownSection, "[FOO]")},
+        {kShift, cost},
     };
     text.SetSelStart(0);
     for (const auto& [modifiers, reason] : rows) {
         key(Qt::Key_F8, modifiers);
         ASSERT_TRUE(tip() && tip()->isVisible());
-        EXPECT_EQ(tip()->text().toStdString(), errorReason(reason).text);
+        EXPECT_EQ(tip()->text().toStdString(), reason);
         EXPECT_TRUE(tip()->isWindow());
         const auto bottom = text.SendScintilla(RichTextBox::SCI_POINTYFROMPOSITION, 0UL, text.SelStart()) +
                             text.SendScintilla(RichTextBox::SCI_TEXTHEIGHT, 0UL);
@@ -106,7 +107,7 @@ TEST_F(ErrorWalkTest, ATipTellsWhyUntilTheNextKey) {
     activate(window());
     text.SetSelStart(0);
     for (int step = 0; step < 2; ++step) key(Qt::Key_F8);
-    EXPECT_EQ(tip()->text().toStdString(), errorReason(ErrorReason::BadCost).text);
+    EXPECT_EQ(tip()->text().toStdString(), reasonText(ErrorReason::BadCost, "75x"));
 }
 
 TEST_F(ErrorWalkTest, WhereThereIsNoErrorATipSaysSo) {
@@ -166,7 +167,7 @@ TEST_F(ErrorWalkTest, EveryReasonIsKeptHoweverManyThereAre) {
     box().SetText(lines);
     runCommand(editor(), "T6");
     for (Position place = 14; place < box().Length(); place += 10)
-        ASSERT_EQ(box().errorAt(place), "not a cost") << place;
+        ASSERT_EQ(box().errorAt(place), "not a cost: 5x") << place;
 }
 
 }  // namespace

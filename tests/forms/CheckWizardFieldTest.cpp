@@ -53,7 +53,7 @@ TEST_F(CheckWizardFieldTest, KeepsWhyTheFieldIsRed) {
     Box box(RichTextBox::Kind::Field);
     makeWizardField(box, "cost(", highlighter, store);
     QTest::keyClicks(&box, "abc");
-    EXPECT_EQ(box.errorAt(1), "not a cost");
+    EXPECT_EQ(box.errorAt(1), "not a cost: abc");
     QTest::keyClicks(&box, "(");
     box.key(Qt::Key_Delete);
     EXPECT_EQ(box.errorAt(1), "parentheses do not match") << "of what stands there now";

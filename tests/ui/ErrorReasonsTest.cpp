@@ -40,6 +40,7 @@ std::vector<std::string> reasons(const RichTextBox& box) {
 
 TEST(ErrorReasons, StayWithTheirTextUntilItIsEdited) {
     const ErrorRuns one = {{2, 7, ErrorReason::BadCost}};
+    const ErrorRuns named = {{2, 7, ErrorReason::UnknownTag, {3, 6}}};
     const ErrorRuns two = {{2, 4, ErrorReason::BadCost}, {4, 7, ErrorReason::BadStep}};
     const ErrorRuns all = {{0, 9, ErrorReason::BadCost}};
     const ErrorRuns over = {{2, 7, ErrorReason::BadCost}, {4, 6, ErrorReason::BadStep}};
@@ -52,11 +53,18 @@ TEST(ErrorReasons, StayWithTheirTextUntilItIsEdited) {
     using Told = std::vector<std::string>;
     const struct {
         const char* what;
-        const ErrorRuns& runs;
+        ErrorRuns runs;
         std::function<void(Box&)> act;
         Told told;
     } rows[] = {
         {"as laid", one, [](Box&) {}, {"", kCost, ""}},
+        {"with its word", named, [](Box&) {}, {"", "no such tag: def", ""}},
+        {"with its word, typed in front", named, typeAt(0), {"", "no such tag: def", ""}},
+        {"typed in its word", named, typeAt(4), {"", kChanged, ""}},
+        {"another word of the run",
+         {{3, 6, ErrorReason::BadCost, {3, 4}}, {2, 7, ErrorReason::UnknownTag, {4, 6}}},
+         [](Box&) {},
+         {"", "no such tag: ef", ""}},
         {"the later over the earlier", over, [](Box&) {}, {"", kCost, kStep, kCost, ""}},
         {"typed elsewhere", one, typeAt(0), {"", kCost, ""}},
         {"typed right in front", one, typeAt(2), {"", kCost, ""}},
