@@ -60,7 +60,7 @@ Editor::Editor(Store& store, Instances* instances, std::string commandLine)
                   .mayCloseForms = [this] { return mayCloseForms(*window_); },
                   .closeCheck = [this](frmKLTEditor& document) { return documents.CloseCheck(&document); },
                   .keepAll = [this] { copies.writeAll(); },
-                  .keepAllForGood = [this] { copies.leaveAll(); }}),
+                  .keepAllForGood = [this] { keepAllTexts(); }}),
       store_(store),
       instances_(instances),
       commandLine_(std::move(commandLine)),
@@ -140,8 +140,8 @@ void Editor::watch(frmKLTEditor& document) {
     RichTextBox& box = *document.RichTextBox1;
     copies.watch(box, [&document, &box]() -> std::optional<KeptAbout> {
         if (!document.Modified()) return std::nullopt;
-        return KeptAbout{document.Caption(), document.Exists(), document.encoding, box.SelStart(),
-                         document.hasLostText ? std::nullopt : document.file.seen};
+        return KeptAbout{document.Caption(), document.Exists(),  document.encoding,
+                         box.SelStart(),     document.file.seen, document.hasLostText};
     });
     connect(&document, &frmKLTEditor::modifiedSet, this, [this, &box](bool on) {
         if (on) {
@@ -150,6 +150,14 @@ void Editor::watch(frmKLTEditor& document) {
             copies.drop(box);
         }
     });
+}
+
+void Editor::keepAllTexts() {
+    if (window_) {
+        for (const auto* document : window_->forms().documents())
+            if (sessionEnd.isAnswered(*document)) copies.giveUp(*document->RichTextBox1);
+    }
+    copies.leaveAll();
 }
 
 void Editor::receive(std::string commandLine, std::function<void()> done) {

@@ -55,6 +55,9 @@ public:
     /// Brings the find window up in a shape; one that is open already keeps what it holds.
     void openFind(frmFind::Shape shape);
 
+    /// Keeps all texts that are in no file, but those whose user has given them up: the process ends.
+    void keepAllTexts();
+
     Store& store() { return store_; }
 
     modVariables variables;

@@ -170,7 +170,7 @@ int Main(int argc, char** argv) {
     setUpApplication();
     Store store;
     Editor editor(store, &instances, commandLine);
-    const UnchosenEnds ends([&editor] { editor.copies.leaveAll(); });
+    const UnchosenEnds ends([&editor] { editor.keepAllTexts(); });
     startUp(editor, commandLine);
     return editor.isOver() ? 0 : QApplication::exec();
 }

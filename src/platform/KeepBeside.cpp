@@ -13,6 +13,7 @@
 #include "platform/FileCalls.h"
 #include "platform/FileReader.h"
 #include "platform/NewFile.h"
+#include "text/Unicode.h"
 
 namespace klt {
 namespace {
@@ -21,15 +22,30 @@ constexpr int kMostNames = 1000;
 // A copy never runs with the rights of somebody else.
 constexpr mode_t kPermissions = 0777;
 
-// Tries `take` with one name after another, as long as it gives EEXIST.
+// Tries `take` with one name after another, as long as it gives EEXIST. A name that is too long with what is
+// put behind it is cut.
 int takeFreeName(const std::string& path, std::string& kept,
                  const std::function<int(const std::string&)>& take) {
+    constexpr size_t kEnding = 4;
+    auto stem = path;
     int error = EEXIST;
     for (int number = 1; error == EEXIST && number < kMostNames; ++number) {
-        kept = path + "~" + (number == 1 ? "" : std::to_string(number));
+        const auto ending = "~" + (number == 1 ? std::string() : std::to_string(number));
+        kept = stem + ending;
+        error = take(kept);
+        if (error != ENAMETOOLONG || stem.size() != path.size()) continue;
+        auto cut = stem.size() - kEnding;
+        while (isContinuation(stem[cut])) --cut;
+        stem.resize(cut);
+        kept = stem + ending;
         error = take(kept);
     }
     return error;
+}
+
+// What a file system without links gives, or one that refuses another to this file.
+bool takesNoLink(int error) {
+    return error == EPERM || error == EOPNOTSUPP || error == ENOSYS || error == EMLINK;
 }
 
 int fill(NewFile& copy, const std::string& original, const std::string& bytes) {
@@ -61,7 +77,7 @@ int moveBeside(const std::string& path, std::string& kept) {
     return takeFreeName(path, kept, [&path](const std::string& name) {
         const int error = link(path.c_str(), name.c_str()) == 0 ? 0 : errno;
         // Another user's file, or no links: it is renamed, and nothing has its old name for a moment.
-        return error == EPERM || error == EOPNOTSUPP ? renameToFree(path, name) : error;
+        return takesNoLink(error) ? renameToFree(path, name) : error;
     });
 }
 

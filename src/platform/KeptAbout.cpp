@@ -10,7 +10,7 @@ namespace {
 // A line with this word, one of numbers, one with the owner; the name is all the rest, for it may hold
 // anything.
 constexpr std::string_view kFirstLine = "klt-kept 1\n";
-constexpr size_t kNumbers = 13;
+constexpr size_t kNumbers = 14;
 using Numbers = std::array<long long, kNumbers>;
 
 std::string_view takeLine(std::string_view& rest) {
@@ -61,7 +61,8 @@ std::string writeAbout(const KeptAbout& about, std::string_view owner) {
                           file.changed.seconds,
                           file.changed.nanoseconds,
                           static_cast<long long>(seen.size),
-                          static_cast<long long>(seen.hash)};
+                          static_cast<long long>(seen.hash),
+                          about.isFileWanted};
     std::string bytes(kFirstLine);
     for (const auto number : numbers) bytes.append(std::to_string(number)).append(" ");
     bytes.back() = '\n';
@@ -81,6 +82,7 @@ std::optional<OwnedAbout> readAbout(std::string_view bytes) {
     read.about.hasFile = (*numbers)[0] != 0;
     read.about.encoding = static_cast<Encoding>((*numbers)[1]);
     read.about.caret = static_cast<Position>((*numbers)[2]);
+    read.about.isFileWanted = (*numbers)[13] != 0;
     if ((*numbers)[3] != 0) read.about.seen = versionFrom(*numbers);
     return read;
 }

@@ -19,6 +19,8 @@ struct KeptAbout {
     Position caret = 0;
     /// The version of the file that the text came from, if it came from one.
     std::optional<FileVersion> seen = std::nullopt;
+    /// The text lacks something that the file holds, which a save is to keep.
+    bool isFileWanted = false;
 
     bool operator==(const KeptAbout&) const = default;
 };

@@ -108,6 +108,8 @@ RecoveryFolder::~RecoveryFolder() {
 /// Makes the file whose lock tells that this editor lives. Where files can't be locked it does without.
 int RecoveryFolder::lockOwner(const std::string& folder) {
     constexpr int kMostTries = 100;
+    // The folder may have been emptied.
+    if (lock_ && !isThere(ownerPath(folder, owner_))) lock_ = {};
     for (int tries = kMostTries; tries > 0 && !lock_; --tries) {
         const auto name = unguessableName();
         const auto path = ownerPath(folder, name);
@@ -199,7 +201,10 @@ std::vector<LeftText> RecoveryFolder::takeLeft() {
     std::vector<LeftText> texts;
     clearAway(folder);
     for (const auto& path : textsIn(folder)) {
-        const auto read = readAbout(readFile(aboutPath(path)).bytes);
+        const auto bytes = readFile(aboutPath(path));
+        // Of one that can't be read it is not known whether its editor lives.
+        if (bytes.error && isThere(aboutPath(path))) continue;
+        const auto read = readAbout(bytes.bytes);
         if (read && !isMine(folder, read->owner)) continue;
         texts.push_back({path, read ? read->about : KeptAbout(), timeOf(path)});
     }

@@ -57,6 +57,9 @@ CompletionPopup::CompletionPopup(RichTextBox& box, PlaceInBox placeAt, OpenTexts
     box.installEventFilter(this);
     connect(this, &QListView::clicked, this, &CompletionPopup::take);
     connect(&box, &RichTextBox::Change, this, &CompletionPopup::narrow);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
+        if (now != &box_ && now != this) close();
+    });
     connect(&box, &RichTextBox::SelChange, this, [this] {
         // An edit has told of the move that goes with it.
         if (box_.SelStart() != caret_ || box_.SelLength() != 0) narrow();
@@ -97,7 +100,11 @@ void CompletionPopup::narrow() {
     if (isTaking_ || !isVisible()) return;
     auto found = completions();
     const bool isSameWord = found.start == found_.start;
-    if (!isSameWord || !list(std::move(found))) close();
+    if (!isSameWord || !list(std::move(found))) {
+        close();
+    } else {
+        place();
+    }
 }
 
 void CompletionPopup::take() {

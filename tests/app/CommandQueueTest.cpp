@@ -148,6 +148,21 @@ TEST_F(CommandQueueTest, AnOpeningHoldsBackTheWindowsThatStoodBeforeAndNoneThatI
     EXPECT_FALSE(field.isVisible());
 }
 
+TEST_F(CommandQueueTest, ABoxThatComesUpAmidAPassIsAnsweredAtOnce) {
+    QLineEdit before, amid;
+    before.show();
+    {
+        const CommandQueue::Pass pass(queue, nullptr);
+        amid.show();
+        QTest::keyClicks(&before, "a");
+        QTest::keyClicks(&amid, "b");
+        EXPECT_EQ(before.text(), "");
+        EXPECT_EQ(amid.text(), "b");
+    }
+    letEventsRun();
+    EXPECT_EQ(before.text(), "a");
+}
+
 TEST_F(CommandQueueTest, WhatWaitsForADialogThatStaysUpIsCarriedOutInItsOrder) {
     {
         const CommandQueue::Opening opening(queue);

@@ -45,6 +45,18 @@ protected:
     void complete() { EditorFixture::key(Qt::Key_Space, kCtrl); }
 };
 
+TEST_F(CompleteTest, TheListGoesWithItsDocument) {
+    typeBehindKeel("N");
+    complete();
+    ASSERT_NE(list(), nullptr);
+    const auto height = list()->height();
+    typeOn("o");
+    EXPECT_LT(list()->height(), height);
+    window().showDocument(document(0));
+    letEventsRun();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
 TEST_F(CompleteTest, TypingNarrowsTheListAndEnterWritesTheRow) {
     typeBehindKeel("N");
     complete();

@@ -59,6 +59,19 @@ protected:
     QLineEdit edit{&window};
 };
 
+TEST_F(NoticeBarTest, AClickIsForTheNoticeThatWasPressed) {
+    std::string chosen;
+    bar.offer("old", {{"NoticeOld", "Old", [&] { chosen += "old"; }}});
+    auto* button = bar.findChild<QPushButton*>("NoticeOld");
+    QTest::mousePress(button, Qt::LeftButton);
+    const auto fresh = bar.offer("new", {{"NoticeNew", "New", [&] { chosen += "new"; }}});
+    QTest::mouseRelease(button, Qt::LeftButton);
+    EXPECT_EQ(chosen, "");
+    bar.withdraw(fresh);
+    QTest::mouseClick(bar.findChild<QPushButton*>("NoticeOld"), Qt::LeftButton);
+    EXPECT_EQ(chosen, "old");
+}
+
 TEST_F(NoticeBarTest, ItShowsTheNewestNoticeAndHowManyThereAre) {
     EXPECT_FALSE(bar.isVisible());
     int dismissed = 0;

@@ -169,6 +169,18 @@ TEST_F(RecoveryTest, ATextThatTheDateOfALoadHasReplacedIsKept) {
     EXPECT_EQ(notice(), "What stood in " + mine + " before its date was changed is kept in " + mine + "~");
 }
 
+TEST_F(RecoveryTest, AReplacedTextIsKeptThoughTheProgramEndsBeforeTheSave) {
+    const auto path = file("docs/a.klt", "* Modified: by me");
+    open(path);
+    type("x");
+    endAndRestart();
+    clickNotice("NoticeOpen");
+    letEventsRun();
+    EXPECT_EQ(notice(), "") << "nobody has changed the file";
+    run("F4");
+    EXPECT_EQ(readBytes(path + "~"), "* Modified: by me");
+}
+
 TEST_F(RecoveryTest, AStateFolderThatTakesNothingIsToldOnce) {
     openNew();
     type("x");
@@ -240,6 +252,63 @@ TEST_F(RecoveryTest, ASessionThatEndsAsksWhereItMayAndClosesNothing) {
         EXPECT_TRUE(editor().isOver()) << what;
         EXPECT_THAT(kept(), IsEmpty()) << what;
         letLoopsRunAgain();
+    }
+}
+
+TEST_F(RecoveryTest, WhatASessionThatGoesOnHasAnsweredIsWatchedOn) {
+    using enum QMessageBox::StandardButton;
+    openNew();
+    type("first");
+    open(file("docs/b.klt", "b"));
+    type("x");
+    // Yes, no file, then back.
+    answerMessage(Yes, [this] {
+        answerFileDialog("");
+        answerMessage(Cancel);
+    });
+    editor().sessionEnd.prepare({[] { return true; }, [] {}, [] {}});
+    EXPECT_EQ(kept().size(), 1U);
+    window().showDocument(document(0));
+    type(" second");
+    editor().keepAllTexts();
+    ASSERT_EQ(kept().size(), 2U);
+    EXPECT_THAT(readBytes(folder_ + kept()[0]), testing::EndsWith("first second"));
+}
+
+TEST_F(RecoveryTest, WhatWasRefusedOrSavedAtTheEndOfASessionIsNotKept) {
+    using enum QMessageBox::StandardButton;
+    open(file("docs/a.klt", "a"));
+    type("x");
+    open(file("docs/b.klt", "b"));
+    type("x");
+    editor().copies.writeAll();
+    answerMessage(No, [this] { answerMessage(Yes); });
+    editor().sessionEnd.prepare({[] { return true; }, [] {}, [] {}});
+    EXPECT_FALSE(document(1).Modified()) << "it is saved, and may go on";
+    editor().keepAllTexts();
+    EXPECT_THAT(kept(), IsEmpty());
+}
+
+TEST_F(RecoveryTest, TheTextBeforeAReloadOutlivesTheProgram) {
+    for (const bool closes : {false, true}) {
+        restart();
+        const auto path = file("docs/a.klt", "a");
+        open(path);
+        type("typed ");
+        writeBytes(path, "written by others");
+        editor().documents.noticeChanges();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return notice().find("has been changed") != notice().npos; }));
+        clickNotice("NoticeReload");
+        ASSERT_TRUE(QTest::qWaitFor([this] { return textOf(active()) == "written by others"; }));
+        if (closes) run("F3");
+        endAndRestart();
+        clickNotice("NoticeOpen");
+        ASSERT_EQ(count(), 1U);
+        EXPECT_EQ(textOf(active()), "typed a");
+        answerMessage(QMessageBox::No);
+        run("F3");
+        letEventsRun();
+        EXPECT_THAT(kept(), IsEmpty());
     }
 }
 

@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     Store store;
     Editor editor(store, nullptr, "");
-    const UnchosenEnds ends([&editor] { editor.copies.leaveAll(); });
+    const UnchosenEnds ends([&editor] { editor.keepAllTexts(); });
     editor.documents.openFiles({argv[1], argv[2]});
     editor.documents.New();
     const auto documents = editor.mainWindow().forms().documents();

@@ -30,6 +30,16 @@ TEST(KeepBeside, CopiesUnderTheNextFreeName) {
     EXPECT_THAT(namesIn(folder.path()), ElementsAre("a.klt", "a.klt~", "a.klt~2", "a.klt~3", "a.klt~4"));
 }
 
+TEST(KeepBeside, ANameThatIsTooLongIsCutAmongItsLetters) {
+    const ScratchFolder folder;
+    const auto name = std::string(249, 'n') + "\u00e4\u00e4\u00e4", cut = std::string(249, 'n');
+    writeBytes(folder / name, "text");
+    EXPECT_EQ(keepBeside(folder / name).path, folder / (cut + "\u00e4~"));
+    std::string moved;
+    EXPECT_EQ(moveBeside(folder / name, moved), 0);
+    EXPECT_EQ(moved, folder / (cut + "\u00e4~2"));
+}
+
 TEST(KeepBeside, OfALinkItIsTheTarget) {
     const ScratchFolder folder;
     fs::create_directory(folder / "docs");

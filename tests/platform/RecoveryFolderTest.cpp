@@ -67,7 +67,7 @@ TEST_F(RecoveryFolderTest, TextsAreKeptUnderNamesOfTheirOwnWithWhatIsKnownOfThem
               {"/two\nlines/\xFF/1 2", "1 2"},
               {"", "document"},
               {std::string(300, 'n') + ".klt", std::string(200, 'n') + ".klt"}}) {
-            const KeptAbout about{document, document.starts_with('/'), Encoding::Utf16BE, 7, seen};
+            const KeptAbout about{document, document.starts_with('/'), Encoding::Utf16BE, 7, seen, true};
             const auto [path, error] = folder.keep("", about, "ä of " + name);
             EXPECT_EQ(error, std::nullopt);
             EXPECT_EQ(path, folder_ + name);

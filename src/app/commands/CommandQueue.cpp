@@ -89,6 +89,19 @@ bool isFileDrag(const QEvent& event) {
     return drop && drop->mimeData() && !localFiles(*drop->mimeData()).empty();
 }
 
+using Windows = std::vector<QPointer<const QWidget>>;
+
+Windows visibleWindows() {
+    Windows windows;
+    for (const auto* window : QApplication::topLevelWidgets())
+        if (window->isVisible()) windows.emplace_back(window);
+    return windows;
+}
+
+bool isAmong(const Windows& windows, const QWidget& window) {
+    return std::find(windows.begin(), windows.end(), &window) != windows.end();
+}
+
 }  // namespace
 
 CommandQueue::CommandQueue() {
@@ -126,10 +139,13 @@ void CommandQueue::release() {
 }
 
 void CommandQueue::beginOpening() {
-    if (openings_++ > 0) return;
-    standing_.clear();
-    for (const auto* window : QApplication::topLevelWidgets())
-        if (window->isVisible()) standing_.emplace_back(window);
+    if (openings_++ == 0) standing_ = visibleWindows();
+}
+
+void CommandQueue::beginPass(const QWidget* spared) {
+    passes_ = true;
+    spared_ = spared;
+    besidePass_ = visibleWindows();
 }
 
 void CommandQueue::watchEvents(bool on) {
@@ -184,12 +200,9 @@ bool CommandQueue::holdsBack(const QWidget& receiver) {
         // Events that are sent while another is delivered belong to that one.
         return deliveringLevel_ != QThread::currentThread()->loopLevel() && next() != waiting_.end();
     }
-    if (passes_) return receiver.window() != spared_;
-    return isDocumentArea(receiver) || (openings_ > 0 && stoodBefore(*receiver.window()));
-}
-
-bool CommandQueue::stoodBefore(const QWidget& window) const {
-    return std::find(standing_.begin(), standing_.end(), &window) != standing_.end();
+    // A box that comes up amid a pass, as at the end of the session, is answered at once.
+    if (passes_) return receiver.window() != spared_ && isAmong(besidePass_, *receiver.window());
+    return isDocumentArea(receiver) || (openings_ > 0 && isAmong(standing_, *receiver.window()));
 }
 
 bool CommandQueue::eventFilter(QObject* receiver, QEvent* event) {

@@ -59,13 +59,13 @@ public:
         CommandQueue& queue_;
     };
 
-    /// A hold that keeps keys and clicks back from everything but one window: for a pass over a document.
+    /// A hold that keeps keys and clicks back from every window that is up when it begins but one: for a pass
+    /// over a document.
     class Pass {
     public:
         /// `spared` may be null.
         Pass(CommandQueue& queue, const QWidget* spared) : hold_(queue), queue_(queue) {
-            queue_.passes_ = true;
-            queue_.spared_ = spared;
+            queue_.beginPass(spared);
         }
         ~Pass() { queue_.passes_ = false; }
         Pass(const Pass&) = delete;
@@ -88,12 +88,12 @@ private:
     void hold();
     void release();
     void beginOpening();
+    void beginPass(const QWidget* spared);
     void watchEvents(bool on);
     void carryOut();
     std::deque<Waiting>::iterator next();
     std::optional<Command> takeNext();
     bool holdsBack(const QWidget& receiver);
-    bool stoodBefore(const QWidget& window) const;
     bool mustStay(const QWidget& window) const;
     void keepForLater(QWidget& receiver, const QEvent& event);
     void deliver(QEvent& event, QWidget& receiver);
@@ -105,6 +105,8 @@ private:
     int openings_ = 0;
     /// The windows that were up when the outermost opening began.
     std::vector<QPointer<const QWidget>> standing_;
+    /// The windows that were up when the pass began.
+    std::vector<QPointer<const QWidget>> besidePass_;
     bool passes_ = false;
     QPointer<const QWidget> spared_;
     bool ended_ = false;

@@ -67,10 +67,11 @@ Documents::Documents(modVariables& variables, Store& store, CommandQueue& queue,
       mainWindow_(std::move(mainWindow)),
       ColourDocument_(std::move(ColourDocument)),
       kept_(kept),
-      changes_(FileChanges::Services{
-          .queue = queue, .wait = wait_, .mainWindow = mainWindow_, .check = [this](frmKLTEditor& document) {
-              checkWhereWanted(document);
-          }}) {}
+      changes_(FileChanges::Services{.queue = queue,
+                                     .wait = wait_,
+                                     .mainWindow = mainWindow_,
+                                     .check = [this](frmKLTEditor& document) { checkWhereWanted(document); },
+                                     .copies = kept.copies}) {}
 
 void Documents::OpenDocument(std::string_view path, bool checkNow) {
     MissingFiles alone;
@@ -268,6 +269,7 @@ void Documents::NameFile(frmKLTEditor& document, const std::string& name) {
     }
     document.setCaption(path);
     if (mainWindow_().ActiveForm() == &document) variables_.CurrentFilePath = path;
+    changes_.forgetNews(document);
     if (!document.oldFile.empty())
         mainWindow_().notices().tell(
             document.oldFile + " stays as it is. The document is saved as " + path + " from now on.", {},
@@ -291,11 +293,17 @@ bool Documents::asksForFile(const frmKLTEditor& document) {
 /// Writes the document to `CurrentFilePath`. A failure leaves the document as it is.
 Failure Documents::write(frmKLTEditor& document) {
     const std::string path = variables_.CurrentFilePath;
+    const Encoding before = document.encoding;
     auto failure = changes_.write(document, path);
     // Events may have run.
     variables_.CurrentFilePath = path;
     // What was told of it before is over.
     if (!failure) mainWindow_().notices().withdrawAbout(&document);
+    const bool hasChanged = document.Exists() && document.encoding != before;
+    if (!failure && hasChanged && document.encoding == Encoding::Utf8)
+        mainWindow_().notices().tell(
+            path + ": " + encodingChange(before, document.encoding) + ", since a character asks for it.", {},
+            &document);
     return failure;
 }
 
@@ -330,7 +338,10 @@ bool Documents::saveAtClose(frmKLTEditor& document) {
     if (chosen.empty()) return !keep(document, displayName(document) + " was not saved");
     variables_.CurrentFilePath = chosen;
     if (const auto failure = write(document)) return !keep(document, *failure);
-    AddToRecent(variables_.CurrentFilePath);
+    // Where something else stops the end of the session the document stays, and is saved.
+    document.setCaption(chosen);
+    document.Label2->setEnabled(true);
+    saved(document);
     return false;
 }
 

@@ -6,6 +6,7 @@
 #include "app/commands/CommandQueue.h"
 #include "app/documents/FileWait.h"
 #include "app/modVariables.h"
+#include "app/recovery/TextCopies.h"
 #include "app/window/frmMDIKLTEditor.h"
 #include "platform/DetachedThread.h"
 #include "platform/MemoryRoom.h"
@@ -148,7 +149,10 @@ void FileChanges::reload(frmKLTEditor& document) {
 void FileChanges::show(frmKLTEditor& document, const ReadText& read) {
     Watched& watched = watch(document);
     RichTextBox& box = *document.RichTextBox1;
-    const auto kept = document.Modified() ? std::make_shared<const KeptText>(document) : watched.kept;
+    if (document.Modified()) dropKept(document);
+    auto before = std::exchange(watched.before, {});
+    if (document.Modified())
+        before = {std::make_shared<const KeptText>(document), services_.copies.putAside(box).path};
     const TextView view(box);
     {
         const RaisedFlag loading(document.isLoading);
@@ -162,14 +166,14 @@ void FileChanges::show(frmKLTEditor& document, const ReadText& read) {
     tryStep([&] { services_.check(document); });
     view.restoreScrollIn(box);
     // Letters that the check puts right are no edit of the user's.
-    if (kept) offerBack(document, kept);
+    if (before.text) offerBack(document, before);
     services_.mainWindow().updateMenus();
 }
 
-void FileChanges::offerBack(frmKLTEditor& document, const std::shared_ptr<const KeptText>& kept) {
-    dropKept(document);
+void FileChanges::offerBack(frmKLTEditor& document, const Before& before) {
     Watched& watched = watch(document);
-    watched.kept = kept;
+    withdraw(watched.back);
+    watched.before = before;
     const auto drop = [this, alive = QPointer<frmKLTEditor>(&document)] {
         if (alive) dropKept(*alive);
     };
@@ -180,17 +184,19 @@ void FileChanges::offerBack(frmKLTEditor& document, const std::shared_ptr<const 
 }
 
 void FileChanges::bringBack(frmKLTEditor& document) {
-    const auto kept = watch(document).kept;
-    if (!kept) return;
-    if (fitsMemory([&] { kept->bringBackTo(document); })) return;
+    const Before before = watch(document).before;
+    if (!before.text) return;
+    if (fitsMemory([&] { before.text->bringBackTo(document); })) return;
     tellOfLack();
-    offerBack(document, kept);
+    offerBack(document, before);
 }
 
+/// What is kept on the disk stays until the next copy, or save.
 void FileChanges::dropKept(frmKLTEditor& document) {
     Watched& watched = watch(document);
     withdraw(watched.back);
-    watched.kept.reset();
+    const Before before = std::exchange(watched.before, {});
+    if (!before.path.empty()) services_.copies.replaceCopy(*document.RichTextBox1, before.path);
 }
 
 void FileChanges::opened(frmKLTEditor& document, const FoundText& found) {
@@ -221,7 +227,7 @@ void FileChanges::saved(frmKLTEditor& document, const std::string& path, const S
     document.encoding = result.written.encoding;
     document.fileTarget = result.target;
     document.file = {result.written.version, std::nullopt};
-    const bool hasLostText = std::exchange(document.hasLostText, false);
+    const bool hasLostText = std::exchange(document.hasLostText, false) && path == document.Caption();
     withdraw(watch(document).news);
     dropKept(document);
     if (!result.written.kept.empty())

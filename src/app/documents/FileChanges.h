@@ -18,6 +18,7 @@ namespace klt {
 
 class CommandQueue;
 class FileWait;
+class TextCopies;
 class frmMDIKLTEditor;
 
 /// Sees what others do to the files of open documents, tells it in the bar, and does what the bar offers
@@ -30,6 +31,8 @@ public:
         std::function<frmMDIKLTEditor&()> mainWindow;
         /// The check that an opening makes too, where it is wanted.
         std::function<void(frmKLTEditor&)> check;
+        /// Keeps on the disk what "Back" would bring.
+        TextCopies& copies;
     };
     explicit FileChanges(Services services);
 
@@ -41,17 +44,25 @@ public:
     void opened(frmKLTEditor& document, const FoundText& found);
     /// Writes the document to the path; a failure leaves it as it is. Events may run.
     Failure write(frmKLTEditor& document, const std::string& path);
+    /// The document gets another file: what was told of the one that it had is over.
+    void forgetNews(frmKLTEditor& document) { withdraw(watch(document).news); }
     /// Tells where another document has the same file.
     void tellIfShared(const frmKLTEditor& document);
 
 private:
+    /// The text that a document had before it was read again, and where it is kept in case that the program
+    /// ends.
+    struct Before {
+        std::shared_ptr<const KeptText> text;
+        std::string path;
+    };
     /// What is under way for a document, and what the bar shows for it.
     struct Watched {
         bool isLooking = false;
         bool looksAgain = false;
         NoticeBar::Id news = NoticeBar::kNone;
         NoticeBar::Id back = NoticeBar::kNone;
-        std::shared_ptr<const KeptText> kept;
+        Before before;
     };
     struct Request {
         QPointer<frmKLTEditor> document;
@@ -72,7 +83,7 @@ private:
     void reload(frmKLTEditor& document);
     void show(frmKLTEditor& document, const ReadText& read);
     void saved(frmKLTEditor& document, const std::string& path, const SavedText& result);
-    void offerBack(frmKLTEditor& document, const std::shared_ptr<const KeptText>& kept);
+    void offerBack(frmKLTEditor& document, const Before& before);
     void bringBack(frmKLTEditor& document);
     void dropKept(frmKLTEditor& document);
 

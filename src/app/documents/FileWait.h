@@ -23,7 +23,7 @@ public:
     /// How long a file system may be silent. One that answers and yet does not come to an end gets
     /// `kLongest` times as much.
     static constexpr std::chrono::milliseconds kPatience{5000};
-    static constexpr int kLongest = 12;
+    static constexpr int kLongest = 120;
 
     explicit FileWait(CommandQueue& queue) : queue_(queue) {}
 

@@ -65,6 +65,7 @@ void Documents::loadLeft(const LeftText& left, const std::string& text, frmKLTEd
         document->encoding = about.encoding;
         document->RichTextBox1->SetText(text);
     }
+    document->hasLostText = about.isFileWanted;
     document->setModified(true);
     document->RichTextBox1->SetSelStart(about.caret);
     if (about.hasFile) {

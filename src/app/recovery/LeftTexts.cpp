@@ -9,7 +9,7 @@ namespace klt {
 namespace {
 
 std::string spell(time_t time) {
-    return QLocale().toString(QDateTime::fromSecsSinceEpoch(time), "d MMMM yyyy, HH:mm").toStdString();
+    return QLocale::c().toString(QDateTime::fromSecsSinceEpoch(time), "d MMMM yyyy, HH:mm").toStdString();
 }
 
 }  // namespace

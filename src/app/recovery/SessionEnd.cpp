@@ -49,7 +49,7 @@ bool SessionEnd::ask() {
         if (!window->forms().contains(form) || !form->Modified()) continue;
         const QPointer<frmKLTEditor> document(form);
         if (services_.closeCheck(*document)) return false;
-        if (document) noteAnswer(*document);
+        if (document && document->Modified()) noteAnswer(*document);
     }
     return true;
 }

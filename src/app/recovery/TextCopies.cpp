@@ -40,7 +40,9 @@ void TextCopies::noteChange(const RichTextBox& box) {
     if (place == watched_.end()) return;
     Watched& watched = *place->second;
     if (watched.edits++ == watched.held) watched.since = Clock::now();
-    if (!watched.due->isActive()) wait(watched);
+    // A long text may have become a short one.
+    if (!watched.due->isActive() || (watched.due->remainingTimeAsDuration() > pace_.small && !isLarge(box)))
+        wait(watched);
 }
 
 /// Lets the text wait until the first edit that is not held has waited long enough.
@@ -53,7 +55,7 @@ void TextCopies::wait(Watched& watched) {
 void TextCopies::isDue(const std::shared_ptr<Watched>& watched) {
     if (!watched || watched->edits == watched->held) return;
     // It comes again when what is under way is done.
-    if (isWriting(*watched)) return;
+    if (isWriting(*watched) || isWaiting(*watched)) return;
     Lane& lane = laneOf(*watched->box);
     lane.waiting.push_back(watched);
     next(lane);
@@ -64,6 +66,13 @@ bool TextCopies::isWriting(const Watched& watched) const {
                                [&watched](const Lane& it) { return it.writing.lock().get() == &watched; });
 }
 
+bool TextCopies::isWaiting(const Watched& watched) const {
+    return std::ranges::any_of(lanes_, [&watched](const Lane& lane) {
+        return std::ranges::any_of(lane.waiting,
+                                   [&watched](const auto& it) { return it.lock().get() == &watched; });
+    });
+}
+
 void TextCopies::next(Lane& lane) {
     while (!lane.lane.isBusy() && !lane.waiting.empty()) {
         const auto watched = lane.waiting.front().lock();
@@ -72,7 +81,7 @@ void TextCopies::next(Lane& lane) {
             continue;
         }
         lane.waiting.pop_front();
-        if (watched && watched->edits != watched->held) forgetCopy(watched->box);
+        if (watched && watched->edits != watched->held) drop(*watched->box);
     }
 }
 
@@ -138,6 +147,7 @@ void TextCopies::took(Watched& watched, const RecoveryFolder::Kept& kept) {
     isTold_ = false;
     watched.path = kept.path;
     for (const auto& path : std::exchange(watched.replaced, {})) folder_.remove(path);
+    folder_.remove(std::exchange(watched.left, {}));
     if (watched.edits != watched.held) wait(watched);
 }
 
@@ -147,22 +157,36 @@ void TextCopies::replaceCopy(const RichTextBox& box, const std::string& path) {
 }
 
 void TextCopies::drop(const RichTextBox& box) {
+    const auto place = watched_.find(&box);
+    if (place == watched_.end()) return;
+    folder_.remove(std::exchange(place->second->left, {}));
     forgetCopy(&box);
 }
 
-void TextCopies::forgetCopy(const QObject* box) {
-    const auto place = watched_.find(box);
-    if (place == watched_.end()) return;
-    // A new one in its place: what is being written for the old one is taken away when it is done.
-    const auto old = std::exchange(place->second, std::make_shared<Watched>());
+void TextCopies::giveUp(const RichTextBox& box) {
+    forgetCopy(&box);
+}
+
+/// The box is watched on as if it had no copy. Gives what was known of it.
+std::shared_ptr<TextCopies::Watched> TextCopies::renew(Place place) {
+    auto old = std::exchange(place->second, std::make_shared<Watched>());
     Watched& fresh = *place->second;
     fresh.box = old->box;
     fresh.about = std::move(old->about);
+    fresh.left = std::move(old->left);
     fresh.due = std::move(old->due);
     fresh.due->stop();
     fresh.due->disconnect(this);
     connect(fresh.due.get(), &QTimer::timeout, this,
             [this, it = std::weak_ptr(place->second)] { isDue(it.lock()); });
+    return old;
+}
+
+void TextCopies::forgetCopy(const QObject* box) {
+    const auto place = watched_.find(box);
+    if (place == watched_.end()) return;
+    // What is being written for it is taken away when it is done.
+    const auto old = renew(place);
     if (!old->path.empty() && !isWriting(*old)) folder_.remove(old->path);
     for (const auto& path : old->replaced) folder_.remove(path);
 }
@@ -178,7 +202,7 @@ void TextCopies::forget(const QObject* box) {
 RecoveryFolder::Kept TextCopies::writeNow(Watched& watched) {
     const auto about = watched.about();
     if (!about) {
-        forgetCopy(watched.box);
+        drop(*watched.box);
         return {};
     }
     auto kept = folder_.keep(watched.path, *about, watched.box->Text());
@@ -187,20 +211,28 @@ RecoveryFolder::Kept TextCopies::writeNow(Watched& watched) {
     return kept;
 }
 
-RecoveryFolder::Kept TextCopies::leave(const RichTextBox& box) {
+RecoveryFolder::Kept TextCopies::putAside(const RichTextBox& box) {
     for (Lane& lane : lanes_)
         if (lane.lane.isBusy()) finish(lane);
     const auto place = watched_.find(&box);
     if (place == watched_.end()) return {};
-    auto kept = writeNow(*place->second);
-    if (!kept.error) watched_.erase(place);
+    const auto watched = place->second;
+    auto kept = writeNow(*watched);
+    if (!kept.error && !kept.path.empty()) renew(place);
     for (Lane& lane : lanes_) next(lane);
+    return kept;
+}
+
+RecoveryFolder::Kept TextCopies::leave(const RichTextBox& box) {
+    auto kept = putAside(box);
+    const auto place = watched_.find(&box);
+    if (place != watched_.end() && !kept.error) place->second->left = kept.path;
     return kept;
 }
 
 void TextCopies::writeAll() {
     finishAll();
-    for (const auto& [box, watched] : watched_)
+    for (const auto& [box, watched] : std::map(watched_))
         if (watched->edits != watched->held) writeNow(*watched);
 }
 

@@ -48,11 +48,16 @@ public:
     void noteChange(const RichTextBox& box);
     /// The text is in its file, or nobody wants it: its copy goes.
     void drop(const RichTextBox& box);
+    /// Nobody wants the text; what was left of it stays.
+    void giveUp(const RichTextBox& box);
     /// What is kept at `path` goes as soon as the box's text has a copy of its own, or needs none.
     void replaceCopy(const RichTextBox& box, const std::string& path);
 
-    /// Keeps the text of a box that is about to go. It stays until the next start.
+    /// Keeps the text of a box that is about to go. It stays until the next start; if the box does not go,
+    /// until a later copy, or its file, holds the text.
     RecoveryFolder::Kept leave(const RichTextBox& box);
+    /// The same for the caller, whose copy it is.
+    RecoveryFolder::Kept putAside(const RichTextBox& box);
     /// Writes all that no copy holds yet, and returns when it is on the disk.
     void writeAll();
     /// The same, and from now on nothing is taken away or written any more: the process ends.
@@ -67,6 +72,8 @@ private:
         /// Where its copy is; empty while there is none.
         std::string path;
         std::vector<std::string> replaced;
+        /// A copy that outlives the box.
+        std::string left;
         /// The edits up to now, and those that the copy holds, or the one that is being written.
         unsigned long edits = 0;
         unsigned long held = 0;
@@ -85,6 +92,7 @@ private:
     bool isLarge(const RichTextBox& box) const;
     Lane& laneOf(const RichTextBox& box) { return lanes_[isLarge(box) ? 1 : 0]; }
     bool isWriting(const Watched& watched) const;
+    bool isWaiting(const Watched& watched) const;
     void wait(Watched& watched);
     void isDue(const std::shared_ptr<Watched>& watched);
     void next(Lane& lane);
@@ -93,6 +101,8 @@ private:
     void finishAll();
     void took(Watched& watched, const RecoveryFolder::Kept& kept);
     void lookAtLanes();
+    using Place = std::map<const QObject*, std::shared_ptr<Watched>>::iterator;
+    std::shared_ptr<Watched> renew(Place place);
     void forgetCopy(const QObject* box);
     void forget(const QObject* box);
     RecoveryFolder::Kept writeNow(Watched& watched);

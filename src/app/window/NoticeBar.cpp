@@ -69,8 +69,11 @@ QPushButton& NoticeBar::button(size_t index) {
     while (buttons_.size() <= index) {
         auto* made = new QPushButton(this);
         made->setFocusPolicy(Qt::NoFocus);
-        connect(made, &QPushButton::clicked, this, [this, at = buttons_.size()] {
-            if (!notices_.empty()) choose(notices_.back().id, at);
+        const auto newest = [this] { return notices_.empty() ? kNone : notices_.back().id; };
+        connect(made, &QPushButton::pressed, this, [this, newest] { pressed_ = newest(); });
+        // Not what another notice offers that has come between press and release.
+        connect(made, &QPushButton::clicked, this, [this, newest, at = buttons_.size()] {
+            if (pressed_ == newest()) choose(pressed_, at);
         });
         row_->addWidget(made);
         buttons_.push_back(made);

@@ -49,6 +49,8 @@ private:
 
     std::vector<PendingNotice> notices_;
     Id lastId_ = kNone;
+    /// The notice whose button is down.
+    Id pressed_ = kNone;
     QHBoxLayout* row_;
     QLabel* icon_;
     NoticeText* text_;
