@@ -154,7 +154,7 @@ std::string_view RichTextBox::Slice(Position start, Position end) const {
 void RichTextBox::CopyText(char* target) const {
     const Position gap = send(SCI_GETGAPPOSITION);
     for (const auto part : {Slice(0, gap), Slice(gap, Length())})
-        target = std::ranges::copy(part, target).out;
+        target += part.copy(target, part.size());
 }
 
 Position RichTextBox::CharacterCount() const {
