@@ -59,8 +59,8 @@ public:
     /// Sets the whole text in `Normal Text`, lone CR and LF made CR LF; caret to 0, protection gone, undo
     /// emptied.
     void SetText(std::string_view text);
-    /// The same as one edit: a step to undo that brings the old text back in `Normal Text`. False, with
-    /// nothing changed, where the area takes no edit.
+    /// The same as one edit: a step to undo that brings the old text back, unprotected. False, with nothing
+    /// changed, where the area takes no edit.
     bool ReplaceText(std::string_view text);
 
     virtual Position SelStart() const = 0;
@@ -122,6 +122,7 @@ public:
     /// at its start stands in front of it, what comes in at its end behind.
     virtual std::shared_ptr<const TrackedRange> Track(TextRange range) = 0;
 
+    /// Text that undo or redo brings back has the styles that it had when it went.
     virtual bool CanUndo() const = 0;
     virtual bool CanRedo() const = 0;
     virtual void Undo() = 0;

@@ -23,16 +23,11 @@ constexpr auto kChangedValue = kFirstValue + static_cast<Position>(kErrorReasonC
 }  // namespace
 
 ReasonMarks::ReasonMarks(const RichTextBox& box) : box_(box) {
-    ask(Base::SCI_INDICSETSTYLE, Base::INDIC_HIDDEN);
-    askWords(Base::SCI_INDICSETSTYLE, Base::INDIC_HIDDEN);
+    for (const Position mark : {kMark, kWordMark}) ask(mark, Base::SCI_INDICSETSTYLE, Base::INDIC_HIDDEN);
 }
 
-Position ReasonMarks::ask(unsigned message, Position place) const {
-    return box_.SendScintilla(message, static_cast<unsigned long>(kMark), static_cast<long>(place));
-}
-
-Position ReasonMarks::askWords(unsigned message, Position place) const {
-    return box_.SendScintilla(message, static_cast<unsigned long>(kWordMark), static_cast<long>(place));
+Position ReasonMarks::ask(Position mark, unsigned message, Position place) const {
+    return box_.SendScintilla(message, static_cast<unsigned long>(mark), static_cast<long>(place));
 }
 
 // The reason of a value, with the word in the run that it speaks of.
@@ -41,9 +36,9 @@ std::string ReasonMarks::textOf(Position value, TextRange run) const {
     const auto reason = kErrorReasons[static_cast<size_t>(value - kFirstValue)].reason;
     Position at = run.start;
     for (int seen = 0; at < run.end && seen < kMost; ++seen) {
-        const Position end = askWords(Base::SCI_INDICATOREND, at);
+        const Position end = ask(kWordMark, Base::SCI_INDICATOREND, at);
         if (end <= at) break;
-        if (askWords(Base::SCI_INDICATORVALUEAT, at) == value)
+        if (ask(kWordMark, Base::SCI_INDICATORVALUEAT, at) == value)
             return reasonText(reason, std::string(box_.Slice(at, std::min(end, run.end))));
         at = end;
     }
@@ -51,11 +46,11 @@ std::string ReasonMarks::textOf(Position value, TextRange run) const {
 }
 
 Position ReasonMarks::valueAt(Position place) const {
-    return place < 0 || place >= box_.Length() ? 0 : ask(Base::SCI_INDICATORVALUEAT, place);
+    return place < 0 || place >= box_.Length() ? 0 : ask(kMark, Base::SCI_INDICATORVALUEAT, place);
 }
 
 TextRange ReasonMarks::runAt(Position place) const {
-    return {ask(Base::SCI_INDICATORSTART, place), ask(Base::SCI_INDICATOREND, place)};
+    return {ask(kMark, Base::SCI_INDICATORSTART, place), ask(kMark, Base::SCI_INDICATOREND, place)};
 }
 
 bool ReasonMarks::isInError(Position place) const {
@@ -102,10 +97,58 @@ void ReasonMarks::lay(const ErrorRuns& runs) {
     }
 }
 
-void ReasonMarks::textInserted(Position place) {
+bool ReasonMarks::splitsRun(Position place) const {
     // What comes in right behind a run belongs to it only where the next one, or the text's end, follows.
-    if (valueAt(place - 1) == 0 || (valueAt(place) == 0 && place < box_.Length())) return;
-    change(runAt(place - 1));
+    return valueAt(place - 1) != 0 && (valueAt(place) != 0 || place == box_.Length());
+}
+
+ReasonMarks::Runs ReasonMarks::lostBy(TextRange range) const {
+    Runs lost;
+    if (runs_ == 0) return lost;
+    if (range.start == range.end) {
+        const Position before = range.start - 1;
+        if (splitsRun(range.start)) lost.push_back({kMark, runAt(before), valueAt(before)});
+        return lost;
+    }
+    for (const Position mark : {kMark, kWordMark}) addRuns(mark, range, lost);
+    return lost;
+}
+
+void ReasonMarks::addRuns(Position mark, TextRange range, Runs& runs) const {
+    for (Position at = range.start; at < range.end;) {
+        const TextRange run{ask(mark, Base::SCI_INDICATORSTART, at), ask(mark, Base::SCI_INDICATOREND, at)};
+        if (run.end <= at) break;  // no marks at all
+        if (const Position value = ask(mark, Base::SCI_INDICATORVALUEAT, at))
+            runs.push_back({mark, run, value});
+        at = run.end;
+    }
+}
+
+void ReasonMarks::bringBack(const Runs& runs, TextRange text) {
+    if (text.start < text.end && runs_ > 0) forget(text);
+    if (text.start < text.end) runs_ += runs.size();
+    for (const auto& [mark, range, value] : runs) {
+        const TextRange inside{std::max(range.start, text.start), std::min(range.end, text.end)};
+        if (inside.start < inside.end) fill(mark, inside, value);
+        // A word that was cut is still marked where it stayed.
+        if (mark == kWordMark) continue;
+        fillChanged({range.start, std::min(range.end, text.start)}, value);
+        fillChanged({std::max(range.start, text.end), range.end}, value);
+    }
+}
+
+void ReasonMarks::fillChanged(TextRange range, Position value) {
+    range.end = std::min(range.end, box_.Length());
+    for (Position at = range.start; at < range.end;) {
+        const Position end = std::min(runAt(at).end, range.end);
+        if (end <= at) break;
+        if (valueAt(at) == kChangedValue) fill(kMark, {at, end}, value);
+        at = end;
+    }
+}
+
+void ReasonMarks::textInserted(Position place) {
+    if (splitsRun(place)) change(runAt(place - 1));
 }
 
 void ReasonMarks::textDeleted(Position place, Position length) {

@@ -17,7 +17,7 @@
 #include "text/TextArea.h"
 #include "text/TrackedRanges.h"
 #include "ui/CharacterTally.h"
-#include "ui/InsertedText.h"
+#include "ui/LostLooks.h"
 #include "ui/Protection.h"
 #include "ui/ReasonMarks.h"
 #include "ui/TextBuffers.h"
@@ -175,6 +175,10 @@ private:
     class Unrecorded;
     class UndoStep;
     enum class Running { Nothing, Event, Code };
+    struct StyledRange {
+        TextRange range;
+        StyleByte style = 0;
+    };
     struct PendingStyle {
         TextRange selection;
         StyleByte style = 0;
@@ -221,6 +225,7 @@ private:
     bool isClosed() const { return isLocked_ || !protection_.empty(); }
 
     template <typename Action>
+    void finishEdit();
     bool typeCharacter(const QString& text, Action action);
     void wantPopupAtCaret();
     void pressKey(QKeyEvent& event);
@@ -257,6 +262,7 @@ private:
     mutable CharacterTally tally_;
     TextFont font_;
     StyleFormats formats_;
+    LostLooks lost_{*this, reasons_};
     StyleByte baseStyle_ = 0;
     bool isLocked_ = false;
     bool isStyled_ = false;  // some byte may have another style than `Normal Text`
@@ -274,7 +280,7 @@ private:
     bool areParenthesesMarked_ = false;
     TextRange lastSelection_;  // as last notified
     QTimer settlesLater_;
-    InsertedText inserted_;
+    std::optional<StyledRange> inserted_;  // what came in last, not laid yet
     std::optional<StyleByte> firstStyle_;  // of the first character, before it was deleted
     std::optional<PendingStyle> pendingStyle_;
     std::optional<UndoStep>* stepOfCharacter_ = nullptr;  // begun by an edit before the character is in

@@ -24,7 +24,8 @@ bool RichTextBox::viewportEvent(QEvent* event) {
 
 /// Must come before each edit of the library's.
 void RichTextBox::makeRoom(const TextBuffers::Edit& edit) {
-    requireRoom(buffers_.needFor(size(), edit) + reasons_.needForEdit());
+    requireRoom(buffers_.needFor(size(), edit) + reasons_.needForEdit() +
+                (isStyled_ ? LostLooks::needFor(edit.removed) : 0));
     const Position capacity = buffers_.capacityFor(size(), edit);
     if (capacity == 0) return;
     send(SCI_ALLOCATE, capacity);
@@ -42,7 +43,7 @@ Position RichTextBox::makeRoomForNew(std::string_view text) {
 
 void RichTextBox::makeRoomForHistory() {
     buffers_.textInserted(size(), 0);
-    requireRoom(buffers_.needForHistory());
+    requireRoom(buffers_.needForHistory() + (isStyled_ ? LostLooks::needFor(Length()) : 0));
 }
 
 /// The clipboard's copy, and what another program may ask of it.

@@ -4,24 +4,37 @@
 #include "ui/RichTextBoxGuards.h"
 
 namespace klt {
+namespace {
+
+LostLooks::Road roadOf(int kind) {
+    using Base = QsciScintillaBase;
+    if ((kind & Base::SC_PERFORMED_UNDO) != 0) return LostLooks::Road::Undo;
+    return (kind & Base::SC_PERFORMED_REDO) != 0 ? LostLooks::Road::Redo : LostLooks::Road::Edit;
+}
+
+}  // namespace
 
 void RichTextBox::noteModification(int place, int kind, int length) {
+    const auto road = roadOf(kind);
+    const TextRange range{place, place + length};
+    finishEdit();
     if ((kind & SC_MOD_BEFOREDELETE) != 0) {
+        lost_.textDeleted(range, isStyled_, road);
         if (place == 0 && !firstStyle_) firstStyle_ = StyleAt(0);
         tally_.textDeleted(*this, place, length);
         buffers_.textDeleted(size(), length);
         protection_.textDeleted(place, length);
         tracked_.textDeleted(place, length);
         reasons_.textDeleted(place, length);
-        inserted_.textDeleted(place, length);
     } else {
-        const StyleByte style = styleForInsertion(place);
+        lost_.textInserted(range, road);
+        // What undo and redo bring back has styles of its own.
+        if (road == LostLooks::Road::Edit) inserted_ = {range, styleForInsertion(place)};
         tally_.textInserted(*this, place, length);
         buffers_.textInserted(size(), length);
         protection_.textInserted(place, length);
         tracked_.textInserted(place, length);
         reasons_.textInserted(place);
-        inserted_.textInserted(place, length, style);
     }
     edited_ = true;
     changed_ = changed_ || masks_ == 0;
@@ -36,7 +49,13 @@ StyleByte RichTextBox::styleForInsertion(Position place) const {
 }
 
 void RichTextBox::styleInserted() {
-    for (const auto& piece : inserted_.take()) layStyle(piece.range, piece.style);
+    if (const auto piece = std::exchange(inserted_, std::nullopt)) layStyle(piece->range, piece->style);
+}
+
+/// Lays what the last insertion or deletion is to be followed by; Scintilla tells before each, not behind.
+void RichTextBox::finishEdit() {
+    styleInserted();
+    lost_.bringBack();
 }
 
 void RichTextBox::noteInterfaceUpdate(int what) {
@@ -46,7 +65,7 @@ void RichTextBox::noteInterfaceUpdate(int what) {
 }
 
 void RichTextBox::settle() {
-    styleInserted();
+    finishEdit();
     firstStyle_.reset();
     const TextRange now = selection();
     const TextRange whole = snapped(now.start, now.end - now.start);
@@ -101,6 +120,7 @@ void RichTextBox::Undo() {
     makeRoomForHistory();
     const Gate gate(*this);
     send(SCI_UNDO);
+    finishEdit();
 }
 
 void RichTextBox::Redo() {
@@ -109,10 +129,12 @@ void RichTextBox::Redo() {
     makeRoomForHistory();
     const Gate gate(*this);
     send(SCI_REDO);
+    finishEdit();
 }
 
 void RichTextBox::EmptyUndoBuffer() {
     send(SCI_EMPTYUNDOBUFFER);
+    lost_.clear();
     buffers_.forgetHistory(size());
 }
 

@@ -37,7 +37,7 @@ void RichTextBox::replaceAll(std::string_view text) {
     send(SCI_SETXOFFSET, 0);
     send(SCI_SETFIRSTVISIBLELINE, 0);
     send(SCI_SETSCROLLWIDTH, 1);
-    inserted_.take();
+    inserted_.reset();
     pendingStyle_.reset();
     edited_ = true;
     changed_ = changed_ || masks_ == 0;
@@ -50,13 +50,18 @@ bool RichTextBox::replaceWhole(std::string_view text) {
     text = detached(text, store);
     const auto in = TextBuffers::Edit::of(text, Length());
     makeRoom(in);
-    SetBaseStyle(0);
+    protection_.clear();
+    protectionChanged(false);
     const bool isReplaced = edit({0, Length()}, in.added, in.lines, [&] {
         const UndoStep step(*this);
         send(SCI_SETTARGETRANGE, 0, Length());
         sendText(SCI_REPLACETARGET, text);
-        styleInserted();
+        // All of it is new, and comes in `Normal Text`.
+        inserted_.reset();
     });
+    baseStyle_ = 0;
+    isStyled_ = false;
+    reasons_.forget({0, Length()});
     place({0, 0}, false);
     return isReplaced;
 }

@@ -160,6 +160,42 @@ TEST_F(ErrorWalkTest, TheFirstKeyThatAProtectedLineRefusesTellsWhy) {
     EXPECT_FALSE(isTold());
 }
 
+TEST_F(ErrorWalkTest, FindsAWrongLineThatUndoOrRedoBroughtBack) {
+    openNew();
+    RichTextBox& text = box();
+    text.SetText("[ADS]\r\nSea Legs, 5\r\nRope, 5x\r\nEar, 5\r\n");
+    runCommand(editor(), "T6");
+    activate(window());
+    const std::string styles = text.Styles();
+    const auto wrong = text.Text().find("Rope");
+    const auto expectFound = [&](const char* what) {
+        text.SetSelStart(0);
+        key(Qt::Key_F8);
+        EXPECT_EQ(text.SelText(), " 5x") << what;
+        EXPECT_EQ(text.errorAt(text.SelStart()), "not a cost") << what;
+    };
+
+    text.SetSelStart(static_cast<Position>(wrong));
+    key(Qt::Key_Down, kShift);
+    key(Qt::Key_Delete);
+    text.SetSelStart(0);
+    key(Qt::Key_F8);
+    EXPECT_EQ(text.SelLength(), 0) << "gone";
+    key(Qt::Key_Z, kCtrl);
+    EXPECT_EQ(text.Styles(), styles);
+    expectFound("deleted and undone");
+
+    text.SetSelStart(static_cast<Position>(text.Text().find("x\r")));
+    key(Qt::Key_Backspace);
+    for (int step = 0; step < 2; ++step) {
+        key(Qt::Key_Z, kCtrl);
+        expectFound("a part of it");
+        key(Qt::Key_Y, kCtrl);
+    }
+    key(Qt::Key_Z, kCtrl);
+    EXPECT_EQ(text.Styles(), styles);
+}
+
 TEST_F(ErrorWalkTest, EveryReasonIsKeptHoweverManyThereAre) {
     openNew();
     std::string lines = "[ADS]\r\n";

@@ -109,8 +109,9 @@ protected:
         changed(0);
     }
     bool replaceWhole(std::string_view text) override {
-        ColourRun(0, Length(), 0);
+        marks_.assign(text_.size(), '\0');
         selection_ = {0, Length()};
+        selStyle_ = 0;
         replaceSelection(text, {});
         moveTo({0, 0});
         return true;
@@ -125,7 +126,7 @@ protected:
         const auto style = selStyle_;
         if (groups_ == 0 || !groupHasStep_) undo_.emplace_back();
         groupHasStep_ = groups_ > 0;
-        undo_.back().push_back(apply({start, text_.substr(at(start), at(end - start)), in}));
+        undo_.back().push_back(apply({start, text_.substr(at(start), at(end - start)), in, {}}));
         redo_.clear();
         const Position newEnd = start + static_cast<Position>(in.size());
         if (style) fill(styles_, {start, newEnd}, *style);
@@ -145,6 +146,7 @@ private:
         Position place;
         std::string out;
         std::string in;
+        std::optional<std::string> styles;  // of `in`; else the style at its place
     };
     // Each edit takes one back, the last one first.
     using Step = std::vector<Edit>;
@@ -175,10 +177,11 @@ private:
         tracked_.textDeleted(edit.place, static_cast<Position>(edit.out.size()));
         tracked_.textInserted(edit.place, static_cast<Position>(edit.in.size()));
         text_.replace(at(edit.place), edit.out.size(), edit.in);
+        const std::string lost = styles_.substr(at(edit.place), edit.out.size());
         styles_.replace(at(edit.place), edit.out.size(),
-                        std::string(edit.in.size(), static_cast<char>(style)));
+                        edit.styles.value_or(std::string(edit.in.size(), static_cast<char>(style))));
         marks_.replace(at(edit.place), edit.out.size(), std::string(edit.in.size(), '\0'));
-        return {edit.place, edit.in, edit.out};
+        return {edit.place, edit.in, edit.out, lost};
     }
     void replay(std::vector<Step>& from, std::vector<Step>& to) {
         if (from.empty()) return;

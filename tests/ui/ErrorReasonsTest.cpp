@@ -81,7 +81,7 @@ TEST(ErrorReasons, StayWithTheirTextUntilItIsEdited) {
         {"undone in front", one, [&](Box& box) { typeAt(0)(box), box.Undo(); }, {"", kCost, ""}},
         {"redone in front", one, [&](Box& box) { typeAt(0)(box), box.Undo(), box.Redo(); }, {"", kCost, ""}},
         {"brought back in front", one, [&](Box& box) { deleteFrom(0, 1)(box), box.Undo(); }, {"", kCost, ""}},
-        {"undone inside", one, [&](Box& box) { typeAt(3)(box), box.Undo(); }, {"", kChanged, ""}},
+        {"undone inside", one, [&](Box& box) { typeAt(3)(box), box.Undo(); }, {"", kCost, ""}},
         {"coloured anew", one, [](Box& box) { box.ColourRun(0, 9, 5); }, {""}},
         {"in the base format", one, [](Box& box) { box.SetBaseStyle(kRed); }, {kChanged}},
         {"another text", all, [](Box& box) { box.SetText("x"), box.ColourRun(0, 1, kRed); }, {kChanged}},

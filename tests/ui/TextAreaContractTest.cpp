@@ -399,8 +399,11 @@ TEST_P(TextAreaContract, ReplacesAllOfTheTextInOneStep) {
         EXPECT_TRUE(area.ProtectedRuns().empty());
         EXPECT_EQ(changes, 1);
         expectUndo({"Version=2\r\nab"});
+        EXPECT_EQ(styleDigits(area), "9999999990044");
+        EXPECT_TRUE(area.ProtectedRuns().empty());
         area.Redo();
         EXPECT_EQ(area.Text(), whole);
+        EXPECT_EQ(styleDigits(area), std::string(strlen(whole), '0'));
     }
 }
 
