@@ -18,7 +18,9 @@
 #include "platform/MemoryRoom.h"
 #include "platform/Paths.h"
 #include "platform/ProgramNames.h"
+#include "settings/Catalogue.h"
 #include "ui/MessageBox.h"
+#include "ui/TextZoom.h"
 
 namespace klt {
 
@@ -71,12 +73,23 @@ Editor::Editor(Store& store, Instances* instances, std::string commandLine)
         if (window_) window_->notices().tell("There is not enough memory for this. Nothing was changed.");
     });
     onLackOfMemory([this] { lack_.start(); });
+    keepZoom();
 }
 
 Editor::~Editor() {
     onLackOfMemory({});
     // The window goes last and must not reach what is gone by then.
     if (window_) window_->disconnect(this);
+}
+
+void Editor::keepZoom() {
+    for (const auto& [which, setting] : {std::pair(TextZoom::Of::Documents, &settings::kZoom),
+                                         std::pair(TextZoom::Of::Fields, &settings::kFieldZoom)}) {
+        TextZoom& zoom = TextZoom::of(which);
+        zoom.set(readSetting(store_, *setting));
+        connect(&zoom, &TextZoom::changed, this,
+                [this, setting](int points) { writeSetting(store_, *setting, points); });
+    }
 }
 
 frmMDIKLTEditor& Editor::mainWindow() {

@@ -72,6 +72,7 @@ public:
     SessionEnd sessionEnd;
 
 private:
+    void keepZoom();
     void wireWindow();
     void listen();
     void watch(frmKLTEditor& document);

@@ -105,6 +105,10 @@ inline constexpr NumberSetting kTop{"KLTEditor", "Top", 105, kPlace};
 inline constexpr NumberSetting kLeft{"KLTEditor", "Left", 150, kPlace};
 inline constexpr NumberSetting kHeight{"KLTEditor", "Height", 7020, kSize};
 inline constexpr NumberSetting kWidth{"KLTEditor", "Width", 9330, kSize};
+/// By how many points the texts of documents, and of fields and previews, are larger than their font says.
+inline constexpr Bounds kZoomBounds{-10, 20};
+inline constexpr NumberSetting kZoom{"KLTEditor", "Zoom", 0, kZoomBounds};
+inline constexpr NumberSetting kFieldZoom{"KLTEditor", "FieldZoom", 0, kZoomBounds};
 inline constexpr TextSetting kDataFilesPath{"KLTEditor", "Data Files Path"};
 inline constexpr TextSetting kVersion{"KLTEditor", "Version"};
 

@@ -1,11 +1,6 @@
 #include "ui/RichTextBox.h"
 
-#include <QEvent>
-#include <QLineEdit>
-#include <QPainter>
 #include <QStringList>
-#include <QStyle>
-#include <QStyleOptionFrame>
 #include <algorithm>
 
 #include "language/StyleCategory.h"
@@ -35,7 +30,7 @@ RichTextBox::RichTextBox(Kind kind, QWidget* parent)
     setUpText();
     setUpKeys();
     setUpMarks();
-    applyFormats();
+    setUpLooks();
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
             [this](int place, int kindOfChange, const char*, int length) {
                 noteModification(place, kindOfChange, length);
@@ -61,67 +56,6 @@ void RichTextBox::setUpText() {
     if (kind_ != Kind::Field) return;
     send(SCI_SETHSCROLLBAR, 0);
     send(SCI_SETVSCROLLBAR, 0);
-    setFrameStyle(StyledPanel | Sunken);
-}
-
-void RichTextBox::setTextFont(const TextFont& font) {
-    if (std::exchange(font_, font) != font) applyFormats();
-}
-
-void RichTextBox::setStyleFormats(const StyleFormats& formats) {
-    if (std::exchange(formats_, formats) != formats) applyFormats();
-}
-
-void RichTextBox::applyFormats() {
-    SendScintilla(SCI_STYLESETFONT, static_cast<unsigned long>(STYLE_DEFAULT),
-                  font_.family.toUtf8().constData());
-    send(SCI_STYLESETSIZEFRACTIONAL, STYLE_DEFAULT, font_.twips * SC_FONT_SIZE_MULTIPLIER / 20);
-    // A dark desktop must not make the text unreadable. What is disabled looks like a button.
-    const bool isLive = isEnabled();
-    const QColor ink = isLive ? QColor(Qt::black) : palette().color(QPalette::Active, QPalette::ButtonText);
-    const QColor paper = isLive ? QColor(Qt::white) : palette().color(QPalette::Active, QPalette::Button);
-    SendScintilla(SCI_STYLESETFORE, static_cast<unsigned long>(STYLE_DEFAULT), ink);
-    SendScintilla(SCI_STYLESETBACK, static_cast<unsigned long>(STYLE_DEFAULT), paper);
-    send(SCI_STYLECLEARALL);
-    for (size_t style = 0; style < formats_.size(); ++style) {
-        const StyleFormat& format = formats_[style];
-        SendScintilla(SCI_STYLESETFORE, style, isLive ? format.colour : ink);
-        send(SCI_STYLESETBOLD, static_cast<Position>(style), format.bold ? 1 : 0);
-        send(SCI_STYLESETITALIC, static_cast<Position>(style), format.italic ? 1 : 0);
-    }
-    SendScintilla(SCI_SETCARETFORE, QColor(Qt::black));
-    SendScintilla(SCI_SETSELBACK, 1UL, palette().color(QPalette::Highlight));
-    SendScintilla(SCI_SETSELFORE, 1UL, palette().color(QPalette::HighlightedText));
-    if (kind_ == Kind::Field) fitHeight();
-}
-
-/// As high as a line edit, with the line in the middle.
-void RichTextBox::fitHeight() {
-    send(SCI_SETEXTRAASCENT, 0);
-    send(SCI_SETEXTRADESCENT, 0);
-    const auto line = static_cast<int>(send(SCI_TEXTHEIGHT, 0)) + 2 * frameWidth();
-    const int height = std::max(line, QLineEdit().sizeHint().height());
-    send(SCI_SETEXTRAASCENT, (height - line) / 2);
-    send(SCI_SETEXTRADESCENT, (height - line) / 2);
-    setFixedHeight(height);
-}
-
-/// The frame of a field that has the focus is a line edit's.
-void RichTextBox::showFocus(QEvent::Type event) {
-    if (event == QEvent::FocusIn || event == QEvent::FocusOut) update();
-    if (event != QEvent::Paint || !hasFocus()) return;
-    QStyleOptionFrame option;
-    initStyleOption(&option);
-    option.state |= QStyle::State_HasFocus;
-    QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_FrameLineEdit, &option, &painter, this);
-}
-
-void RichTextBox::changeEvent(QEvent* event) {
-    QsciScintillaBase::changeEvent(event);
-    const auto type = event->type();
-    if (type == QEvent::PaletteChange || type == QEvent::StyleChange || type == QEvent::EnabledChange)
-        applyFormats();
 }
 
 Position RichTextBox::send(unsigned message, Position first, Position second) const {

@@ -42,8 +42,8 @@ class RichTextBox : public QsciScintillaBase, public TextArea {
     Q_PROPERTY(QByteArray SelText READ selTextBytes WRITE setSelTextBytes NOTIFY SelChange)
 
 public:
-    /// A document takes Tab as text and can be zoomed; a preview has many lines too, but Tab leaves it; a
-    /// field has one line, and leaves Enter, Escape, Tab and the keys up and down to its window.
+    /// A document takes Tab as text; a preview has many lines too, but Tab leaves it; a field has one line,
+    /// and leaves Enter, Escape, Tab and the keys up and down to its window. Each can be zoomed (`TextZoom`).
     enum class Kind { Document, Preview, Field };
 
     /// The indicators that mark the parenthesis at the caret: with its partner in the logical line, and
@@ -197,11 +197,16 @@ private:
     Position sendText(unsigned message, std::string_view text) const;
 
     void setUpText();
-    void showFocus(QEvent::Type event);
     void setUpKeys();
     void setUpMarks();
+    void setUpLooks();
     void applyFormats();
+    int fontSize() const;
+    QColor paper() const;
+    void colourSelection();
     void fitHeight();
+    void paintFrame();
+    void showFocus(QEvent::Type event);
 
     TextRange selection() const;
     TextRange snapped(Position start, Position length) const;
@@ -220,12 +225,12 @@ private:
     StyleByte styleForInsertion(Position place) const;
     void layStyle(TextRange range, StyleByte style);
     void styleInserted();
+    void finishEdit();
     void protectionChanged(bool grown);
     /// Scintilla is to refuse what did not come through a gate.
     bool isClosed() const { return isLocked_ || !protection_.empty(); }
 
     template <typename Action>
-    void finishEdit();
     bool typeCharacter(const QString& text, Action action);
     void wantPopupAtCaret();
     void pressKey(QKeyEvent& event);
@@ -257,12 +262,13 @@ private:
     Protection protection_;
     TrackedRanges tracked_;
     ReasonMarks reasons_{*this};
+    LostLooks lost_{*this, reasons_};
     ErrorTip* tip_ = nullptr;
     TextBuffers buffers_;
     mutable CharacterTally tally_;
     TextFont font_;
     StyleFormats formats_;
-    LostLooks lost_{*this, reasons_};
+    std::pair<QColor, QColor> selectionColours_;  // behind the text, and of it
     StyleByte baseStyle_ = 0;
     bool isLocked_ = false;
     bool isStyled_ = false;  // some byte may have another style than `Normal Text`

@@ -89,15 +89,14 @@ void RichTextBox::setUpKeys() {
     send(SCI_CLEARALLCMDKEYS);
     std::for_each(kMovements.begin(), kMovements.end(), assignMovement);
     std::for_each(kChords.begin(), kChords.end(), assignChord);
-    if (kind_ == Kind::Field) return;
-    std::for_each(kMovementsAmongLines.begin(), kMovementsAmongLines.end(), assignMovement);
-    std::for_each(kChordsAmongLines.begin(), kChordsAmongLines.end(), assignChord);
-    if (kind_ == Kind::Preview) return;
     for (const Chord& row : kZoomChords) {
         assignChord(row);
         // Where "+" or a digit is typed with Shift.
         assign(row.key, kCtrl | kShift, row.message);
     }
+    if (kind_ == Kind::Field) return;
+    std::for_each(kMovementsAmongLines.begin(), kMovementsAmongLines.end(), assignMovement);
+    std::for_each(kChordsAmongLines.begin(), kChordsAmongLines.end(), assignChord);
 }
 
 bool RichTextBox::handleEditingKey(const QKeyEvent& event) {

@@ -11,7 +11,7 @@ namespace klt {
 bool RichTextBox::event(QEvent* event) {
     bool isTaken = true;
     tryStep([&] { isTaken = QsciScintillaBase::event(event); });
-    if (kind_ == Kind::Field) showFocus(event->type());
+    showFocus(event->type());
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) markParentheses();
     return isTaken;
 }

@@ -96,11 +96,11 @@ void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void RichTextBox::wheelEvent(QWheelEvent* event) {
     const bool zooms = (event->modifiers() & Qt::ControlModifier) != 0;
-    if (kind_ == Kind::Field || (zooms && kind_ != Kind::Document)) {
-        event->ignore();
-    } else if (zooms) {
+    if (zooms) {
         if (event->angleDelta().y() != 0) send(event->angleDelta().y() > 0 ? SCI_ZOOMIN : SCI_ZOOMOUT);
         event->accept();
+    } else if (kind_ == Kind::Field) {
+        event->ignore();
     } else {
         QsciScintillaBase::wheelEvent(event);
     }

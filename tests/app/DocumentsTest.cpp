@@ -136,6 +136,25 @@ struct TitleStyle : QProxyStyle {
     }
 };
 
+TEST_F(DocumentsTest, ShareOneZoomThatIsRemembered) {
+    const auto zoom = [&] { return box().SendScintilla(RichTextBox::SCI_GETZOOM); };
+    openNew();
+    openNew();
+    key(Qt::Key_Plus, kCtrl);
+    EXPECT_EQ(setting("KLTEditor", "Zoom"), "1");
+    EXPECT_EQ(setting("KLTEditor", "FieldZoom"), "(none)");
+    EXPECT_EQ(document(0).RichTextBox1->SendScintilla(RichTextBox::SCI_GETZOOM), 1);
+    openNew();
+    EXPECT_EQ(zoom(), 1);
+
+    for (const auto& [stored, read] : {std::pair("3", 3), {"99", 20}, {"x", 0}}) {
+        set("KLTEditor", "Zoom", stored);
+        restart();
+        openNew();
+        EXPECT_EQ(zoom(), read) << stored;
+    }
+}
+
 TEST_F(DocumentsTest, TitlesShowANameAsItIs) {
     TitleStyle style;
     const auto seen = [](QString title) { return title.remove(QChar(0x200B)).toStdString(); };

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <functional>
@@ -302,25 +303,71 @@ TEST(RichTextBox, NoModifierMakesTheMouseSelectRectangles) {
     }
 }
 
-TEST(RichTextBox, OnlyDocumentsZoom) {
-    for (const auto kind : {Kind::Document, Kind::Preview, Kind::Field}) {
-        const bool zooms = kind == Kind::Document;
-        Box box(kind, "text");
-        const auto zoom = [&] { return box.SendScintilla(Box::SCI_GETZOOM); };
-        const auto wheel = [&](int delta) {
-            QWheelEvent event({5, 5}, box.mapToGlobal(QPointF(5, 5)), {}, {0, delta}, {}, kCtrl,
+TEST(RichTextBox, AllOfOneSortZoomTogether) {
+    Box document(Kind::Document, "text"), other(Kind::Document, "text");
+    Box preview(Kind::Preview, "text"), field(Kind::Field, "text");
+    const auto zoom = [](const Box& box) { return box.SendScintilla(Box::SCI_GETZOOM); };
+    const int height = field.height();
+    const std::tuple<Box*, Box*, Box*> rows[] = {
+        {&document, &other, &field}, {&preview, &field, &other}, {&field, &preview, &document}};
+    for (const auto& [used, same, apart] : rows) {
+        const auto wheel = [&, box = used](int delta) {
+            QWheelEvent event({5, 5}, box->mapToGlobal(QPointF(5, 5)), {}, {0, delta}, {}, kCtrl,
                               Qt::NoScrollPhase, false);
-            QApplication::sendEvent(box.viewport(), &event);
+            QApplication::sendEvent(box->viewport(), &event);
         };
-        box.key(Qt::Key_Plus, kCtrl);
-        box.key(Qt::Key_Equal, kCtrl);
+        for (int step = 0; step < 6; ++step) used->key(Qt::Key_Plus, kCtrl);
+        used->key(Qt::Key_Equal, kCtrl);
         wheel(120);
-        EXPECT_EQ(zoom(), zooms ? 3 : 0);
-        box.key(Qt::Key_Minus, kCtrl);
+        EXPECT_EQ(zoom(*used), 8);
+        EXPECT_EQ(zoom(*same), 8);
+        EXPECT_EQ(zoom(*apart), 0);
+        EXPECT_EQ(field.height() > height, used != &document) << "a field is as high as its line";
+        used->key(Qt::Key_Minus, kCtrl);
         wheel(-120);
-        EXPECT_EQ(zoom(), zooms ? 1 : 0);
-        box.key(Qt::Key_0, kCtrl);
-        EXPECT_EQ(zoom(), 0);
+        EXPECT_EQ(zoom(*used), 6);
+        EXPECT_EQ(zoom(Box(used->kind())), 6) << "a later one";
+        used->key(Qt::Key_0, kCtrl);
+        EXPECT_EQ(zoom(*used) + zoom(*same), 0);
+        EXPECT_EQ(field.height(), height);
+    }
+}
+
+TEST(RichTextBox, FieldsAndPreviewsAreWrittenNoSmallerThanTheDesktop) {
+    const auto size = [](const Box& box) {
+        return box.SendScintilla(Box::SCI_STYLEGETSIZE, static_cast<unsigned long>(Box::STYLE_DEFAULT));
+    };
+    const QScopeGuard back([font = QApplication::font()] { QApplication::setFont(font); });
+    Box document, preview(Kind::Preview), field(Kind::Field);
+    for (const auto& [desktop, previews, fields] : {std::tuple(6, 10, 9), {20, 20, 20}, {6, 10, 9}}) {
+        QFont font = QApplication::font();
+        font.setPointSize(desktop);
+        QApplication::setFont(font);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(size(document), 10);
+        EXPECT_EQ(size(preview), previews);
+        EXPECT_EQ(size(field), fields);
+    }
+}
+
+TEST(RichTextBox, ASelectionKeepsThePalettesColours) {
+    Box box(Kind::Document, "     ");
+    QPalette palette = box.palette();
+    palette.setColor(QPalette::Active, QPalette::Highlight, Qt::red);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, Qt::green);
+    box.setPalette(palette);
+    box.Select(0, 5);
+    const auto shown = [&] { return box.viewport()->grab().toImage().pixelColor(box.pointOf(2)); };
+    for (const bool hasFocus : {true, false, true}) {
+        box.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+        hasFocus ? box.setFocus() : box.clearFocus();
+        ASSERT_EQ(box.hasFocus(), hasFocus);
+        const QColor colour = hasFocus ? Qt::red : Qt::green;
+        EXPECT_EQ(shown(), colour);
+        // Another program has selected something.
+        emit QGuiApplication::clipboard()->selectionChanged();
+        EXPECT_EQ(shown(), colour);
     }
 }
 
