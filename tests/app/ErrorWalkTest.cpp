@@ -172,7 +172,7 @@ TEST_F(ErrorWalkTest, FindsAWrongLineThatUndoOrRedoBroughtBack) {
         text.SetSelStart(0);
         key(Qt::Key_F8);
         EXPECT_EQ(text.SelText(), " 5x") << what;
-        EXPECT_EQ(text.errorAt(text.SelStart()), "not a cost") << what;
+        EXPECT_EQ(text.errorAt(text.SelStart()), "not a cost: 5x") << what;
     };
 
     text.SetSelStart(static_cast<Position>(wrong));
