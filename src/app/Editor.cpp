@@ -88,7 +88,7 @@ void Editor::keepZoom() {
         TextZoom& zoom = TextZoom::of(which);
         zoom.set(readSetting(store_, *setting));
         connect(&zoom, &TextZoom::changed, this,
-                [this, setting](int points) { writeSetting(store_, *setting, points); });
+                [this, stored = setting](int points) { writeSetting(store_, *stored, points); });
     }
 }
 

@@ -87,8 +87,7 @@ std::string_view RichTextBox::Slice(Position start, Position end) const {
 
 void RichTextBox::CopyText(char* target) const {
     const Position gap = send(SCI_GETGAPPOSITION);
-    for (const auto part : {Slice(0, gap), Slice(gap, Length())})
-        target += part.copy(target, part.size());
+    for (const auto part : {Slice(0, gap), Slice(gap, Length())}) target += part.copy(target, part.size());
 }
 
 Position RichTextBox::CharacterCount() const {
