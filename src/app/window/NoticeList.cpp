@@ -5,7 +5,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "app/window/NoticeText.h"
@@ -43,19 +42,23 @@ void NoticeList::showNotices(const std::vector<PendingNotice>& notices) {
     auto* content = new QWidget;
     content->setBackgroundRole(QPalette::ToolTipBase);
     auto* column = new QVBoxLayout(content);
-    int index = 0;
-    for (const auto& notice : notices | std::views::reverse) {
+    const int count = static_cast<int>(notices.size());
+    for (int index = 0; index < count; ++index) {
         if (index > 0) column->addWidget(makeLine(content));
-        column->addWidget(makeRow(notice, index++));
+        // The newest first.
+        column->addWidget(makeRow(notices[notices.size() - 1 - static_cast<size_t>(index)], index));
     }
     column->addStretch();
     // One of its buttons may be at work.
     if (auto* old = scroll_->takeWidget()) old->deleteLater();
     scroll_->setWidget(content);
-    if (notices.empty()) return close(), void();
+    if (notices.empty()) {
+        close();
+        return;
+    }
     if (!isVisible()) return;
     place();
-    focusRow(std::min(focused, index - 1));
+    focusRow(std::min(focused, count - 1));
 }
 
 void NoticeList::popUp(const std::vector<PendingNotice>& notices) {
