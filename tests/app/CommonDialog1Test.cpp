@@ -162,6 +162,8 @@ TEST_F(CommonDialog1Test, TheColumnsAreAsWideAsWhatTheyHold) {
         };
         for (const int column : {0, 1, 2, 3})
             EXPECT_TRUE(QTest::qWaitFor([&] { return fits(column); })) << column;
+        const auto type = list->model()->index(0, 2, list->rootIndex()).data().toString();
+        EXPECT_EQ(type.toStdString(), "KLT file") << "by its name: what stands in it is not read";
     });
 }
 

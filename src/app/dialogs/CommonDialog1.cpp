@@ -14,6 +14,7 @@
 #include <QTreeView>
 #include <algorithm>
 
+#include "app/dialogs/FileIcons.h"
 #include "platform/Paths.h"
 #include "platform/ProgramNames.h"
 #include "text/TextOperations.h"
@@ -37,6 +38,9 @@ public:
     Dialog(CommonDialog1& properties) : properties_(properties) {
         setObjectName("CommonDialog1");
         setOptions(DontUseNativeDialog | DontUseCustomDirectoryIcons);
+        // The thread that reads folders ends behind the dialog.
+        static FileIcons icons;
+        setIconProvider(&icons);
         // Behind the dialog's own connections, which enable the button too.
         connect(this, &QFileDialog::currentChanged, this, [this] { police(); });
         connect(nameEdit(), &QLineEdit::textChanged, this, [this] { police(); });
