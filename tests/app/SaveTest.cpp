@@ -59,6 +59,22 @@ TEST_F(SaveTest, SaveAsAsksBeforeItReplacesAFile) {
     EXPECT_EQ(readBytes(path + "~"), "old") << "it was not seen here";
 }
 
+TEST_F(SaveTest, AnEncodingThatACharacterChangesIsTold) {
+    const auto path = file("a.klt", "\xC9t\xE9");
+    open(path);
+    type("x");
+    run("F4");
+    EXPECT_EQ(notice(), "");
+    box().SetSelText("\u0416");
+    run("F4");
+    EXPECT_EQ(notice(),
+              path + ": the encoding changes from Windows-1252 to UTF-8, since a character asks for it.");
+    EXPECT_EQ(readBytes(path), "x\u0416\u00c9t\u00e9");
+    type("x");
+    run("F4");
+    EXPECT_EQ(notice(), "") << "it is over with the next save";
+}
+
 TEST_F(SaveTest, EncodingsComeBackAsTheyWere) {
     const std::tuple<const char*, std::string, std::string> rows[] = {
         {"windows", "caf\xE9\r\n", "xcaf\xE9\r\n"},
