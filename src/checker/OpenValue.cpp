@@ -7,10 +7,6 @@
 namespace klt {
 namespace {
 
-constexpr bool isLetter(char c) {
-    return toLower(c) >= 'a' && toLower(c) <= 'z';
-}
-
 /// The word that opens the parenthesis at `at`, with it.
 std::string_view opener(std::string_view text, size_t at) {
     auto start = at;

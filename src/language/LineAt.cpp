@@ -17,31 +17,14 @@ size_t lineStart(std::string_view text, size_t offset) {
     return end == text.npos ? 0 : end + kLineEnd.size();
 }
 
-/// Whether a line that ends so may go on in the next one.
-bool mayGoOn(std::string_view physicalLine) {
-    const auto trimmed = trimBlanks(physicalLine);
-    return !trimmed.empty() && std::string_view("_,|").find(trimmed.back()) != std::string_view::npos;
-}
-
-/// The start of a line at or above `start`, which begins a physical line, in front of which no line goes on.
-size_t certainStart(std::string_view text, size_t start) {
-    while (start > 0) {
-        const auto end = start - kLineEnd.size();
-        const auto above = lineStart(text, end);
-        if (!mayGoOn(text.substr(above, end - above))) break;
-        start = above;
-    }
-    return start;
-}
-
 struct Walked {
     size_t start, end;
     LineKind kind;
 };
 
-/// Walks on from a line's start to the line that holds `offset`.
+/// Walks on from where a line begins for certain to the line that holds `offset`.
 Walked walkTo(std::string_view text, size_t offset, Section section) {
-    for (auto start = certainStart(text, lineStart(text, offset));;) {
+    for (auto start = lineStartBefore(text, offset).value_or(0);;) {
         const auto end = lineEnd(text, start);
         const auto kind = classifyLine(text.substr(start, end - start), section);
         const auto next = nextLine(text, start, end, kind);

@@ -6,21 +6,19 @@
 namespace klt {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
-
 bool isOfPrefix(char c) {
-    return (toLower(c) >= 'a' && toLower(c) <= 'z') || c == '_';
+    return isLetter(c) || c == '_';
 }
 
 /// Whether a name may end in front of this text.
 bool endsName(std::string_view behind) {
     constexpr std::string_view kSigns = ",|<>=+-*/)}\"_";
-    const auto start = behind.find_first_not_of(kBlanks);
+    const auto start = behind.find_first_not_of(kBlanksAndTabs);
     if (start == behind.npos) return true;
     const auto rest = behind.substr(start);
     if (kSigns.find(rest.front()) != kSigns.npos) return true;
     if (start == 0) return false;
-    const auto word = rest.substr(0, rest.find_first_of(kBlanks));
+    const auto word = rest.substr(0, rest.find_first_of(kBlanksAndTabs));
     return kBonusKeywords.find(word) >= 0 || kIfKeywords.find(word) >= 0 || kPackageWords.find(word) >= 0;
 }
 

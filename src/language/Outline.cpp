@@ -8,18 +8,10 @@
 namespace klt {
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
-
-std::string_view trimmed(std::string_view text) {
-    const auto start = text.find_first_not_of(kBlanks);
-    if (start == text.npos) return {};
-    return text.substr(start, text.find_last_not_of(kBlanks) - start + 1);
-}
-
 /// Without the mark at its end by which the line goes on.
 std::string_view withoutMark(std::string_view line) {
-    line = trimmed(line);
-    return line.ends_with('_') ? trimmed(line.substr(0, line.size() - 1)) : line;
+    line = trimBlanksAndTabs(line);
+    return line.ends_with('_') ? trimBlanksAndTabs(line.substr(0, line.size() - 1)) : line;
 }
 
 /// Up to the comma outside parentheses, or to the comment.
@@ -30,7 +22,7 @@ std::string_view itemName(std::string_view line) {
         if (c == '(') ++open;
         if (c == ')' && open > 0) --open;
         if ((c == ',' && open == 0) || (c == '/' && line.substr(i + 1).starts_with('/')))
-            return trimmed(line.substr(0, i));
+            return trimBlanksAndTabs(line.substr(0, i));
     }
     return withoutMark(line);
 }
@@ -43,7 +35,7 @@ std::string_view shownOf(LineKind kind, std::string_view line) {
             return withoutMark(line);
         case LineKind::SectionHeader:
         case LineKind::SubsectionHeader:
-            return trimmed(line);
+            return trimBlanksAndTabs(line);
         default:
             return {};
     }
@@ -86,7 +78,7 @@ std::string_view OutlineEntry::name() const {
         inner = inner.substr(0, inner.find_first_of("=}"));
     else if (inner.ends_with('>') || inner.ends_with(']'))
         inner.remove_suffix(1);
-    return trimmed(inner);
+    return trimBlanksAndTabs(inner);
 }
 
 void walkOutline(std::string_view text, const std::function<void(const OutlineEntry&)>& visit) {

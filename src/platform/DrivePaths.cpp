@@ -19,10 +19,6 @@ namespace {
 constexpr std::string_view kDevices = "/dosdevices";
 constexpr std::string_view kFirstDrive = "drive_c";
 
-bool isLetter(char c) {
-    return toLower(c) >= 'a' && toLower(c) <= 'z';
-}
-
 bool isDrivePath(std::string_view path) {
     return path.size() > 2 && isLetter(path[0]) && path[1] == ':' && path[2] == '\\';
 }

@@ -4,13 +4,13 @@
 #include <unordered_map>
 #include <utility>
 
+#include "text/Ascii.h"
 #include "text/Unicode.h"
 
 namespace klt {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kLineEnds = "\r\n";
 
 struct Line {
@@ -25,14 +25,8 @@ struct Row {
 };
 
 std::string_view withoutIndent(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanksAndTabs), text.size()));
     return text;
-}
-
-// Of blanks alone their end: there the value comes that is put behind them.
-std::string_view trimmed(std::string_view text) {
-    text = withoutIndent(text);
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
 Line lineAt(std::string_view text, size_t start) {
@@ -52,7 +46,7 @@ std::optional<std::string_view> headerOf(std::string_view line) {
 std::optional<Row> rowOf(std::string_view line) {
     const auto equals = line.find('=');
     if (line.starts_with(';') || equals == line.npos) return std::nullopt;
-    return Row{trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1))};
+    return Row{trimBlanksAndTabs(line.substr(0, equals)), trimBlanksAndTabs(line.substr(equals + 1))};
 }
 
 // The offset behind the section's header line.

@@ -27,6 +27,9 @@ constexpr char toLower(char c) {
 constexpr char toUpper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
 }
+constexpr bool isLetter(char c) {
+    return toLower(c) >= 'a' && toLower(c) <= 'z';
+}
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
@@ -44,6 +47,15 @@ constexpr std::string_view trimBlanks(std::string_view text) {
     while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
     while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
     return text;
+}
+
+inline constexpr std::string_view kBlanksAndTabs = " \t";
+
+/// Without the blanks and tabs at both ends: of these alone the end of them is left.
+constexpr std::string_view trimBlanksAndTabs(std::string_view text) {
+    const auto first = text.find_first_not_of(kBlanksAndTabs);
+    text.remove_prefix(first == text.npos ? text.size() : first);
+    return text.substr(0, text.find_last_not_of(kBlanksAndTabs) + 1);
 }
 
 /// The offset of `what` in `text` at or behind `from`, in any case; npos if there is none.

@@ -50,8 +50,7 @@ std::string_view behind(std::string_view text, char c) {
 std::string withShortPrefix(std::string_view line) {
     const auto start = line.find('=') + 1, colon = line.find(':');
     const auto prefix = colon == line.npos ? std::string_view() : line.substr(start, colon - start);
-    const bool isWord =
-        std::ranges::all_of(prefix, [](char c) { return toLower(c) >= 'a' && toLower(c) <= 'z'; });
+    const bool isWord = std::ranges::all_of(prefix, isLetter);
     if (prefix.size() < 2 || !isWord) return std::string(line);
     return std::string(line.substr(0, start + 2)).append(line.substr(colon));
 }

@@ -1,6 +1,7 @@
 #include "app/documents/ModifiedStamp.h"
 
 #include "platform/Clock.h"
+#include "text/Ascii.h"
 #include "text/Unicode.h"
 
 namespace klt {
@@ -9,7 +10,7 @@ namespace {
 
 bool mayBeNoDate(std::string_view text) {
     constexpr size_t kLongestDate = 30;
-    if (text.find_first_not_of(" \t") == text.npos) return false;
+    if (trimBlanksAndTabs(text).empty()) return false;
     return countCharacters(text) > kLongestDate || text.find_first_of("0123456789") == text.npos;
 }
 
