@@ -154,7 +154,7 @@ void Editor::watch(frmKLTEditor& document) {
     copies.watch(box, [&document, &box]() -> std::optional<KeptAbout> {
         if (!document.Modified()) return std::nullopt;
         return KeptAbout{document.Caption(), document.Exists(),  document.encoding,
-                         box.SelStart(),     document.file.seen, document.hasLostText};
+                         box.SelStart(),     document.file.seen, document.isFileWanted};
     });
     connect(&document, &frmKLTEditor::modifiedSet, this, [this, &box](bool on) {
         if (on) {

@@ -17,7 +17,8 @@ struct KeptAbout {
     bool hasFile = false;
     Encoding encoding = Encoding::Any;
     Position caret = 0;
-    /// The version of the file that the text came from, if it came from one.
+    /// The version of the file that the text came from, if it came from one. Its hash holds for one build of
+    /// the program: a file that was touched is told as changed by another one.
     std::optional<FileVersion> seen = std::nullopt;
     /// The text lacks something that the file holds, which a save is to keep.
     bool isFileWanted = false;

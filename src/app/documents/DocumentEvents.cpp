@@ -65,7 +65,7 @@ void DocumentEvents::loaded(frmKLTEditor& document) {
         const NotificationMask mask(text);
         QCoreApplication::processEvents();
         highlighter_.SetDocumentFormat(text);
-        document.hasLostText = !document.isKeptText && stampModified(text);
+        document.isFileWanted = !document.isKeptText && stampModified(text);
         text.Select(0, 0);
         text.EmptyUndoBuffer();
     }

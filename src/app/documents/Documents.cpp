@@ -277,14 +277,18 @@ void Documents::NameFile(frmKLTEditor& document, const std::string& name) {
     mainWindow_().updateMenus();
 }
 
+/// None where the file system does not answer.
+std::optional<Documents::FoundFile> Documents::findFile(const std::string& path) {
+    return wait_.find<FoundFile>(path, [path] { return FoundFile{PathExists(path), linkTarget(path)}; });
+}
+
 /// Whether a save has to ask where to: without a file, and where a name that was given is taken by now.
 bool Documents::asksForFile(const frmKLTEditor& document) {
     if (!document.Exists()) return true;
     if (document.oldFile.empty()) return false;
     const std::string path = document.Caption();
-    const bool isTaken =
-        wait_.find<bool>(path, [path] { return PathExists(path) || linkTarget(path) != path; })
-            .value_or(true);
+    const auto file = findFile(path);
+    const bool isTaken = !file || file->exists || file->target != path;
     return isTaken || std::ranges::any_of(mainWindow_().forms().documents(), [&](const auto* other) {
                return other != &document && (other->Caption() == path || other->fileTarget == path);
            });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -84,7 +85,7 @@ private:
         /// The path without any link.
         std::string target;
     };
-    FoundFile findFile(const std::string& path);
+    std::optional<FoundFile> findFile(const std::string& path);
     void loadLeft(const LeftText& left, const std::string& text, frmKLTEditor*& document);
     frmKLTEditor& makeWindow();
     void show(frmKLTEditor& document);

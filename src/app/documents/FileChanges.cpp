@@ -151,8 +151,10 @@ void FileChanges::show(frmKLTEditor& document, const ReadText& read) {
     RichTextBox& box = *document.RichTextBox1;
     if (document.Modified()) dropKept(document);
     auto before = std::exchange(watched.before, {});
-    if (document.Modified())
-        before = {std::make_shared<const KeptText>(document), services_.copies.putAside(box).path};
+    if (document.Modified()) {
+        const auto kept = services_.copies.putAside(box);
+        before = {std::make_shared<const KeptText>(document), kept.error ? std::string() : kept.path};
+    }
     const TextView view(box);
     {
         const RaisedFlag loading(document.isLoading);
@@ -210,7 +212,7 @@ Failure FileChanges::write(frmKLTEditor& document, const std::string& path) {
     const auto text = std::make_shared<const std::string>(document.RichTextBox1->Text());
     KnownFile known = document.file;
     // A version that was not seen is kept.
-    if (document.hasLostText) known.seen.reset();
+    if (document.isFileWanted) known.seen.reset();
     const auto result =
         services_.wait.find<SavedText>(path, [path, text, point, encoding = document.encoding, known] {
             return saveText(path, *text, encoding, known, *point);
@@ -227,12 +229,12 @@ void FileChanges::saved(frmKLTEditor& document, const std::string& path, const S
     document.encoding = result.written.encoding;
     document.fileTarget = result.target;
     document.file = {result.written.version, std::nullopt};
-    const bool hasLostText = std::exchange(document.hasLostText, false) && path == document.Caption();
+    const bool isFileWanted = std::exchange(document.isFileWanted, false) && path == document.Caption();
     withdraw(watch(document).news);
     dropKept(document);
     if (!result.written.kept.empty())
         bar().tell("What stood in " + path +
-                   (hasLostText ? " before its date was changed" : " and was not read here") +
+                   (isFileWanted ? " before its date was changed" : " and was not read here") +
                    " is kept in " + result.written.kept);
     for (auto* other : services_.mainWindow().forms().documents())
         if (other != &document) look(*other);

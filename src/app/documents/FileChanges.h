@@ -8,7 +8,7 @@
 #include <string>
 
 #include "app/Mailbox.h"
-#include "app/documents/TextView.h"
+#include "app/documents/KeptText.h"
 #include "app/documents/frmKLTEditor.h"
 #include "app/window/NoticeBar.h"
 #include "platform/DocumentFile.h"

@@ -11,7 +11,6 @@
 #include "platform/FileCalls.h"
 #include "platform/FileReader.h"
 #include "platform/MemoryRoom.h"
-#include "platform/Paths.h"
 #include "platform/RecoveryFolder.h"
 
 namespace klt {
@@ -46,15 +45,6 @@ void Documents::OpenLeft(const LeftText& left) {
     mainWindow_().updateMenus();
 }
 
-/// Where the file system does not answer the file counts as gone.
-Documents::FoundFile Documents::findFile(const std::string& path) {
-    return wait_.find<FoundFile>(path,
-                                 [path] {
-                                     return FoundFile{PathExists(path), linkTarget(path)};
-                                 })
-        .value_or(FoundFile{false, path});
-}
-
 void Documents::loadLeft(const LeftText& left, const std::string& text, frmKLTEditor*& document) {
     const KeptAbout& about = left.about;
     document = &makeWindow();
@@ -65,12 +55,13 @@ void Documents::loadLeft(const LeftText& left, const std::string& text, frmKLTEd
         document->encoding = about.encoding;
         document->RichTextBox1->SetText(text);
     }
-    document->hasLostText = about.isFileWanted;
+    document->isFileWanted = about.isFileWanted;
     document->setModified(true);
     document->RichTextBox1->SetSelStart(about.caret);
     if (about.hasFile) {
         variables_.CurrentFilePath = about.name;
-        const auto file = findFile(about.name);
+        // Where the file system does not answer the file counts as gone.
+        const auto file = findFile(about.name).value_or(FoundFile{false, about.name});
         document->Label2->setEnabled(file.exists);
         changes_.opened(*document, {about.name, file.target, {{}, {about.seen, {}}}, {}});
         changes_.look(*document);

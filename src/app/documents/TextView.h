@@ -1,15 +1,8 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "text/Encoding.h"
 #include "text/TextArea.h"
 
 namespace klt {
-
-class RichTextBox;
-class frmKLTEditor;
 
 /// Where the user is in a text: selection and scroll, by lines, so that they can be found again in another
 /// version of it.
@@ -31,21 +24,6 @@ private:
     Place start_;
     Place end_;
     Position firstVisible_;
-};
-
-/// A document's text as it stood, colours included.
-class KeptText {
-public:
-    explicit KeptText(const frmKLTEditor& document);
-    /// Puts the text back, which counts as an edit. Throws `std::bad_alloc` with nothing changed.
-    void bringBackTo(frmKLTEditor& document) const;
-
-private:
-    std::string text_;
-    std::string styles_;
-    std::vector<TextRange> protected_;
-    Encoding encoding_;
-    TextView view_;
 };
 
 }  // namespace klt

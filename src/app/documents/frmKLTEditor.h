@@ -44,7 +44,7 @@ public:
     /// While true as well, what is loaded is a text that was kept: nothing in it is put right.
     bool isKeptText = false;
     /// The load put the day's date in place of what may have been no date: the next save keeps the file.
-    bool hasLostText = false;
+    bool isFileWanted = false;
     /// What is known of the file that it was read from or saved in, and its path without any link.
     KnownFile file;
     std::string fileTarget;

@@ -22,81 +22,73 @@ bool TextCopies::isLarge(const RichTextBox& box) const {
     return box.Length() > pace_.large;
 }
 
+TextCopies::Watched* TextCopies::find(const QObject* box) {
+    const auto place = watched_.find(box);
+    return place == watched_.end() ? nullptr : &place->second;
+}
+
 void TextCopies::watch(RichTextBox& box, Describe about) {
-    auto watched = std::make_shared<Watched>();
-    watched->box = &box;
-    watched->about = std::move(about);
-    watched->due = std::make_unique<QTimer>();
-    watched->due->setSingleShot(true);
-    connect(watched->due.get(), &QTimer::timeout, this,
-            [this, it = std::weak_ptr(watched)] { isDue(it.lock()); });
+    Watched& watched = watched_[&box];
+    watched.box = &box;
+    watched.about = std::move(about);
+    watched.due.setSingleShot(true);
+    connect(&watched.due, &QTimer::timeout, this, [this, &watched] { isDue(watched); });
     connect(&box, &RichTextBox::Change, this, [this, &box] { noteChange(box); });
     connect(&box, &QObject::destroyed, this, [this](const QObject* gone) { forget(gone); });
-    watched_[&box] = std::move(watched);
 }
 
 void TextCopies::noteChange(const RichTextBox& box) {
-    const auto place = watched_.find(&box);
-    if (place == watched_.end()) return;
-    Watched& watched = *place->second;
-    if (watched.edits++ == watched.held) watched.since = Clock::now();
+    Watched* const watched = find(&box);
+    if (!watched) return;
+    if (watched->edits++ == watched->held) watched->since = Clock::now();
     // A long text may have become a short one.
-    if (!watched.due->isActive() || (watched.due->remainingTimeAsDuration() > pace_.small && !isLarge(box)))
-        wait(watched);
+    const QTimer& due = watched->due;
+    if (!due.isActive() || (due.remainingTimeAsDuration() > pace_.small && !isLarge(box))) wait(*watched);
 }
 
 /// Lets the text wait until the first edit that is not held has waited long enough.
 void TextCopies::wait(Watched& watched) {
     const auto pace = isLarge(*watched.box) ? pace_.ofLarge : pace_.small;
     const auto waited = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - watched.since);
-    watched.due->start(std::max(pace - waited, std::chrono::milliseconds(0)));
+    watched.due.start(std::max(pace - waited, std::chrono::milliseconds(0)));
 }
 
-void TextCopies::isDue(const std::shared_ptr<Watched>& watched) {
-    if (!watched || watched->edits == watched->held) return;
-    // It comes again when what is under way is done.
-    if (isWriting(*watched) || isWaiting(*watched)) return;
-    Lane& lane = laneOf(*watched->box);
-    lane.waiting.push_back(watched);
+void TextCopies::isDue(Watched& watched) {
+    // What is under way is taken first, and the text waits again then.
+    if (!watched.hasNews() || watched.writer || watched.isWaiting) return;
+    Lane& lane = laneOf(*watched.box);
+    watched.isWaiting = true;
+    lane.waiting.push_back(watched.box);
     next(lane);
-}
-
-bool TextCopies::isWriting(const Watched& watched) const {
-    return std::ranges::any_of(lanes_,
-                               [&watched](const Lane& it) { return it.writing.lock().get() == &watched; });
-}
-
-bool TextCopies::isWaiting(const Watched& watched) const {
-    return std::ranges::any_of(lanes_, [&watched](const Lane& lane) {
-        return std::ranges::any_of(lane.waiting,
-                                   [&watched](const auto& it) { return it.lock().get() == &watched; });
-    });
 }
 
 void TextCopies::next(Lane& lane) {
     while (!lane.lane.isBusy() && !lane.waiting.empty()) {
-        const auto watched = lane.waiting.front().lock();
-        if (watched && watched->edits != watched->held && watched->about()) {
-            copy(lane, watched);
+        Watched* const watched = find(lane.waiting.front());
+        if (watched && watched->hasNews() && watched->about()) {
+            copy(lane, *watched);
             continue;
         }
         lane.waiting.pop_front();
-        if (watched && watched->edits != watched->held) drop(*watched->box);
+        if (!watched) continue;
+        watched->isWaiting = false;
+        if (watched->hasNews()) drop(*watched);
     }
 }
 
 /// Makes room first where there is not enough; the text then waits on.
-void TextCopies::copy(Lane& lane, const std::shared_ptr<Watched>& watched) {
-    const auto length = static_cast<size_t>(watched->box->Length());
+void TextCopies::copy(Lane& lane, Watched& watched) {
+    const auto length = static_cast<size_t>(watched.box->Length());
     look_.start();
     if (!lane.lane.hasRoomFor(length)) return lane.lane.makeRoom(length);
     lane.waiting.pop_front();
-    watched->box->CopyText(lane.lane.buffer());
-    watched->held = watched->edits;
-    lane.writing = watched;
-    lane.isWriting = true;
-    lane.earlier = watched->path;
-    lane.lane.write(length, [&folder = folder_, path = watched->path, about = *watched->about()](
+    watched.isWaiting = false;
+    watched.writer = &lane;
+    watched.box->CopyText(lane.lane.buffer());
+    watched.held = watched.edits;
+    lane.writing = watched.box;
+    lane.earlier = watched.path;
+    lane.lane.write(length, [&folder = folder_, path = watched.path, about = *watched.about()](
                                 std::string_view text) { return folder.keep(path, about, text); });
 }
 
@@ -112,24 +104,29 @@ void TextCopies::lookAtLanes() {
 /// Takes what the lane has written, or made room for.
 void TextCopies::finish(Lane& lane) {
     const auto kept = lane.lane.take();
-    const auto watched = std::exchange(lane.writing, {}).lock();
-    const bool wasWriting = std::exchange(lane.isWriting, false);
-    if (watched && kept) {
+    const QObject* const writing = std::exchange(lane.writing, nullptr);
+    Watched* watched = find(writing);
+    if (!kept) return;
+    if (watched && watched->writer == &lane) {
+        watched->writer = nullptr;
         took(*watched, *kept);
-    } else if (kept && wasWriting) {
-        // The text went meanwhile.
+    } else if (writing) {
+        // Nobody wants it any more.
         folder_.remove(kept->error ? lane.earlier : kept->path);
-    } else if (kept && !lane.waiting.empty()) {
+    } else if (!lane.waiting.empty()) {
         // There is no room for it: later there may be.
-        const auto first = lane.waiting.front().lock();
+        watched = find(lane.waiting.front());
         lane.waiting.pop_front();
-        if (first) took(*first, *kept);
+        if (!watched) return;
+        watched->isWaiting = false;
+        took(*watched, *kept);
     }
 }
 
 void TextCopies::finishAll() {
     for (Lane& lane : lanes_) {
-        lane.waiting.clear();
+        for (const auto* box : std::exchange(lane.waiting, {}))
+            if (Watched* const watched = find(box)) watched->isWaiting = false;
         if (lane.lane.isBusy()) finish(lane);
     }
 }
@@ -148,61 +145,49 @@ void TextCopies::took(Watched& watched, const RecoveryFolder::Kept& kept) {
     watched.path = kept.path;
     for (const auto& path : std::exchange(watched.replaced, {})) folder_.remove(path);
     folder_.remove(std::exchange(watched.left, {}));
-    if (watched.edits != watched.held) wait(watched);
+    if (watched.hasNews()) wait(watched);
 }
 
 void TextCopies::replaceCopy(const RichTextBox& box, const std::string& path) {
-    const auto place = watched_.find(&box);
-    if (place != watched_.end()) place->second->replaced.push_back(path);
+    if (Watched* const watched = find(&box)) watched->replaced.push_back(path);
 }
 
 void TextCopies::drop(const RichTextBox& box) {
-    const auto place = watched_.find(&box);
-    if (place == watched_.end()) return;
-    folder_.remove(std::exchange(place->second->left, {}));
-    forgetCopy(&box);
+    if (Watched* const watched = find(&box)) drop(*watched);
+}
+
+void TextCopies::drop(Watched& watched) {
+    folder_.remove(std::exchange(watched.left, {}));
+    forgetCopy(watched);
 }
 
 void TextCopies::giveUp(const RichTextBox& box) {
-    forgetCopy(&box);
+    if (Watched* const watched = find(&box)) forgetCopy(*watched);
 }
 
-/// The box is watched on as if it had no copy. Gives what was known of it.
-std::shared_ptr<TextCopies::Watched> TextCopies::renew(Place place) {
-    auto old = std::exchange(place->second, std::make_shared<Watched>());
-    Watched& fresh = *place->second;
-    fresh.box = old->box;
-    fresh.about = std::move(old->about);
-    fresh.left = std::move(old->left);
-    fresh.due = std::move(old->due);
-    fresh.due->stop();
-    fresh.due->disconnect(this);
-    connect(fresh.due.get(), &QTimer::timeout, this,
-            [this, it = std::weak_ptr(place->second)] { isDue(it.lock()); });
-    return old;
-}
-
-void TextCopies::forgetCopy(const QObject* box) {
-    const auto place = watched_.find(box);
-    if (place == watched_.end()) return;
-    // What is being written for it is taken away when it is done.
-    const auto old = renew(place);
-    if (!old->path.empty() && !isWriting(*old)) folder_.remove(old->path);
-    for (const auto& path : old->replaced) folder_.remove(path);
+/// The text is watched on as if it had no copy. What is being written for it goes when it is done.
+void TextCopies::forgetCopy(Watched& watched) {
+    const std::string path = std::exchange(watched.path, {});
+    if (!std::exchange(watched.writer, nullptr)) folder_.remove(path);
+    for (const auto& replaced : std::exchange(watched.replaced, {})) folder_.remove(replaced);
+    watched.held = watched.edits;
+    watched.due.stop();
 }
 
 void TextCopies::forget(const QObject* box) {
-    forgetCopy(box);
-    if (watched_.erase(box) == 0) return;
+    Watched* const watched = find(box);
+    if (!watched) return;
+    forgetCopy(*watched);
+    watched_.erase(box);
     Position longest = 0;
-    for (const auto& [other, it] : watched_) longest = std::max(longest, it->box->Length());
+    for (const auto& [other, it] : watched_) longest = std::max(longest, it.box->Length());
     for (Lane& lane : lanes_) lane.lane.trim(static_cast<size_t>(longest));
 }
 
 RecoveryFolder::Kept TextCopies::writeNow(Watched& watched) {
     const auto about = watched.about();
     if (!about) {
-        drop(*watched.box);
+        drop(watched);
         return {};
     }
     auto kept = folder_.keep(watched.path, *about, watched.box->Text());
@@ -214,31 +199,32 @@ RecoveryFolder::Kept TextCopies::writeNow(Watched& watched) {
 RecoveryFolder::Kept TextCopies::putAside(const RichTextBox& box) {
     for (Lane& lane : lanes_)
         if (lane.lane.isBusy()) finish(lane);
-    const auto place = watched_.find(&box);
-    if (place == watched_.end()) return {};
-    const auto watched = place->second;
+    Watched* const watched = find(&box);
+    if (!watched) return {};
     auto kept = writeNow(*watched);
-    if (!kept.error && !kept.path.empty()) renew(place);
+    if (!kept.error) {
+        // It is the caller's from now on.
+        watched->path.clear();
+        watched->due.stop();
+    }
     for (Lane& lane : lanes_) next(lane);
     return kept;
 }
 
 RecoveryFolder::Kept TextCopies::leave(const RichTextBox& box) {
     auto kept = putAside(box);
-    const auto place = watched_.find(&box);
-    if (place != watched_.end() && !kept.error) place->second->left = kept.path;
+    if (Watched* const watched = find(&box); watched && !kept.error) watched->left = kept.path;
     return kept;
 }
 
 void TextCopies::writeAll() {
     finishAll();
-    for (const auto& [box, watched] : std::map(watched_))
-        if (watched->edits != watched->held) writeNow(*watched);
+    for (auto& [box, watched] : watched_)
+        if (watched.hasNews()) writeNow(watched);
 }
 
 void TextCopies::leaveAll() {
     writeAll();
-    for (const auto& [box, watched] : watched_) watched->due->stop();
     watched_.clear();
 }
 

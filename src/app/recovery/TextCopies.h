@@ -8,7 +8,6 @@
 #include <deque>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -65,12 +64,14 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
+    struct Lane;
     struct Watched {
         const RichTextBox* box = nullptr;
         Describe about;
-        std::unique_ptr<QTimer> due;
+        QTimer due;
         /// Where its copy is; empty while there is none.
         std::string path;
+        /// What goes with the next copy.
         std::vector<std::string> replaced;
         /// A copy that outlives the box.
         std::string left;
@@ -79,31 +80,34 @@ private:
         unsigned long held = 0;
         /// The first edit that is not held.
         Clock::time_point since;
+        bool isWaiting = false;
+        /// Who writes for it; nobody any more once that copy is unwanted.
+        const Lane* writer = nullptr;
+
+        bool hasNews() const { return edits != held; }
     };
     struct Lane {
         CopyLane lane;
-        std::deque<std::weak_ptr<Watched>> waiting;
-        /// Whose text it writes, over which earlier copy.
-        std::weak_ptr<Watched> writing;
+        std::deque<const QObject*> waiting;
+        /// Whose text it writes; null while it writes none.
+        const QObject* writing = nullptr;
+        /// Over which earlier copy.
         std::string earlier;
-        bool isWriting = false;
     };
 
     bool isLarge(const RichTextBox& box) const;
     Lane& laneOf(const RichTextBox& box) { return lanes_[isLarge(box) ? 1 : 0]; }
-    bool isWriting(const Watched& watched) const;
-    bool isWaiting(const Watched& watched) const;
+    Watched* find(const QObject* box);
     void wait(Watched& watched);
-    void isDue(const std::shared_ptr<Watched>& watched);
+    void isDue(Watched& watched);
     void next(Lane& lane);
-    void copy(Lane& lane, const std::shared_ptr<Watched>& watched);
+    void copy(Lane& lane, Watched& watched);
     void finish(Lane& lane);
     void finishAll();
     void took(Watched& watched, const RecoveryFolder::Kept& kept);
     void lookAtLanes();
-    using Place = std::map<const QObject*, std::shared_ptr<Watched>>::iterator;
-    std::shared_ptr<Watched> renew(Place place);
-    void forgetCopy(const QObject* box);
+    void forgetCopy(Watched& watched);
+    void drop(Watched& watched);
     void forget(const QObject* box);
     RecoveryFolder::Kept writeNow(Watched& watched);
 
@@ -111,7 +115,7 @@ private:
     std::function<void(const std::string&)> tell_;
     Pace pace_;
     bool isTold_ = false;
-    std::map<const QObject*, std::shared_ptr<Watched>> watched_;
+    std::map<const QObject*, Watched> watched_;
     std::array<Lane, 2> lanes_;
     QTimer look_;
 };
