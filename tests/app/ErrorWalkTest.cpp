@@ -13,7 +13,21 @@
 namespace klt {
 namespace {
 
-using ErrorWalkTest = EditorFixture;
+class ErrorWalkTest : public EditorFixture {
+protected:
+    void openChecked(std::string_view text) {
+        openNew();
+        box().SetText(text);
+        check();
+    }
+    void check() {
+        runCommand(editor(), "T6");
+        activate(window());
+    }
+    QLabel* tip() { return box().findChild<QLabel*>("ErrorTip"); }
+    /// What a tip tells; empty where none is shown.
+    std::string told() { return tip() && tip()->isVisible() ? tip()->text().toStdString() : std::string(); }
+};
 
 TEST_F(ErrorWalkTest, WalksFromRunToRunAndStopsAtTheEnds) {
     constexpr Position kFar = 40'000;  // styles are read in smaller blocks
@@ -67,12 +81,8 @@ TEST_F(ErrorWalkTest, WalksFromRunToRunAndStopsAtTheEnds) {
 }
 
 TEST_F(ErrorWalkTest, ATipTellsWhyUntilTheNextKey) {
-    openNew();
+    openChecked("[ADS]\r\nSea Legs, 5, blah(H12)\r\nRope, 5x\r\n[FOO]");
     RichTextBox& text = box();
-    text.SetText("[ADS]\r\nSea Legs, 5, blah(H12)\r\nRope, 5x\r\n[FOO]");
-    runCommand(editor(), "T6");
-    activate(window());
-    const auto tip = [&] { return text.findChild<QLabel*>("ErrorTip"); };
     const std::string cost = reasonText(ErrorReason::BadCost, "5x");
     const std::pair<Qt::KeyboardModifiers, std::string> rows[] = {
         {{}, reasonText(ErrorReason::UnknownTag, "blah(")},
@@ -83,8 +93,7 @@ TEST_F(ErrorWalkTest, ATipTellsWhyUntilTheNextKey) {
     text.SetSelStart(0);
     for (const auto& [modifiers, reason] : rows) {
         key(Qt::Key_F8, modifiers);
-        ASSERT_TRUE(tip() && tip()->isVisible());
-        EXPECT_EQ(tip()->text().toStdString(), reason);
+        ASSERT_EQ(told(), reason);
         EXPECT_TRUE(tip()->isWindow());
         const auto bottom = text.SendScintilla(RichTextBox::SCI_POINTYFROMPOSITION, 0UL, text.SelStart()) +
                             text.SendScintilla(RichTextBox::SCI_TEXTHEIGHT, 0UL);
@@ -94,55 +103,43 @@ TEST_F(ErrorWalkTest, ATipTellsWhyUntilTheNextKey) {
     QMouseEvent move(QEvent::MouseMove, {1, 1}, text.viewport()->mapToGlobal(QPointF(1, 1)), Qt::NoButton, {},
                      {});
     QApplication::sendEvent(text.viewport(), &move);
-    EXPECT_TRUE(tip()->isVisible()) << "the mouse does not take it away";
+    EXPECT_EQ(told(), cost) << "the mouse does not take it away";
     key(Qt::Key_Left);
-    EXPECT_FALSE(tip()->isVisible());
+    EXPECT_EQ(told(), "");
 
     text.SetSelStart(text.SelStart() + 1);
     type("7");
     text.SetSelStart(0);
     for (int step = 0; step < 2; ++step) key(Qt::Key_F8);
-    EXPECT_EQ(tip()->text(), "Changed since the last check (Ctrl+K)");
-    runCommand(editor(), "T6");
-    activate(window());
+    EXPECT_EQ(told(), "Changed since the last check (Ctrl+K)");
+    check();
     text.SetSelStart(0);
     for (int step = 0; step < 2; ++step) key(Qt::Key_F8);
-    EXPECT_EQ(tip()->text().toStdString(), reasonText(ErrorReason::BadCost, "75x"));
+    EXPECT_EQ(told(), reasonText(ErrorReason::BadCost, "75x"));
 }
 
 TEST_F(ErrorWalkTest, WhereThereIsNoErrorATipSaysSo) {
-    openNew();
+    openChecked("[ADS]\r\nRope, 5");
     RichTextBox& text = box();
-    text.SetText("[ADS]\r\nRope, 5");
-    runCommand(editor(), "T6");
-    activate(window());
-    const auto tip = [&] {
-        const auto* label = text.findChild<QLabel*>("ErrorTip");
-        return label && label->isVisible() ? label->text() : QString();
-    };
     for (const auto modifiers : {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(kShift)}) {
         key(Qt::Key_F8, modifiers);
-        EXPECT_EQ(tip(), "No errors");
+        EXPECT_EQ(told(), "No errors");
         key(Qt::Key_Home);
-        EXPECT_EQ(tip(), "");
+        EXPECT_EQ(told(), "");
     }
     text.ColourRun(7, 11, static_cast<StyleByte>(StyleCategory::SyntaxError));
     text.SetSelStart(8);
     key(Qt::Key_F8);
-    EXPECT_EQ(tip(), "No errors below");
+    EXPECT_EQ(told(), "No errors below");
     text.SetSelStart(7);
     key(Qt::Key_F8, kShift);
-    EXPECT_EQ(tip(), "No errors above");
+    EXPECT_EQ(told(), "No errors above");
 }
 
 TEST_F(ErrorWalkTest, TheFirstKeyThatAProtectedLineRefusesTellsWhy) {
     openNew();
-    runCommand(editor(), "T6");
-    activate(window());
-    const auto isTold = [&] {
-        const auto* label = box().findChild<QLabel*>("ErrorTip");
-        return label && label->isVisible() && label->text() == "The version line can't be changed";
-    };
+    check();
+    const auto isTold = [&] { return told() == "The version line can't be changed"; };
     const struct {
         Qt::Key key;
         bool isTold;
@@ -161,11 +158,8 @@ TEST_F(ErrorWalkTest, TheFirstKeyThatAProtectedLineRefusesTellsWhy) {
 }
 
 TEST_F(ErrorWalkTest, FindsAWrongLineThatUndoOrRedoBroughtBack) {
-    openNew();
+    openChecked("[ADS]\r\nSea Legs, 5\r\nRope, 5x\r\nEar, 5\r\n");
     RichTextBox& text = box();
-    text.SetText("[ADS]\r\nSea Legs, 5\r\nRope, 5x\r\nEar, 5\r\n");
-    runCommand(editor(), "T6");
-    activate(window());
     const std::string styles = text.Styles();
     const auto wrong = text.Text().find("Rope");
     const auto expectFound = [&](const char* what) {
@@ -197,11 +191,9 @@ TEST_F(ErrorWalkTest, FindsAWrongLineThatUndoOrRedoBroughtBack) {
 }
 
 TEST_F(ErrorWalkTest, EveryReasonIsKeptHoweverManyThereAre) {
-    openNew();
     std::string lines = "[ADS]\r\n";
     for (int line = 0; line < 50'000; ++line) lines += "Rope, 5x\r\n";
-    box().SetText(lines);
-    runCommand(editor(), "T6");
+    openChecked(lines);
     for (Position place = 14; place < box().Length(); place += 10)
         ASSERT_EQ(box().errorAt(place), "not a cost: 5x") << place;
 }
